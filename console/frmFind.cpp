@@ -1,0 +1,191 @@
+// The console's shell: its controls, start-up, help, web site, abort, close and drive change.
+#include "console/frmFind.h"
+
+#include <cmath>
+
+#include "platform/Platform.h"
+
+using controls::Start;
+
+namespace {
+
+constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
+
+}  // namespace
+
+frmFind::frmFind()
+    : Form("Velmatrix Scrubhaven Pro 1.32"),
+      Picture1(*this, "Picture1", Start{.toolTip = "Visit Velmatrix on the Web"}),
+
+      cmdZero(*this, "cmdZero", Start{.caption = "Find 0 Byte Files", .toolTip = "Find 0 byte (empty) Files"}),
+      cmdFurnace(*this, "cmdFurnace", Start{.caption = "Shredder", .toolTip = "Open the Scrubhaven Pro Shredder"}),
+      Del_Temps(*this, "Del_Temps",
+                Start{.caption = "Delete Temps", .toolTip = "Deletes ALL Temporary Files in the Windows Temp Folders"}),
+      Del_Cache(*this, "Del_Cache",
+                Start{.caption = "IE Cache/Cookies", .toolTip = "Clean Internet Explorer Temporary Files"}),
+      Del_History(*this, "Del_History",
+                  Start{.caption = "Clear IE History", .toolTip = "Clear Internet Explorer Visited Page History"}),
+      Del_Recent(*this, "Del_Recent",
+                 Start{.caption = "Clear Recent Docs", .toolTip = "Clear Recently Used Documents List"}),
+      Del_Recycle(*this, "Del_Recycle",
+                  Start{.caption = "Empty Recycle Bin", .toolTip = "Empty the Windows Recycle Bin"}),
+      cmdMRU(*this, "cmdMRU",
+             Start{.caption = "Clear Typed URLs", .toolTip = "Clear Internet Explorer Typed URL List"}),
+      cmdLists(*this, "cmdLists",
+               Start{.caption = "Clean MRU Lists", .toolTip = "Cleans MRU Lists of Common Programs"}),
+      cmdIndex(*this, "cmdIndex",
+               Start{.caption = "Wipe Index Files", .toolTip = "Delete index.dat Files on Next Restart"}),
+      cmdPrefetch(*this, "cmdPrefetch",
+                  Start{.caption = "Clear Prefetch", .toolTip = "Clears the Windows Prefetch Folder"}),
+      cmdSwap(*this, "cmdSwap",
+              Start{.caption = "Clear Swap File", .toolTip = "Toggle Clear Windows Pagefile on Shutdown"}),
+      cmdSysrestore(*this, "cmdSysrestore",
+                    Start{.caption = "System Restore", .toolTip = "Toggle Enable/Disable System Restore"}),
+      cmdHelp(*this, "cmdHelp", Start{.caption = "Help", .toolTip = "Scrubhaven Pro Help"}),
+      cmdExit(*this, "cmdExit", Start{.caption = "Close", .toolTip = "Close Scrubhaven Pro"}),
+
+      Label4(*this, "Label4", Start{.caption = "Select Drive to Scan"}),
+      Drive1(*this, "Drive1", Start{.toolTip = "Choose a drive to scan (local or network)"}),
+      Label1(*this, "Label1", Start{.caption = "Start In"}),
+      Dir1(*this, "Dir1", Start{.toolTip = "Choose a folder to scan"}),
+      Scan(*this, "Scan", Start{.toolTip = "Scan Selected Drive and Folders"}, controls::Picture::kMagnifier),
+      cmdAbort(*this, "cmdAbort", Start{.caption = "Abort Scan", .visible = false}),
+
+      Frame1(*this, "Frame1", Start{.caption = "File Types"}),
+      Specials(Frame1, "Specials", Start{.caption = "Special Files"}),
+      Select_Check(Frame1, "Select_Check",
+                   Start{.caption = "Select All", .toolTip = "Toggle Select All or Clear All checkboxes"}),
+      Invert(Frame1, "Invert", Start{.toolTip = "Inverts Current Selection(s)"}, controls::Picture::kInvert),
+      cmdChoose(Frame1, "cmdChoose", Start{.caption = "Custom Ext.", .toolTip = "Choose Custom File Extensions"}),
+
+      Frame2(*this, "Frame2", Start{.caption = "Scan results"}),
+      ListView1(Frame2, "ListView1", Start{.toolTip = "Scan results"},
+                {{.title = "File Path and Name", .share = 6}, {.title = "Size", .share = 1, .rightAligned = true}}),
+      ListView2(Frame2, "ListView2", Start{.visible = false}, {{.title = "File Path and Name"}}),
+      lvCache(Frame2, "lvCache", Start{.visible = false},
+              {{.title = "File Name", .share = 3},
+               {.title = "Source URL", .share = 3},
+               {.title = "Expires", .share = 1},
+               {.title = "Last Access", .share = 1}}),
+
+      lblJunkCommands(Frame2, "lblJunkCommands", Start{.caption = "Junk files:"}),
+      Select_All(Frame2, "Select_All",
+                 Start{.caption = "Select All", .toolTip = "Select or clear all items", .enabled = false}),
+      cmdInvert(Frame2, "cmdInvert", Start{.caption = "Invert", .toolTip = "Invert Selection", .enabled = false}),
+      Delete(Frame2, "Delete", Start{.caption = "Delete Files", .toolTip = "Delete selected items", .enabled = false}),
+      optRecycle(Frame2, "optRecycle",
+                 Start{.caption = "Delete to Recycle Bin",
+                       .toolTip = "Checked = deletes to recycle bin - unchecked bypasses recycle bin",
+                       .enabled = false},
+                 true),
+      optWipe(
+          Frame2, "optWipe",
+          Start{
+              .caption = "Shred Files?", .toolTip = "Check to send selected files to the shredder", .enabled = false}),
+
+      lblZeroCommands(Frame2, "lblZeroCommands", Start{.caption = "0 byte files:"}),
+      cmdSelectAll(Frame2, "cmdSelectAll", Start{.caption = "Select All", .toolTip = "Select All Listed Files"}),
+      cmdZeroInvert(Frame2, "cmdZeroInvert", Start{.caption = "Invert"}),
+      cmdZeroDelete(Frame2, "cmdZeroDelete", Start{.caption = "Delete", .toolTip = "Delete Selected Files"}),
+
+      lblCacheCommands(Frame2, "lblCacheCommands", Start{.caption = "Internet cache:"}),
+      cmdSelect(Frame2, "cmdSelect",
+                Start{.caption = "Select All", .toolTip = "Select or clear all items", .enabled = false}),
+      cmdCacheInvert(Frame2, "cmdCacheInvert",
+                     Start{.caption = "Invert", .toolTip = "Scan selected drive and folders", .enabled = false}),
+      cmdCleanCache(Frame2, "cmdCleanCache",
+                    Start{.caption = "Clean", .toolTip = "Delete selected cache items", .enabled = false}),
+      cmdCacheAbort(Frame2, "cmdCacheAbort", Start{.caption = "Abort"}),
+
+      Frame3(*this, "Frame3", Start{.caption = "Scan Results"}),
+      Label6(Frame3, "Label6", Start{.visible = false}),
+      lblStatus(Frame3, "lblStatus", Start{.visible = false}),
+      lblFile(Frame3, "lblFile", Start{.visible = false}) {
+  makeFileTypeBoxes();
+  setMnemonics();
+  // Esc stops a scan; there is no default button, because most buttons here destroy something.
+  setCancelButton(cmdAbort);
+  bindShell();
+  bindJunkScan();
+}
+
+void frmFind::bindShell() {
+  bindTool(cmdHelp, &frmFind::cmdHelp_Click);
+  Picture1.onClick = [this] { Picture1_Click(); };
+  cmdExit.onClick = [this] { cmdExit_Click(); };
+  cmdAbort.onClick = [this] { requestAbort(); };
+  // During a scan the hourglass shows; over the abort button the arrow tells that a click is welcome.
+  cmdAbort.onPointerEnters = [] { platform::machine().ui().setPointer(platform::Pointer::kDefault); };
+  cmdCacheAbort.onClick = [this] { requestAbort(); };
+  Drive1.onChange = [this] { Drive1_Change(); };
+  Dir1.onFailure = [](const platform::RuntimeError& error) { reportUnhandled(error); };
+}
+
+void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
+  button.onClick = [this, handler] {
+    if (toolRuns_) return;
+    toolRuns_ = true;
+    (this->*handler)();
+    toolRuns_ = false;
+  };
+}
+
+void frmFind::formLoad() {
+  // The program starts wherever it was called from; the folder list always starts at the drive's root.
+  const platform::Result<void> shown = Dir1.setPath("C:\\");
+  if (!shown) reportUnhandled(shown.error());
+}
+
+void frmFind::gotFocus() { refresh(); }
+
+// The title bar's close button is Close, at any time.
+void frmFind::closeRequested() { cmdExit_Click(); }
+
+void frmFind::Drive1_Change() {
+  const platform::Result<void> shown = Dir1.setPath(Drive1.drive());
+  if (!shown) return reportUnhandled(shown.error());
+  // Only a text in capitals and without a label starts at the root; every other one stays in the drive's current
+  // folder.
+  if (Drive1.drive() != "C:") return;
+  const platform::Result<void> root = Dir1.setPath("C:\\");
+  if (!root) reportUnhandled(root.error());
+}
+
+void frmFind::cmdHelp_Click() {
+  const std::string folder = platform::machine().environment().programFolder();
+  CommonDialog1.helpFile = folder + "\\scrubhaven.hlp";
+  RunShellExecute("Open", folder + "\\scrubhaven.chm", 0, 0, 1);
+}
+
+void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }
+
+void frmFind::cmdExit_Click() { platform::machine().ui().end(); }
+
+void frmFind::requestAbort() { AbortRequested = true; }
+
+void frmFind::RunShellExecute(const std::string& sTopic, const platform::Variant& sFile,
+                              const platform::Variant& sParams, const platform::Variant& sDirectory,
+                              std::int32_t nShowCmd) {
+  platform::machine().shell().execute({.owner = platform::ShellOwner::kDesktopWindow,
+                                       .verb = sTopic,
+                                       .file = platform::textOf(sFile),
+                                       .parameters = platform::textOf(sParams),
+                                       .folder = platform::textOf(sDirectory),
+                                       .showCommand = nShowCmd});
+}
+
+void frmFind::setCommandsEnabled(bool enabled) {
+  controls::FlatButton* const commands[] = {&cmdHelp,       &cmdFurnace,  &cmdExit,     &Del_Temps,   &Del_Cache,
+                                            &Del_Recent,    &Del_History, &Del_Recycle, &cmdLists,    &cmdSwap,
+                                            &cmdSysrestore, &cmdIndex,    &cmdZero,     &cmdPrefetch, &cmdMRU,
+                                            &Select_Check,  &Invert,      &cmdChoose};
+  for (controls::FlatButton* command : commands) command->setEnabled(enabled);
+  Specials.setEnabled(enabled);
+  Frame1.setEnabled(enabled);
+  for (controls::CheckBox& box : Check) box.setEnabled(enabled);
+}
+
+std::int32_t frmFind::secondsSince(std::uint32_t startTick) {
+  const std::uint32_t elapsed = platform::machine().environment().getTickCount() - startTick;
+  return platform::roundedHalfEven(elapsed / 1000.0);
+}

@@ -1,0 +1,217 @@
+// The main console: the program's first window, with a button for every tool. One class; the methods of each tool live
+// in the folder of that tool.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/CheckBox.h"
+#include "controls/ControlArray.h"
+#include "controls/DirList.h"
+#include "controls/DriveList.h"
+#include "controls/FlatButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ListView.h"
+#include "controls/PictureBox.h"
+#include "platform/Conversions.h"
+#include "platform/FileSystem.h"
+
+inline constexpr std::size_t kFileTypes = 20;
+inline constexpr std::size_t kCustomExtensions = 5;
+inline constexpr std::size_t kScanPatterns = kFileTypes + kCustomExtensions;
+
+// The search patterns of one junk scan, such as "*.bak". Entry i below kFileTypes belongs to file-type box i, the later
+// ones to the custom extensions. An unused entry is empty.
+using ScanPatternList = std::array<std::string, kScanPatterns>;
+
+class frmFind final : public controls::Form {
+ public:
+  frmFind();
+
+  controls::Box layout() override;
+  void gotFocus() override;
+  void closeRequested() override;
+
+  // ---- Shared state ------------------------------------------------------------------------------------------------
+
+  // Asks the running scan to stop. Both abort buttons set it; the scans take it back.
+  bool AbortRequested = false;
+  // The user's own file types, without the dot. They live as long as the console.
+  std::array<std::string, kCustomExtensions> CustomExtensions;
+  // The help dialog's only used property.
+  struct {
+    std::string helpFile;
+  } CommonDialog1;
+
+  // ---- Controls ----------------------------------------------------------------------------------------------------
+
+  controls::PictureBox Picture1;
+
+  controls::FlatButton cmdZero;
+  controls::FlatButton cmdFurnace;
+  controls::FlatButton Del_Temps;
+  controls::FlatButton Del_Cache;
+  controls::FlatButton Del_History;
+  controls::FlatButton Del_Recent;
+  controls::FlatButton Del_Recycle;
+  controls::FlatButton cmdMRU;
+  controls::FlatButton cmdLists;
+  controls::FlatButton cmdIndex;
+  controls::FlatButton cmdPrefetch;
+  controls::FlatButton cmdSwap;
+  controls::FlatButton cmdSysrestore;
+  controls::FlatButton cmdHelp;
+  controls::FlatButton cmdExit;
+
+  controls::Label Label4;
+  controls::DriveList Drive1;
+  controls::Label Label1;
+  controls::DirList Dir1;
+  controls::FlatButton Scan;
+  controls::FlatButton cmdAbort;
+
+  controls::Frame Frame1;
+  controls::Frame Specials;
+  controls::ControlArray<controls::CheckBox> Check;
+  controls::FlatButton Select_Check;
+  controls::FlatButton Invert;
+  controls::FlatButton cmdChoose;
+
+  controls::Frame Frame2;
+  controls::ListView ListView1;
+  controls::ListView ListView2;
+  controls::ListView lvCache;
+
+  controls::Label lblJunkCommands;
+  controls::FlatButton Select_All;
+  controls::FlatButton cmdInvert;
+  controls::FlatButton Delete;
+  controls::CheckBox optRecycle;
+  controls::CheckBox optWipe;
+
+  controls::Label lblZeroCommands;
+  controls::FlatButton cmdSelectAll;
+  controls::FlatButton cmdZeroInvert;
+  controls::FlatButton cmdZeroDelete;
+
+  controls::Label lblCacheCommands;
+  controls::FlatButton cmdSelect;
+  controls::FlatButton cmdCacheInvert;
+  controls::FlatButton cmdCleanCache;
+  controls::FlatButton cmdCacheAbort;
+
+  controls::Frame Frame3;
+  controls::Label Label6;
+  controls::Label lblStatus;
+  controls::Label lblFile;
+
+  // ---- Public services ---------------------------------------------------------------------------------------------
+
+  // Has the shell carry out the verb `sTopic` on `sFile` on behalf of the desktop window. Numbers among the arguments
+  // reach the shell as their text. The shell's answer is not looked at. ShellExecuteA, GetDesktopWindow.
+  void RunShellExecute(const std::string& sTopic, const platform::Variant& sFile, const platform::Variant& sParams,
+                       const platform::Variant& sDirectory, std::int32_t nShowCmd);
+
+  // Walks the tree below `path` (a closing backslash is added when it lacks one) and lists every file that answers to
+  // one of `patterns` in ListView1, a folder's files before those of its subfolders. `FileCount` and `DirCount` grow by
+  // what was listed and entered; `lastLen` is left at the length in bytes of the last file seen. Gives the sum of the
+  // sizes, in which files of 2 GB and more count wrongly. Leaves early when AbortRequested is set.
+  // FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+  std::int64_t FindFilesAPI(std::string& path, const ScanPatternList& patterns, std::int32_t& FileCount,
+                            std::int32_t& DirCount, std::int32_t& lastLen);
+
+  // Whether a folder of that path exists. File objects' FolderExists.
+  bool IsFolder(const std::string& path);
+
+  // Whether another program holds the file at `path` open; false when there is no such file. CreateFileA.
+  bool FileIsOpen1(const std::string& path);
+  // The same, and tells the user so.
+  bool FileIsOpen(const std::string& path);
+
+  // Deletes one file through the shell with the flags of a shell file operation (16 bits are used). Appends a NUL to
+  // `path`. The shell's answer is not looked at. SHFileOperationA.
+  void ShellDeleteOne(std::string& path, std::int32_t flags);
+
+  // Overwrites the first 200 bytes of the file at `path` in place and removes it, once for every row of ListView1: with
+  // more than one row the second round finds the file gone and fails with 53. Read-only files and files in use are
+  // left alone without failure. A file that cannot be opened for writing is never removed.
+  platform::Result<void> DeleteFile(const std::string& path);
+
+ protected:
+  void formLoad() override;
+
+ private:
+  using Handler = void (frmFind::*)();
+
+  // ---- Console shell -----------------------------------------------------------------------------------------------
+
+  void makeFileTypeBoxes();
+  void bindShell();
+  void bindJunkScan();
+  // Binds a tool's handler to its button. One tool at a time: a click that comes while another tool's handler runs is
+  // dropped.
+  void bindTool(controls::FlatButton& button, Handler handler);
+  void setMnemonics();
+
+  void cmdHelp_Click();
+  void Picture1_Click();
+  void cmdExit_Click();
+  void requestAbort();
+  void Drive1_Change();
+
+  // Switches everything that no scan leaves usable: the tool buttons, the file types and their frames.
+  void setCommandsEnabled(bool enabled);
+  // Whole seconds since the tick count was `startTick`, halves to the even one.
+  static std::int32_t secondsSince(std::uint32_t startTick);
+
+  // ---- Junk scan ---------------------------------------------------------------------------------------------------
+
+  void Scan_Click();
+  void prepareScan();
+  void enterScan();
+  void leaveScan();
+  void reportAbortedScan(std::int32_t fileCount, std::uint32_t startTick);
+  void reportFinishedScan(std::int32_t fileCount, std::uint32_t startTick);
+  void showResultLine(std::int32_t fileCount, std::uint32_t startTick);
+  bool anyTypeChosen() const;
+  ScanPatternList scanPatterns() const;
+  void Check_Click();
+  void Select_Check_Click();
+  void Invert_Click();
+  void Select_All_Click();
+  void cmdInvert_Click();
+  void cmdChoose_Click();
+  void ListView1_ItemCheck();
+  void ListView1_ItemClick();
+  void setDeletionChoiceEnabled(bool enabled);
+  void setDeletionChoiceVisible(bool visible);
+
+  // The numbers of one FindFilesAPI call that one file leaves to the next.
+  struct SizeText {
+    std::int32_t number = 0;
+    const char* unit = "";
+    void update(std::int32_t length);
+  };
+  // Under which rows are compared: without outer blanks, in capitals.
+  static std::string rowKey(std::string_view text);
+  std::vector<std::string> subfoldersToSearch(const std::string& folder, std::int32_t& DirCount);
+  std::int64_t listMatches(const std::string& folder, const std::string& pattern, std::int32_t& FileCount,
+                           std::int32_t& lastLen, SizeText& size, std::string& lastName);
+
+  // ---- Deleting found files ----------------------------------------------------------------------------------------
+
+  void Delete_Click();
+  void optRecycle_Click();
+  void optWipe_Click();
+  void deleteThroughShell();
+  void deleteRowThroughShell(const std::string& path);
+  void wipeTickedRows();
+
+  bool toolRuns_ = false;
+};

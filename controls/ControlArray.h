@@ -1,0 +1,31 @@
+// A row of like controls addressed by index, such as the file-type boxes.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+
+namespace controls {
+
+template <typename C>
+class ControlArray {
+ public:
+  // Makes the next control from its constructor arguments.
+  template <typename... Arguments>
+  C& add(Arguments&&... arguments) {
+    return items_.emplace_back(std::forward<Arguments>(arguments)...);
+  }
+
+  C& operator[](std::size_t index) { return items_[index]; }
+  const C& operator[](std::size_t index) const { return items_[index]; }
+  std::size_t size() const { return items_.size(); }
+
+  auto begin() { return items_.begin(); }
+  auto end() { return items_.end(); }
+  auto begin() const { return items_.begin(); }
+  auto end() const { return items_.end(); }
+
+ private:
+  std::deque<C> items_;  // a deque never moves what it holds: controls are known by address
+};
+
+}  // namespace controls

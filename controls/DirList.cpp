@@ -1,0 +1,80 @@
+#include "controls/DirList.h"
+
+#include <utility>
+
+#include "platform/Platform.h"
+
+namespace controls {
+namespace {
+
+// Whether `text` is a drive as a drive list shows it: a letter, a colon, and at most a label behind them.
+bool isDriveText(const std::string& text) {
+  return text.size() >= 2 && text[1] == ':' && (text.size() == 2 || text[2] == ' ');
+}
+
+std::string joined(const std::string& folder, const std::string& name) {
+  return folder.back() == '\\' ? folder + name : folder + '\\' + name;
+}
+
+// Where the root of `path` ends: behind "X:\", or behind "\\server\share".
+std::size_t rootLength(const std::string& path) {
+  if (path.size() >= 2 && path[1] == ':') return std::min<std::size_t>(3, path.size());
+  const std::size_t share = path.find('\\', 2);
+  if (share == std::string::npos) return path.size();
+  return std::min(path.find('\\', share + 1), path.size());
+}
+
+std::string withoutClosingBackslash(std::string path) {
+  while (path.size() > rootLength(path) && path.back() == '\\') path.pop_back();
+  return path;
+}
+
+// The lines from the root down to `path` itself.
+std::vector<DirEntry> ancestors(const std::string& path) {
+  std::size_t end = rootLength(path);
+  std::string soFar = path.substr(0, end);
+  std::vector<DirEntry> lines{DirEntry{soFar, soFar, 0}};
+  while (end < path.size()) {
+    if (path[end] == '\\') ++end;
+    const std::size_t next = std::min(path.find('\\', end), path.size());
+    const std::string name = path.substr(end, next - end);
+    soFar = joined(soFar, name);
+    lines.push_back(DirEntry{name, soFar, static_cast<int>(lines.size())});
+    end = next;
+  }
+  return lines;
+}
+
+}  // namespace
+
+platform::Result<void> DirList::setPath(const std::string& path) {
+  platform::FileSystem& files = platform::machine().files();
+  std::string folder = path;
+  if (isDriveText(path)) {
+    const platform::Result<std::string> onDrive = files.currentFolderOf(path[0]);
+    if (!onDrive) return std::unexpected(onDrive.error());
+    folder = *onDrive;
+  }
+  folder = withoutClosingBackslash(std::move(folder));
+  const platform::Result<std::vector<std::string>> names = files.subfolders(folder);
+  if (!names) return std::unexpected(names.error());
+
+  const bool moved = folder != path_;
+  path_ = folder;
+  entries_ = ancestors(folder);
+  current_ = entries_.size() - 1;
+  const int depth = static_cast<int>(entries_.size());
+  for (const std::string& name : *names) entries_.push_back(DirEntry{name, joined(folder, name), depth});
+  notify(Change::kValue);
+  if (moved && onChange) onChange();
+  return {};
+}
+
+void DirList::open(std::size_t index) {
+  if (!acceptsInput() || index >= entries_.size()) return;
+  const std::string target = entries_[index].path;
+  const platform::Result<void> opened = setPath(target);
+  if (!opened && onFailure) onFailure(opened.error());
+}
+
+}  // namespace controls

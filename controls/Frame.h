@@ -1,0 +1,14 @@
+// A captioned frame around other controls.
+#pragma once
+
+#include "controls/Control.h"
+
+namespace controls {
+
+class Frame final : public Control {
+ public:
+  Frame(Parent parent, std::string name, Start start)
+      : Control(parent, Kind::kFrame, std::move(name), std::move(start)) {}
+};
+
+}  // namespace controls

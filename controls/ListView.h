@@ -1,0 +1,83 @@
+// A report list with check boxes. It counts its ticked rows and can tell whether a text is among its rows without
+// walking them.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/Control.h"
+#include "controls/RowStore.h"
+
+namespace controls {
+
+struct Column {
+  std::string title;
+  int share = 1;  // of the list's width, beside the other columns
+  bool rightAligned = false;
+};
+
+class ListView final : public Control {
+ public:
+  ListView(Parent parent, std::string name, Start start, std::vector<Column> columns, bool checkBoxes = true)
+      : Control(parent, Kind::kListView, std::move(name), std::move(start)),
+        columns_(std::move(columns)),
+        checkBoxes_(checkBoxes) {}
+
+  // A row's tick has changed, by the user or by code, or ticked rows have left the list. Raised before the call that
+  // caused it returns.
+  Event onItemCheck;
+  // The user has clicked a row; it is the selected one.
+  Event onItemClick;
+
+  const std::vector<Column>& columns() const { return columns_; }
+  bool checkBoxes() const { return checkBoxes_; }
+
+  // All indices are 0-based and below rowCount().
+  std::size_t rowCount() const { return rows_.size(); }
+  bool empty() const { return rows_.size() == 0; }
+  const Row& row(std::size_t index) const { return rows_.at(index); }
+  const std::string& text(std::size_t index) const { return rows_.at(index).text; }
+  bool ticked(std::size_t index) const { return rows_.at(index).ticked; }
+  std::size_t tickedCount() const { return tickedCount_; }
+
+  // Adds a row at the end.
+  void add(std::string text, std::vector<std::string> subItems = {});
+  void add(Row row);
+  void remove(std::size_t index);
+  void clear();
+  void setTicked(std::size_t index, bool ticked);
+
+  // The selected row, if any. Selecting a row that is not there takes the selection away.
+  std::optional<std::size_t> selected() const { return selected_; }
+  void select(std::optional<std::size_t> index);
+
+  // What a person does: flips a row's tick; clicks a row. Nothing happens while the list takes no input.
+  void clickTick(std::size_t index);
+  void clickRow(std::size_t index);
+
+  // Files rows under `keyOf(text)` from now on, so that `containsKey` knows without walking whether a row with a key
+  // is listed. To be called while the list is empty.
+  void indexBy(std::function<std::string(std::string_view)> keyOf) { keyOf_ = std::move(keyOf); }
+  bool containsKey(const std::string& key) const { return keys_.contains(key); }
+
+ private:
+  void forget(const Row& row);
+  void raiseItemCheck() {
+    if (onItemCheck) onItemCheck();
+  }
+
+  std::vector<Column> columns_;
+  bool checkBoxes_;
+  RowStore rows_;
+  std::size_t tickedCount_ = 0;
+  std::optional<std::size_t> selected_;
+  std::function<std::string(std::string_view)> keyOf_;
+  std::unordered_map<std::string, std::size_t> keys_;  // key to number of rows
+};
+
+}  // namespace controls

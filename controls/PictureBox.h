@@ -1,0 +1,20 @@
+// A picture that can be clicked.
+#pragma once
+
+#include "controls/Control.h"
+
+namespace controls {
+
+class PictureBox final : public Control {
+ public:
+  PictureBox(Parent parent, std::string name, Start start)
+      : Control(parent, Kind::kPicture, std::move(name), std::move(start)) {}
+
+  Event onClick;
+
+  void click() {
+    if (acceptsInput() && onClick) onClick();
+  }
+};
+
+}  // namespace controls

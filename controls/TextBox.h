@@ -1,0 +1,30 @@
+// A one-line text box.
+#pragma once
+
+#include "controls/Control.h"
+
+namespace controls {
+
+class TextBox final : public Control {
+ public:
+  TextBox(Parent parent, std::string name, Start start = {})
+      : Control(parent, Kind::kTextBox, std::move(name), std::move(start)) {}
+
+  const std::string& text() const { return text_; }
+
+  void setText(std::string text) {
+    if (text_ == text) return;
+    text_ = std::move(text);
+    notify(Change::kValue);
+  }
+
+  // What a person's typing leaves in the box; nothing changes while it takes no input.
+  void type(std::string text) {
+    if (acceptsInput()) setText(std::move(text));
+  }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace controls

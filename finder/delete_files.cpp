@@ -1,0 +1,210 @@
+// Deleting what the junk scan has found: through the shell, or by wiping; and the deletion services that other
+// cleaners share.
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "console/frmFind.h"
+#include "platform/Platform.h"
+
+using controls::messageBox;
+using platform::Answer;
+
+namespace {
+
+// Every attribute but "folder".
+constexpr std::uint32_t kAnyFile = 39;
+// The word that the in-use test hands to CreateFileA: all the attributes a file may have.
+constexpr std::uint32_t kInUseTestFlags = 167;
+
+constexpr std::int32_t kToRecycleBin = platform::kNoConfirmation | platform::kAllowUndo;
+constexpr std::int32_t kForGood = platform::kNoConfirmation;
+
+constexpr int kWipeFileNumber = 1;
+constexpr int kWritesPerValue = 10;
+constexpr std::array<unsigned char, 20> kWipeValues = {0x55, 0xAA, 0x4A, 0x63, 0x47, 0x5C, 0x65, 0x70, 0x01, 0x3D,
+                                                       0x61, 0x77, 0x56, 0x4F, 0x6D, 0x48, 0x5A, 0x00, 0xFF, 0xD4};
+
+constexpr std::uint32_t kReadOnlyArchive = platform::kReadOnly | platform::kArchive;
+
+// Only these two count as read-only when the user is asked; a hidden read-only file does not.
+bool asksBeforeDeleting(std::uint32_t attributes) {
+  return attributes == platform::kReadOnly || attributes == kReadOnlyArchive;
+}
+
+bool isNeverOverwritten(std::uint32_t attributes) {
+  return asksBeforeDeleting(attributes) || attributes == (kReadOnlyArchive | platform::kHidden);
+}
+
+bool isGone(const std::string& path) { return !platform::machine().files().anyFileMatches(path, kAnyFile); }
+
+// Writes the twenty values over the first 200 bytes, a byte at a time; what lies behind them stays.
+platform::Result<void> overwriteStart(const std::string& path) {
+  platform::FileSystem& files = platform::machine().files();
+  const platform::Result<void> opened = files.openBinary(kWipeFileNumber, path);
+  if (!opened) return opened;
+  platform::Result<void> written;
+  for (std::size_t i = 0; i < kWipeValues.size() && written; ++i) {
+    const char value = static_cast<char>(kWipeValues[i]);
+    for (int n = 0; n < kWritesPerValue && written; ++n) written = files.putBytes(kWipeFileNumber, {&value, 1});
+  }
+  // Ends with the position back on the first byte; an empty text changes nothing.
+  for (int n = 0; n < kWritesPerValue && written; ++n) written = files.putBytesAt(kWipeFileNumber, 1, "");
+  files.closeFile(kWipeFileNumber);
+  return written;
+}
+
+// Takes the rows that are not ticked out of a list, and puts them back in their old order when it goes.
+class UntickedRowsAside {
+ public:
+  explicit UntickedRowsAside(controls::ListView& list) : list_(list) {
+    for (std::size_t i = list.rowCount(); i-- > 0;) {
+      if (list.ticked(i)) {
+        positions_.push_back(i);
+      } else {
+        aside_.emplace_back(i, list.row(i));
+        list.remove(i);
+      }
+    }
+    std::ranges::reverse(positions_);
+    std::ranges::reverse(aside_);
+  }
+  UntickedRowsAside(const UntickedRowsAside&) = delete;
+  UntickedRowsAside& operator=(const UntickedRowsAside&) = delete;
+
+  ~UntickedRowsAside() {
+    std::vector<std::pair<std::size_t, controls::Row>> rows = std::move(aside_);
+    for (std::size_t i = 0; i < list_.rowCount(); ++i) rows.emplace_back(positions_[i], list_.row(i));
+    std::ranges::sort(rows, {}, [](const auto& row) { return row.first; });
+    list_.clear();
+    for (auto& row : rows) list_.add(std::move(row.second));
+  }
+
+  // Takes a row that is left in the list out of it for good.
+  void removeForGood(std::size_t index) {
+    list_.remove(index);
+    positions_.erase(positions_.begin() + static_cast<std::ptrdiff_t>(index));
+  }
+
+ private:
+  controls::ListView& list_;
+  std::vector<std::size_t> positions_;  // where the rows left in the list stood
+  std::vector<std::pair<std::size_t, controls::Row>> aside_;
+};
+
+}  // namespace
+
+bool frmFind::FileIsOpen1(const std::string& path) {
+  platform::FileSystem& files = platform::machine().files();
+  if (!files.anyFileMatches(path, kAnyFile)) return false;
+  const platform::Handle file = files.createFile(path, {.access = platform::kGenericRead,
+                                                        .share = platform::kShareNone,
+                                                        .disposition = platform::kOpenExisting,
+                                                        .flagsAndAttributes = kInUseTestFlags});
+  files.closeHandle(file);
+  return file == platform::kInvalidHandle;
+}
+
+bool frmFind::FileIsOpen(const std::string& path) {
+  if (!FileIsOpen1(path)) return false;
+  messageBox(path + " is in use by Windows and can not be deleted.", platform::kBoxOk, "File Deletion Error");
+  return true;
+}
+
+void frmFind::ShellDeleteOne(std::string& path, std::int32_t flags) {
+  path += '\0';
+  platform::machine().shell().fileOperation(
+      {.operation = platform::kShellDelete, .sourceList = path, .flags = static_cast<std::uint16_t>(flags)});
+}
+
+platform::Result<void> frmFind::DeleteFile(const std::string& path) {
+  platform::FileObjects& objects = platform::machine().fileObjects();
+  const std::size_t rounds = ListView1.rowCount();
+  for (std::size_t round = 0; round < rounds; ++round) {
+    const platform::Result<platform::FileObject> file = objects.getFile(path);
+    if (!file) return std::unexpected(file.error());
+    if (isNeverOverwritten(file->attributes) || FileIsOpen1(path)) break;
+    if (const auto overwritten = overwriteStart(path); !overwritten) return overwritten;
+    if (const auto removed = objects.deleteFile(path, true); !removed) return removed;
+  }
+  ListView1.setToolTip("");
+  return {};
+}
+
+void frmFind::Delete_Click() {
+  if (ListView1.empty()) {
+    messageBox("Nothing to Delete");
+    return;
+  }
+  if (ListView1.tickedCount() == 0) {
+    messageBox("Nothing Selected");
+    return;
+  }
+  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
+  if (messageBox("Confirm file deletion?", kAsk, "Confirm Deletion") == Answer::kNo) return;
+  if (optWipe.ticked()) {
+    wipeTickedRows();
+  } else {
+    deleteThroughShell();
+  }
+}
+
+void frmFind::deleteThroughShell() {
+  std::size_t i = 0;
+  while (i < ListView1.rowCount()) {
+    const std::string path = ListView1.text(i);
+    const bool ticked = ListView1.ticked(i);
+    if (ticked) deleteRowThroughShell(path);
+    if (ticked && isGone(path)) {
+      ListView1.remove(i);
+    } else {
+      ++i;
+    }
+  }
+}
+
+// A file whose attributes cannot be read is passed over.
+void frmFind::deleteRowThroughShell(const std::string& path) {
+  const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
+  if (!file) return;
+  if (asksBeforeDeleting(file->attributes) &&
+      messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") == Answer::kNo) {
+    return;
+  }
+  const std::int32_t flags = optRecycle.ticked() ? kToRecycleBin : kForGood;
+  if (FileIsOpen(path)) return;
+  std::string source = path;
+  ShellDeleteOne(source, flags);
+}
+
+void frmFind::wipeTickedRows() {
+  // The walk counts rows in 16 bits: a longer selection overflows, and the command ends before it touches a file.
+  if (ListView1.tickedCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) return;
+  bool finished = false;
+  {
+    UntickedRowsAside chosen(ListView1);
+    // The first file is wiped ahead of the walk, and what goes wrong with it is passed over.
+    static_cast<void>(DeleteFile(ListView1.text(0)));
+    finished = true;
+    for (std::size_t i = ListView1.rowCount(); i-- > 0 && finished;) {
+      const std::string path = ListView1.text(i);
+      const platform::Result<void> wiped = DeleteFile(path);
+      // With more than one row listed, every wipe ends by finding its own file gone.
+      finished = wiped || wiped.error().number == platform::kFileNotFound;
+      if (finished && isGone(path)) chosen.removeForGood(i);
+    }
+  }
+  if (ListView1.empty()) setDeletionChoiceVisible(false);
+  if (!finished) return;
+  ListView1.setToolTip("Scan Results");
+  messageBox("All files that are not locked have been shredded.", platform::kBoxInformation, "Files Shredded");
+}
+
+// The two boxes exclude each other; both may be unticked, which deletes for good without overwriting.
+void frmFind::optRecycle_Click() {
+  if (optRecycle.ticked()) optWipe.setTicked(false);
+}
+
+void frmFind::optWipe_Click() {
+  if (optWipe.ticked()) optRecycle.setTicked(false);
+}

@@ -1,0 +1,47 @@
+#include "finder/frmChoose.h"
+
+#include <algorithm>
+
+#include "console/frmFind.h"
+
+using controls::place;
+using controls::Start;
+
+frmChoose::frmChoose(frmFind& console)
+    : Form("Custom File Extensions"),
+      Frame1(*this, "Frame1", Start{.caption = "Custom File Extensions"}),
+      Label1(Frame1, "Label1",
+             Start{.caption = "You can enter up to five custom file extensions here. You do not need to enter the . "
+                              "just the extension; for example:  jpg or 001"}),
+      cmdAccept(*this, "cmdAccept", Start{.caption = "Accept"}),
+      cmdCancel(*this, "cmdCancel", Start{.caption = "Cancel"}),
+      console_(console) {
+  for (std::size_t i = 0; i < kCustomExtensions; ++i) txtChoose.add(Frame1, "txtChoose" + std::to_string(i));
+  cmdAccept.onClick = [this] { cmdAccept_Click(); };
+  cmdCancel.onClick = [this] { close(); };
+  cmdAccept.setMnemonic('A');
+  cmdCancel.setMnemonic('C');
+  setDefaultButton(cmdAccept);
+  setCancelButton(cmdCancel);
+}
+
+controls::Box frmChoose::layout() {
+  std::vector<controls::Box> boxes;
+  for (controls::TextBox& box : txtChoose) boxes.push_back(place(box).atLeast(36, 0).stretch(1, 0));
+  const controls::Box text = place(Label1).textLines(3).atLeast(200, 0).stretch(1, 1);
+  return controls::column({controls::framed(Frame1, controls::column({text, controls::row(std::move(boxes))})),
+                           controls::row({controls::space().stretch(1, 0), place(cmdAccept).atLeast(50, 0),
+                                          place(cmdCancel).atLeast(50, 0)})});
+}
+
+void frmChoose::formLoad() {
+  for (std::size_t i = 0; i < kCustomExtensions; ++i) txtChoose[i].setText(console_.CustomExtensions[i]);
+}
+
+// Five empty boxes are taken for a window left as it was; to clear an extension, another must stay.
+void frmChoose::cmdAccept_Click() {
+  const bool anyEntered =
+      std::ranges::any_of(txtChoose, [](const controls::TextBox& box) { return !box.text().empty(); });
+  for (std::size_t i = 0; anyEntered && i < kCustomExtensions; ++i) console_.CustomExtensions[i] = txtChoose[i].text();
+  close();
+}

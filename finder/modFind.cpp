@@ -1,0 +1,3 @@
+#include "finder/modFind.h"
+
+std::string TrimAtNul(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }

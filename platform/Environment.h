@@ -1,0 +1,23 @@
+// What surrounds the program: the clock, its own folder, the code page.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+class Environment {
+ public:
+  virtual ~Environment() = default;
+
+  // GetTickCount. Milliseconds since the machine started; wraps round after 49.7 days.
+  virtual std::uint32_t getTickCount() = 0;
+  // The folder that the program was started from, without a closing backslash unless it is a drive's root.
+  // GetModuleFileNameA.
+  virtual std::string programFolder() = 0;
+  // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
+  virtual std::string upperCase(std::string_view text) = 0;
+};
+
+}  // namespace platform

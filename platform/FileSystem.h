@@ -1,0 +1,129 @@
+// The file system as kernel32 offers it. Paths are Windows paths in the machine's ANSI code page.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+
+// File attribute bits, as the file system reports them.
+inline constexpr std::uint32_t kReadOnly = 0x1;
+inline constexpr std::uint32_t kHidden = 0x2;
+inline constexpr std::uint32_t kSystem = 0x4;
+inline constexpr std::uint32_t kDirectory = 0x10;
+inline constexpr std::uint32_t kArchive = 0x20;
+inline constexpr std::uint32_t kNormal = 0x80;
+inline constexpr std::uint32_t kReparsePoint = 0x400;
+// What an attribute query gives when it fails: every bit is set, the directory bit too.
+inline constexpr std::uint32_t kInvalidAttributes = 0xFFFFFFFF;
+
+// True when the query that gave `attributes` succeeded and named a folder.
+constexpr bool isDirectory(std::uint32_t attributes) {
+  return attributes != kInvalidAttributes && (attributes & kDirectory) != 0;
+}
+
+// 100-nanosecond steps since 1 January 1601, UTC, in the two halves that the system uses.
+struct FileTime {
+  std::uint32_t low = 0;
+  std::uint32_t high = 0;
+};
+
+// One entry of a folder enumeration. The name buffer is fixed; the name ends at its first NUL.
+struct FindRecord {
+  std::uint32_t attributes = 0;
+  FileTime created;
+  FileTime accessed;
+  FileTime written;
+  std::uint32_t sizeHigh = 0;
+  std::uint32_t sizeLow = 0;
+  std::array<char, 260> name{};
+  std::array<char, 14> alternateName{};
+};
+
+using Handle = std::uintptr_t;
+inline constexpr Handle kInvalidHandle = ~static_cast<Handle>(0);
+
+inline constexpr std::uint32_t kGenericRead = 0x80000000;
+inline constexpr std::uint32_t kGenericWrite = 0x40000000;
+inline constexpr std::uint32_t kShareNone = 0;
+inline constexpr std::uint32_t kShareRead = 1;
+inline constexpr std::uint32_t kShareWrite = 2;
+inline constexpr std::uint32_t kOpenExisting = 3;
+
+// What `createFile` is asked for, in the words of CreateFileA.
+struct OpenRequest {
+  std::uint32_t access = kGenericRead;
+  std::uint32_t share = kShareNone;
+  std::uint32_t disposition = kOpenExisting;
+  std::uint32_t flagsAndAttributes = 0;
+};
+
+// One drive that the machine has. `label` is empty when the volume has none or cannot be asked without waiting.
+struct Drive {
+  char letter = 'C';  // always upper case
+  std::string label;
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  // FindFirstFileA. Starts the enumeration of `pattern` (folder, backslash, name with the wildcards * and ?) and stores
+  // the first entry in `record`. Gives the enumeration's handle, kInvalidHandle when nothing matches or the folder
+  // cannot be read. An entry whose name the code page cannot hold is given under its short name, or left out when it
+  // has none; names that end in a blank or a dot are left out, because later calls would take them for another file.
+  virtual Handle findFirstFile(const std::string& pattern, FindRecord& record) = 0;
+  // FindNextFileA. Stores the next entry; false at the end or on failure, `record` is then as it was.
+  virtual bool findNextFile(Handle enumeration, FindRecord& record) = 0;
+  // FindClose. Ends the enumeration; false when the handle is not a live one.
+  virtual bool findClose(Handle enumeration) = 0;
+
+  // GetFileAttributesA. Gives the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
+  virtual std::uint32_t getFileAttributes(const std::string& path) = 0;
+  // SetFileAttributesA. False when the file is missing or its attributes cannot be set.
+  virtual bool setFileAttributes(const std::string& path, std::uint32_t attributes) = 0;
+
+  // The length in bytes of the file at `path`, asked by path and not taken from a folder entry; the low 32 bits as a
+  // signed number. Fails with 53 when there is no such file.
+  virtual Result<std::int32_t> fileLength(const std::string& path) = 0;
+
+  // Whether a file (or, when the mask holds kDirectory, a folder) answers to `pattern` with no attribute among
+  // read-only, hidden, system, directory that `mask` lacks: the classic directory search with an attribute mask.
+  virtual bool anyFileMatches(const std::string& pattern, std::uint32_t mask) = 0;
+
+  // CreateFileA without security record and template. kInvalidHandle on failure.
+  virtual Handle createFile(const std::string& path, const OpenRequest& request) = 0;
+  // CloseHandle. False when the handle is not a live one.
+  virtual bool closeHandle(Handle handle) = 0;
+
+  // Opens `path` for binary reading and writing, shared, in place (nothing is cut), under the file number `number`
+  // (1 to 511) with its position on the first byte; a missing file is created. Fails with 52 (bad number), 55 (number
+  // in use), 70 or 75 (no access), 76 (no such folder). CreateFileA with OPEN_ALWAYS.
+  virtual Result<void> openBinary(int number, const std::string& path) = 0;
+  // Writes at the current position and moves it behind the written bytes. Fails with 52 when the number is not open,
+  // 61 when the disk is full, 70 when the write is refused. WriteFile.
+  virtual Result<void> putBytes(int number, std::string_view bytes) = 0;
+  // The same at the 1-based byte position `position`. SetFilePointer, WriteFile.
+  virtual Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) = 0;
+  // Closes the file number; a number that is not open is no failure. CloseHandle.
+  virtual void closeFile(int number) = 0;
+
+  // The drives that the machine has, by letter. GetLogicalDrives, GetVolumeInformationA for fixed ones.
+  virtual std::vector<Drive> drives() = 0;
+  // The process's current folder, drive and all ("C:\Windows"), without a closing backslash except for a root.
+  // GetCurrentDirectoryA.
+  virtual std::string currentFolder() = 0;
+  // The current folder of the drive `letter`, as above. Fails with 68 when the drive is missing or not ready.
+  // GetFullPathNameA of "X:".
+  virtual Result<std::string> currentFolderOf(char letter) = 0;
+  // The names of the folders directly in `folder` that a folder list shows: no hidden or system ones, sorted without
+  // regard to case. Fails with 68 when the drive is not ready, 76 when the folder does not exist. FindFirstFileA.
+  virtual Result<std::vector<std::string>> subfolders(const std::string& folder) = 0;
+};
+
+}  // namespace platform

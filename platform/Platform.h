@@ -1,0 +1,40 @@
+// The machine that the program runs on: all its services together.
+#pragma once
+
+#include "platform/Environment.h"
+#include "platform/FileObjects.h"
+#include "platform/FileSystem.h"
+#include "platform/Shell.h"
+#include "platform/SystemVersion.h"
+#include "platform/Ui.h"
+
+namespace platform {
+
+class Machine {
+ public:
+  virtual ~Machine() = default;
+
+  virtual FileSystem& files() = 0;
+  virtual FileObjects& fileObjects() = 0;
+  virtual Shell& shell() = 0;
+  virtual SystemVersion& version() = 0;
+  virtual Environment& environment() = 0;
+  virtual Ui& ui() = 0;
+};
+
+// The machine in use. There must be one: main() or a test has installed it before any logic runs.
+Machine& machine();
+
+// Installs a machine for as long as this object lives; the one before comes back afterwards. Does not own it.
+class Use {
+ public:
+  explicit Use(Machine& machine);
+  ~Use();
+  Use(const Use&) = delete;
+  Use& operator=(const Use&) = delete;
+
+ private:
+  Machine* previous_;
+};
+
+}  // namespace platform

@@ -1,0 +1,51 @@
+// What the program shows beside its controls, and the message loop.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace controls {
+class Form;
+}
+
+namespace platform {
+
+// Styles of a message box, to be added up.
+inline constexpr std::uint32_t kBoxOk = 0;
+inline constexpr std::uint32_t kBoxOkCancel = 1;
+inline constexpr std::uint32_t kBoxYesNo = 4;
+inline constexpr std::uint32_t kBoxCritical = 16;
+inline constexpr std::uint32_t kBoxQuestion = 32;
+inline constexpr std::uint32_t kBoxExclamation = 48;
+inline constexpr std::uint32_t kBoxInformation = 64;
+inline constexpr std::uint32_t kBoxSecondButtonDefault = 256;
+
+// What a message box answers.
+enum class Answer : std::int32_t { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
+
+// The screen-wide pointer. kDefault is what the window under it wants.
+enum class Pointer { kDefault, kArrow, kHourglass };
+
+class Ui {
+ public:
+  virtual ~Ui() = default;
+
+  // MessageBoxA, owned by the active window. Gives the button pressed; closing the box answers Cancel, or OK where OK
+  // is the only button.
+  virtual Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) = 0;
+
+  // Lets the windows repaint and carries out what the user did meanwhile (clicks, keys); returns when nothing is left.
+  virtual void serveEvents() = 0;
+
+  virtual void setPointer(Pointer pointer) = 0;
+  virtual Pointer pointer() const = 0;
+
+  // Shows `form` as a window owned by `owner`, which takes no input meanwhile, and serves events until the form is
+  // closed (controls::Form::close). `owner` may be null for the program's first window.
+  virtual void runModal(controls::Form& form, controls::Form* owner) = 0;
+
+  // Ends the program at once: no handler and no destructor of a form runs after it.
+  [[noreturn]] virtual void end() = 0;
+};
+
+}  // namespace platform
