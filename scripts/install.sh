@@ -1,0 +1,100 @@
+#!/bin/bash
+# Installs what building, running and testing need on a Debian 12 machine, and only what is missing.
+# With everything in place it asks dpkg once and returns. Output of apt goes to build/install.log.
+set -uo pipefail
+
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+LOG=$ROOT/build/install.log
+PIN=$ROOT/build/apt-same-suite.pref
+
+# dpkg prints packages of the machine's own architecture by bare name, so this list asks for them that way.
+PACKAGES=(
+  ca-certificates git make
+  g++ cmake ninja-build
+  g++-mingw-w64-i686-win32 g++-mingw-w64-i686-posix binutils-mingw-w64-i686 gcc-mingw-w64-i686-win32
+  gcc-mingw-w64-i686-posix mingw-w64-i686-dev
+  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  clang-format clang-tidy
+  wine wine64 wine32:i386 fonts-wine
+  xvfb xauth x11-apps x11-utils xdotool imagemagick
+  fonts-liberation fonts-dejavu-core
+  openssl attr
+)
+
+say() { printf 'install: %s\n' "$*"; }
+
+missing_packages() {
+  command -v dpkg-query >/dev/null || { printf '%s\n' "${PACKAGES[@]}"; return; }
+  local installed name architecture state
+  declare -A installed=()
+  while read -r name architecture state; do
+    [[ $state == installed ]] || continue
+    installed[$name]=1
+    installed[$name:$architecture]=1
+  done < <(dpkg-query -W -f '${Package} ${Architecture} ${db:Status-Status}\n' "${PACKAGES[@]}" 2>/dev/null)
+  for name in "${PACKAGES[@]}"; do
+    [[ ${installed[$name]:-} ]] || printf '%s\n' "$name"
+  done
+}
+
+apt_quietly() { DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" </dev/null >>"$LOG" 2>&1; }
+
+# Fresh images keep no package lists, and a list of another day names files that are gone.
+update_lists() {
+  local attempt
+  for attempt in 1 2 3; do
+    apt_quietly -o Acquire::Retries=3 update && return 0
+    sleep 2
+  done
+  return 1
+}
+
+# An i386 package must have exactly the version of its amd64 twin. When the security suite's i386 index cannot be read,
+# amd64 libraries would come from that suite and i386 ones not; with the suite out of the choice both come from the
+# same place. Libraries that are already newer than that go back to it, hence --allow-downgrades.
+install_from_one_suite() {
+  printf 'Package: *\nPin: release n=bookworm-security\nPin-Priority: -1\n' >"$PIN"
+  apt_quietly -o Acquire::Retries=3 -o "Dir::Etc::Preferences=$PIN" install --yes --no-install-recommends \
+    --allow-downgrades "$@"
+}
+
+main() {
+  local missing
+  mapfile -t missing < <(missing_packages)
+  if ((${#missing[@]} == 0)); then return 0; fi
+
+  if ((EUID != 0)); then
+    say "missing: ${missing[*]}" >&2
+    say "run this once as root: $ROOT/scripts/install.sh" >&2
+    return 1
+  fi
+  if ! command -v apt-get >/dev/null; then
+    say "this is not a Debian machine; install by hand: ${missing[*]}" >&2
+    return 1
+  fi
+
+  mkdir -p "$ROOT/build"
+  : >"$LOG"
+  say "${#missing[@]} packages are missing (details in build/install.log)"
+  if ! dpkg --print-foreign-architectures | grep -qx i386; then
+    say "adding the i386 architecture, for the 32-bit Wine"
+    dpkg --add-architecture i386 >>"$LOG" 2>&1 || { say "dpkg refused i386" >&2; return 1; }
+  fi
+  say "reading the package lists"
+  update_lists || say "the lists are incomplete; trying with what there is"
+  say "installing ${missing[*]}"
+  if ! apt_quietly -o Acquire::Retries=3 install --yes --no-install-recommends "${missing[@]}"; then
+    say "the plain way failed; once more with amd64 and i386 from the same suite"
+    install_from_one_suite "${missing[@]}"
+  fi
+
+  mapfile -t missing < <(missing_packages)
+  if ((${#missing[@]} > 0)); then
+    say "could not install: ${missing[*]}" >&2
+    tail -n 15 "$LOG" >&2
+    return 1
+  fi
+  say "done"
+}
+
+main
