@@ -1,0 +1,201 @@
+// The drives of the in-memory machine: folders, files, aliases, links, attributes, who has what open, and the Recycle
+// Bin. The services (file system, file objects, shell) work on it and give its errors in their own numbers.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <expected>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/memory/MemoryBytes.h"
+#include "platform/memory/MemoryNames.h"
+
+namespace platform::memory {
+
+// Why the disk refuses, in the system's own codes.
+enum class DiskError : std::int32_t {
+  kFileNotFound = 2,
+  kPathNotFound = 3,
+  kAccessDenied = 5,
+  kInvalidHandle = 6,
+  kInvalidDrive = 15,
+  kNotReady = 21,
+  kSharingViolation = 32,
+  kInvalidName = 123,
+};
+
+template <typename T>
+using DiskResult = std::expected<T, DiskError>;
+
+// The most characters that a path has in a call, with its closing NUL.
+inline constexpr std::size_t kMaxPath = 260;
+
+// What a full path comes to: a drive and the names below its root.
+struct FullPath {
+  char drive = 'C';
+  std::vector<std::string> parts;
+
+  std::string text() const;  // "C:\Windows"; a root is "C:\"
+};
+
+struct Node;
+using NodePtr = std::shared_ptr<Node>;
+
+// The entries of one folder, in the order of an enumeration.
+class FolderEntries {
+ public:
+  // By name or by alias; null when there is none.
+  NodePtr find(std::string_view name) const;
+  // The first entry behind `name`, null at the end. A null `name` asks for the first of all.
+  NodePtr after(const std::string* name) const;
+  // The node's name must be new here. Gives it an alias when it needs one.
+  void add(const NodePtr& node);
+  void remove(const NodePtr& node);
+  bool empty() const { return byName_.empty(); }
+  std::vector<NodePtr> all() const { return {byName_.begin(), byName_.end()}; }
+
+ private:
+  struct ByName {
+    using is_transparent = void;
+    static std::string_view name(std::string_view text) { return text; }
+    static std::string_view name(const NodePtr& node);
+    bool operator()(const auto& a, const auto& b) const { return compareNames(name(a), name(b)) < 0; }
+  };
+
+  std::set<NodePtr, ByName> byName_;
+  std::unordered_map<std::string, NodePtr> byAlias_;  // aliases are in upper case
+};
+
+// A file or a folder.
+struct Node {
+  std::string name;
+  std::string alias;             // empty when the name is its own 8.3 name, and when there is no alias
+  std::uint32_t attributes = 0;  // never kNormal, which only stands for none
+  bool unspeakable = false;      // the code page cannot hold the name
+  bool deniesWriting = false;    // and deleting
+  int openings = 0;              // how many handles the file has
+  Node* parent = nullptr;        // null for a root, and for what has been removed
+  MemoryBytes bytes;
+  std::unique_ptr<FolderEntries> entries;     // of a folder; a link has none of its own
+  std::unique_ptr<std::string> linkTarget;    // full path, of a folder that is a link
+
+  bool isFolder() const { return (attributes & kDirectory) != 0; }
+  bool isLink() const { return linkTarget != nullptr; }
+  // What a query gives.
+  std::uint32_t reportedAttributes() const { return attributes == 0 ? kNormal : attributes; }
+};
+
+// One write to a file.
+struct Write {
+  std::string path;            // full path, as the file is named
+  std::uint64_t position = 0;  // 0-based
+  std::string bytes;
+};
+
+class MemoryDisk {
+ public:
+  // --- What a person or another program does to the machine. Parents are made; paths are taken literally, so that
+  // names with blanks or dots at the end can be made. A mistake in such a call throws std::logic_error.
+  void addDrive(char letter, const std::string& label, bool ready);
+  NodePtr addFolder(const std::string& path);
+  NodePtr addFile(const std::string& path);
+  void setReady(char letter, bool ready);
+  void setCurrentFolder(const std::string& path);
+  void addLink(const std::string& path, const std::string& target);
+  void addUnspeakable(const std::string& folder, const std::string& alias);
+  // The node of a path, whatever the state of its drive; null when there is none.
+  NodePtr peek(const std::string& path) const;
+
+  // --- Drives
+  std::vector<Drive> drives() const;
+  const std::string& currentFolder() const { return currentFolders_.at(currentDrive_); }
+  DiskResult<std::string> currentFolderOf(char letter) const;
+
+  // --- Paths
+  // The full path of `path`, relative to the current folder of its drive, with "." and ".." worked in.
+  // Fails for a text that can name nothing, and for more characters than calls take (kMaxPath).
+  DiskResult<FullPath> fullPath(std::string_view path) const;
+  // The node that a path names; links on the way are followed, one at its end is not.
+  DiskResult<NodePtr> find(std::string_view path) const;
+  // A folder whose entries are wanted: a link at the end is followed too.
+  DiskResult<NodePtr> findFolder(std::string_view path) const;
+  // What a path says of the folder and of the name in it, for patterns: "C:\a\*.b" gives C:\a and "*.b".
+  struct Split {
+    std::string folder;
+    std::string name;
+  };
+  static Split split(std::string_view path);
+  // The files and folders that a path with or without wildcards in its last part names, in order.
+  std::vector<NodePtr> matches(std::string_view path) const;
+  // The full path of a node that has not been removed.
+  static std::string pathOf(const Node& node);
+
+  // --- Open files
+  // Makes an empty file; its folder must be there, and the name not taken.
+  DiskResult<NodePtr> create(std::string_view path);
+  Handle newHandle() { return lastHandle_ += 4; }
+  // Opens a file; another's sharing and this one's must agree.
+  DiskResult<Handle> open(const NodePtr& file, std::uint32_t access, std::uint32_t share);
+  DiskResult<void> close(Handle handle);
+  // Writes at `position`, or at the handle's own position, and moves that behind the written bytes.
+  DiskResult<void> write(Handle handle, std::optional<std::uint64_t> position, std::string_view bytes);
+  const std::vector<Write>& writes() const { return writes_; }
+  std::size_t openFiles() const { return open_.size(); }
+
+  // --- Removal
+  // Removes a file, or a folder with all that is in it; stops at the first thing that cannot go. A link goes without
+  // what it points to. Read-only files are refused unless `readOnlyToo`.
+  DiskResult<void> remove(const NodePtr& node, bool readOnlyToo);
+  // The same, into the Recycle Bin: as a whole or not at all.
+  DiskResult<void> recycle(const NodePtr& node);
+  // Where the things in the Recycle Bin came from (full paths), in the order deleted.
+  std::vector<std::string> recycleBin() const;
+
+ private:
+  struct DriveState {
+    std::string label;
+    bool ready = true;
+    NodePtr root;
+  };
+  struct OpenFile {
+    NodePtr file;
+    std::uint32_t access = 0;
+    std::uint32_t share = 0;
+    std::uint64_t position = 0;
+  };
+
+  struct Recycled {
+    std::string origin;
+    NodePtr node;
+  };
+  enum class Reading { kAsCallsDo, kLiteral };
+  enum class Last { kAsItIs, kFollowLink };
+  enum class Ready { kMustBe, kNoMatter };
+
+  FullPath parse(std::string_view path, Reading reading) const;
+  DiskResult<NodePtr> walk(const FullPath& path, Last last, Ready ready, int linksLeft) const;
+  NodePtr addNode(const FullPath& path, bool folder);
+  bool sharingForbids(const Node& file, std::uint32_t access, std::uint32_t share) const;
+  DiskResult<void> mayGo(const Node& node, bool readOnlyToo) const;
+  DiskResult<void> mayGoWithAllInIt(const Node& node) const;
+  void takeOut(const NodePtr& node);
+
+  std::map<char, DriveState> drives_;
+  std::map<char, std::string> currentFolders_;
+  char currentDrive_ = 'C';
+  std::map<Handle, OpenFile> open_;
+  Handle lastHandle_ = 0;
+  std::vector<Write> writes_;
+  std::vector<Recycled> recycleBin_;
+  int unspeakables_ = 0;
+};
+
+}  // namespace platform::memory

@@ -1,0 +1,24 @@
+#include "platform/memory/MemoryEnvironment.h"
+
+#include "platform/memory/MemoryNames.h"
+
+namespace platform::memory {
+
+// These three cannot fail on a real machine; their calls are counted all the same.
+
+std::uint32_t MemoryEnvironment::getTickCount() {
+  faults_.strike("getTickCount");
+  return tickCount_;
+}
+
+std::string MemoryEnvironment::programFolder() {
+  faults_.strike("programFolder");
+  return programFolder_;
+}
+
+std::string MemoryEnvironment::upperCase(std::string_view text) {
+  faults_.strike("upperCase");
+  return upper(text);
+}
+
+}  // namespace platform::memory

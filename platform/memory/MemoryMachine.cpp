@@ -1,0 +1,121 @@
+#include "platform/memory/MemoryMachine.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace platform::memory {
+namespace {
+
+constexpr const char* kProgramFolder = "C:\\Program Files\\Scrubhaven";
+
+// Attributes that tell what an entry is, and are not for setting.
+constexpr std::uint32_t kKind = kDirectory | kReparsePoint;
+
+void setSettable(Node& node, std::uint32_t attributes) {
+  node.attributes = (node.attributes & kKind) | (attributes & ~(kKind | kNormal));
+}
+
+void appendFiles(const Node& folder, std::vector<std::string>& paths) {
+  if (folder.isLink()) return;
+  for (const NodePtr& entry : folder.entries->all()) {
+    if (entry->isFolder()) {
+      appendFiles(*entry, paths);
+    } else {
+      paths.push_back(MemoryDisk::pathOf(*entry));
+    }
+  }
+}
+
+}  // namespace
+
+MemoryMachine::MemoryMachine()
+    : files_(disk_, faults_),
+      fileObjects_(disk_, faults_),
+      shell_(disk_, faults_),
+      version_(faults_),
+      environment_(kProgramFolder, faults_),
+      ui_(faults_) {
+  addDrive('C');
+  addFolder(kProgramFolder);
+  setCurrentFolder(kProgramFolder);
+}
+
+NodePtr MemoryMachine::existing(const std::string& path) const {
+  NodePtr node = disk_.peek(path);
+  if (node == nullptr) throw std::logic_error("in-memory machine: there is no such file: " + path);
+  return node;
+}
+
+NodePtr MemoryMachine::existingFolder(const std::string& path) const {
+  NodePtr node = existing(path);
+  if (!node->isFolder()) throw std::logic_error("in-memory machine: that is no folder: " + path);
+  return node;
+}
+
+void MemoryMachine::addFolder(const std::string& path, std::uint32_t attributes) {
+  setSettable(*disk_.addFolder(path), attributes);
+}
+
+void MemoryMachine::addFile(const std::string& path, std::string contents, std::uint32_t attributes) {
+  addSizedFile(path, 0, attributes);
+  existing(path)->bytes.write(0, contents);
+}
+
+void MemoryMachine::addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes) {
+  const NodePtr file = disk_.addFile(path);
+  file->bytes = MemoryBytes();
+  file->bytes.resize(size);
+  setSettable(*file, attributes);
+}
+
+std::optional<std::string> MemoryMachine::contents(const std::string& path) const {
+  const NodePtr node = disk_.peek(path);
+  if (node == nullptr || node->isFolder()) return std::nullopt;
+  return node->bytes.all();
+}
+
+std::optional<std::uint32_t> MemoryMachine::attributes(const std::string& path) const {
+  const NodePtr node = disk_.peek(path);
+  if (node == nullptr) return std::nullopt;
+  return node->reportedAttributes();
+}
+
+void MemoryMachine::setAttributes(const std::string& path, std::uint32_t attributes) {
+  setSettable(*existing(path), attributes);
+}
+
+std::vector<std::string> MemoryMachine::filesBelow(const std::string& folder) const {
+  std::vector<std::string> paths;
+  appendFiles(*existingFolder(folder), paths);
+  std::ranges::sort(paths);
+  return paths;
+}
+
+std::vector<std::string> MemoryMachine::namesIn(const std::string& folder) const {
+  std::vector<std::string> names;
+  for (const NodePtr& entry : existingFolder(folder)->entries->all()) names.push_back(entry->name);
+  std::ranges::sort(names);
+  return names;
+}
+
+void MemoryMachine::lock(const std::string& path) {
+  const NodePtr file = existing(path);
+  const DiskResult<Handle> handle = disk_.open(file, kGenericRead, kShareNone);
+  if (!handle) throw std::logic_error("in-memory machine: the file is already open: " + path);
+  locks_.emplace(file, *handle);
+}
+
+void MemoryMachine::unlock(const std::string& path) {
+  const auto held = locks_.find(existing(path));
+  if (held == locks_.end()) throw std::logic_error("in-memory machine: nobody holds the file: " + path);
+  static_cast<void>(disk_.close(held->second));
+  locks_.erase(held);
+}
+
+void MemoryMachine::denyWriting(const std::string& path) { existing(path)->deniesWriting = true; }
+
+void MemoryMachine::failAt(const std::string& operation, int n, std::optional<std::int32_t> number) {
+  faults_.failAt(operation, n, number);
+}
+
+}  // namespace platform::memory

@@ -1,0 +1,115 @@
+// A small Windows machine in memory: it runs the program's logic without Windows, and shows what became of it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+#include "platform/memory/MemoryDisk.h"
+#include "platform/memory/MemoryEnvironment.h"
+#include "platform/memory/MemoryFaults.h"
+#include "platform/memory/MemoryFileObjects.h"
+#include "platform/memory/MemoryFileSystem.h"
+#include "platform/memory/MemoryShell.h"
+#include "platform/memory/MemoryUi.h"
+#include "platform/memory/MemoryVersion.h"
+
+namespace platform::memory {
+
+// What stands before the services is set up and looked at from outside: by other programs, by the person, by a test.
+// Setting up what cannot be (a file in a file, an unknown drive) throws std::logic_error.
+class MemoryMachine final : public platform::Machine {
+ public:
+  // Windows XP with a drive C: without a label; the program lies in C:\Program Files\Scrubhaven, which is the current
+  // folder.
+  MemoryMachine();
+
+  platform::FileSystem& files() override { return files_; }
+  platform::FileObjects& fileObjects() override { return fileObjects_; }
+  platform::Shell& shell() override { return shell_; }
+  platform::SystemVersion& version() override { return version_; }
+  platform::Environment& environment() override { return environment_; }
+  platform::Ui& ui() override { return ui_; }
+
+  // --- Disk. Missing parents are made. What is already there gets the new contents and attributes.
+  void addDrive(char letter, std::string label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
+  void addFolder(const std::string& path, std::uint32_t attributes = 0);
+  void addFile(const std::string& path, std::string contents = "", std::uint32_t attributes = kArchive);
+  // A file of `size` zeros, of which none are held.
+  void addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
+  // A folder that is a link to the folder `target`, which need not exist.
+  void addFolderLink(const std::string& path, const std::string& target) { disk_.addLink(path, target); }
+  // A file whose name the code page cannot hold; only its 8.3 alias can be used. Empty: it has none.
+  void addUnspeakableFile(const std::string& folder, const std::string& alias) { disk_.addUnspeakable(folder, alias); }
+  // Names that end in a blank or a dot are told apart here, though no call of the program can.
+  bool exists(const std::string& path) const { return disk_.peek(path) != nullptr; }
+  std::optional<std::string> contents(const std::string& path) const;
+  // As a query would report them; nothing when there is no such file or folder.
+  std::optional<std::uint32_t> attributes(const std::string& path) const;
+  void setAttributes(const std::string& path, std::uint32_t attributes);
+  // The full paths of the files in a folder and below, sorted bytewise; links are not followed.
+  std::vector<std::string> filesBelow(const std::string& folder) const;
+  // The names directly in a folder, sorted bytewise.
+  std::vector<std::string> namesIn(const std::string& folder) const;
+  // Makes the folder its drive's current one, and the drive the current drive.
+  void setCurrentFolder(const std::string& path) { disk_.setCurrentFolder(path); }
+  void setReady(char drive, bool ready) { disk_.setReady(drive, ready); }
+  // Another program holds the file, and shares nothing.
+  void lock(const std::string& path);
+  void unlock(const std::string& path);
+  // From now on opening the file for writing, and deleting it, are refused.
+  void denyWriting(const std::string& path);
+  // The full paths of what lies in the Recycle Bin, in the order deleted.
+  std::vector<std::string> recycleBin() const { return disk_.recycleBin(); }
+  // Every write since the start. Writing nothing is none.
+  const std::vector<Write>& writes() const { return disk_.writes(); }
+  // The handles, enumerations and file numbers that the program has not closed.
+  std::size_t openHandles() const { return disk_.openFiles() - locks_.size() + files_.openEnumerations(); }
+
+  // --- Faults. The n-th next call (1-based) of an operation, named as in its interface ("findFirstFile"), fails once.
+  // `number` is the failure it gives; without it the operation's usual one. A closing that fails still closes.
+  void failAt(const std::string& operation, int n = 1, std::optional<std::int32_t> number = std::nullopt);
+  int calls(const std::string& operation) const { return faults_.calls(operation); }
+  bool faultsLeft() const { return faults_.left(); }
+  void clearFaults() { faults_.clear(); }
+
+  // --- Clock: milliseconds. It stands still otherwise.
+  void setTickCount(std::uint32_t ms) { environment_.setTickCount(ms); }
+  void advance(std::uint32_t ms) { environment_.advance(ms); }
+
+  // --- Version
+  void setVersion(const VersionRecord& record) { version_.set(record); }
+
+  // --- User interface; see MemoryUi.
+  void answer(Answer answer) { ui_.answer(answer); }
+  bool answersLeft() const { return ui_.answersLeft(); }
+  void onBox(std::function<void(const ShownBox&)> action) { ui_.onBox(std::move(action)); }
+  const std::vector<ShownBox>& boxes() const { return ui_.boxes(); }
+  void whenServing(std::function<void()> action) { ui_.whenServing(std::move(action)); }
+  void everyServing(std::function<void()> action) { ui_.everyServing(std::move(action)); }
+  void whenModal(std::function<void(controls::Form&)> action) { ui_.whenModal(std::move(action)); }
+
+  // --- Shell: what it has been asked for since the start, failed calls too.
+  const std::vector<ShellCommand>& shellCommands() const { return shell_.commands(); }
+  const std::vector<FileOperation>& fileOperations() const { return shell_.fileOperations(); }
+
+ private:
+  NodePtr existing(const std::string& path) const;
+  NodePtr existingFolder(const std::string& path) const;
+
+  MemoryFaults faults_;
+  MemoryDisk disk_;
+  MemoryFileSystem files_;
+  MemoryFileObjects fileObjects_;
+  MemoryShell shell_;
+  MemoryVersion version_;
+  MemoryEnvironment environment_;
+  MemoryUi ui_;
+  std::map<NodePtr, Handle> locks_;
+};
+
+}  // namespace platform::memory

@@ -1,0 +1,34 @@
+// The shell of the in-memory machine.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/Shell.h"
+#include "platform/memory/MemoryDisk.h"
+#include "platform/memory/MemoryFaults.h"
+
+namespace platform::memory {
+
+class MemoryShell final : public Shell {
+ public:
+  MemoryShell(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
+
+  // Deletes; other operations need a destination, which the record does not have, and are refused. Works through the
+  // list up to the first path that cannot go.
+  std::int32_t fileOperation(const FileOperation& operation) override;
+  // Starts nothing: the command is kept in commands().
+  std::int32_t execute(const ShellCommand& command) override;
+
+  // What has been asked for since the start, failed calls too.
+  const std::vector<ShellCommand>& commands() const { return commands_; }
+  const std::vector<FileOperation>& fileOperations() const { return fileOperations_; }
+
+ private:
+  MemoryDisk& disk_;
+  MemoryFaults& faults_;
+  std::vector<ShellCommand> commands_;
+  std::vector<FileOperation> fileOperations_;
+};
+
+}  // namespace platform::memory

@@ -1,0 +1,66 @@
+// The person in front of the in-memory machine: answers message boxes and acts while events are served.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Ui.h"
+#include "platform/memory/MemoryFaults.h"
+
+namespace platform::memory {
+
+// Thrown by Ui::end(): nothing after it runs.
+struct Ended {};
+
+// A message box that was shown, and what it answered. While it still stands open, `answer` is its default button.
+struct ShownBox {
+  std::string text;
+  std::string title;
+  std::uint32_t style = kBoxOk;
+  Answer answer = Answer::kOk;
+};
+
+class MemoryUi final : public Ui {
+ public:
+  explicit MemoryUi(MemoryFaults& faults) : faults_(faults) {}
+
+  // Queues the answer for a next box; a box without a queued answer gets its default button. An answer that the box
+  // has no button for throws std::logic_error, for the script is then out of step with the program.
+  void answer(Answer answer) { answers_.push_back(answer); }
+  bool answersLeft() const { return !answers_.empty(); }
+  // Runs the action while a box stands open, at each box from now on; an answer that it queues may be for this box.
+  void onBox(std::function<void(const ShownBox&)> action) { onBox_ = std::move(action); }
+  // In the order opened.
+  const std::vector<ShownBox>& boxes() const { return boxes_; }
+
+  // Queues an action of the user; each call of serveEvents carries out one of them.
+  void whenServing(std::function<void()> action) { queued_.push_back(std::move(action)); }
+  // Runs the action at every call of serveEvents, except those that the action itself leads to.
+  void everyServing(std::function<void()> action) { always_.push_back(std::move(action)); }
+  // Queues what the user does in a next modal window, and which must close it (std::logic_error if not). Without a
+  // script the user closes the window at once.
+  void whenModal(std::function<void(controls::Form&)> action) { modal_.push_back(std::move(action)); }
+
+  Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override;
+  void serveEvents() override;
+  void setPointer(Pointer pointer) override { pointer_ = pointer; }
+  Pointer pointer() const override { return pointer_; }
+  void runModal(controls::Form& form, controls::Form* owner) override;
+  [[noreturn]] void end() override;
+
+ private:
+  MemoryFaults& faults_;
+  std::deque<Answer> answers_;
+  std::function<void(const ShownBox&)> onBox_;
+  std::vector<ShownBox> boxes_;
+  std::deque<std::function<void()>> queued_;
+  std::deque<std::function<void()>> always_;  // an action may add another: its own place must not move
+  bool inAlways_ = false;
+  std::deque<std::function<void(controls::Form&)>> modal_;
+  Pointer pointer_ = Pointer::kDefault;
+};
+
+}  // namespace platform::memory

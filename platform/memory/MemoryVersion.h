@@ -1,0 +1,24 @@
+// Which Windows the in-memory machine says it runs.
+#pragma once
+
+#include "platform/SystemVersion.h"
+#include "platform/memory/MemoryFaults.h"
+
+namespace platform::memory {
+
+class MemoryVersion final : public SystemVersion {
+ public:
+  // Windows XP until told otherwise.
+  explicit MemoryVersion(MemoryFaults& faults) : faults_(faults) {}
+
+  // What the next queries fill in; `size` does not matter.
+  void set(const VersionRecord& record) { record_ = record; }
+
+  bool getVersionEx(VersionRecord& record) override;
+
+ private:
+  MemoryFaults& faults_;
+  VersionRecord record_{kVersionRecordSize, 5, 1, 2600, 2, {}};
+};
+
+}  // namespace platform::memory

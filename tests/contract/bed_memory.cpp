@@ -1,0 +1,46 @@
+// The bed on the in-memory machine.
+#include <algorithm>
+#include <utility>
+
+#include "platform/memory/MemoryMachine.h"
+#include "tests/contract/Bed.h"
+
+namespace contract {
+namespace {
+
+constexpr const char* kRoot = "C:\\contract";
+
+class MemoryBed final : public Bed {
+ public:
+  MemoryBed() { machine_.addFolder(kRoot); }
+
+  platform::Machine& machine() override { return machine_; }
+  std::string root() const override { return kRoot; }
+
+  void makeFolder(const std::string& path) override { machine_.addFolder(path); }
+  void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
+  void makeLongFile(const std::string& path, std::uint64_t size) override { machine_.addSizedFile(path, size); }
+  void setAttributes(const std::string& path, std::uint32_t attributes) override {
+    machine_.setAttributes(path, attributes);
+  }
+  void lock(const std::string& path) override { machine_.lock(path); }
+  void unlock(const std::string& path) override { machine_.unlock(path); }
+
+  bool exists(const std::string& path) const override { return machine_.exists(path); }
+  std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
+  std::uint32_t attributes(const std::string& path) const override { return machine_.attributes(path).value(); }
+  std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.namesIn(folder); }
+
+  void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
+  std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  bool hasShortNames() const override { return true; }
+
+ private:
+  platform::memory::MemoryMachine machine_;
+};
+
+}  // namespace
+
+std::unique_ptr<Bed> makeBed() { return std::make_unique<MemoryBed>(); }
+
+}  // namespace contract

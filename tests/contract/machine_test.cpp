@@ -1,0 +1,92 @@
+// Drives and current folders, the version, and what surrounds the program.
+#include <algorithm>
+
+#include "tests/contract/ContractTest.h"
+
+namespace contract {
+namespace {
+
+using testing::ElementsAre;
+
+class Drives : public ContractTest {
+ protected:
+  char workingDrive() { return bed().root()[0]; }
+
+  char missingDrive() {
+    const std::vector<platform::Drive> drives = files().drives();
+    char letter = 'Z';
+    while (std::ranges::find(drives, letter, &platform::Drive::letter) != drives.end()) --letter;
+    return letter;
+  }
+};
+
+TEST_F(Drives, AreListedByLetter) {
+  const std::vector<platform::Drive> drives = files().drives();
+  EXPECT_TRUE(std::ranges::is_sorted(drives, {}, &platform::Drive::letter));
+  EXPECT_EQ(std::ranges::count(drives, workingDrive(), &platform::Drive::letter), 1);
+}
+
+TEST_F(Drives, HaveACurrentFolderEach) {
+  makeFolder("here");
+  bed().setCurrentFolder(at("here"));
+  EXPECT_EQ(files().currentFolder(), at("here"));
+  EXPECT_EQ(files().currentFolderOf(workingDrive()).value(), at("here"));
+  bed().setCurrentFolder(bed().root().substr(0, 3));
+  EXPECT_EQ(files().currentFolder(), bed().root().substr(0, 3));
+  EXPECT_EQ(numberOf(files().currentFolderOf(missingDrive())), platform::kDeviceUnavailable);
+}
+
+TEST_F(Drives, ListTheSubfoldersThatPeopleSee) {
+  for (const char* name : {"beta", "Alpha", "alphabet", "Gamma.old"}) makeFolder(name);
+  bed().setAttributes(makeFolder("hidden"), platform::kHidden);
+  bed().setAttributes(makeFolder("system"), platform::kSystem);
+  makeFile("file");
+  makeFolder("beta\\below");
+  EXPECT_THAT(files().subfolders(bed().root()).value(), ElementsAre("Alpha", "alphabet", "beta", "Gamma.old"));
+  EXPECT_THAT(files().subfolders(at("beta\\")).value(), ElementsAre("below"));
+}
+
+TEST_F(Drives, ListNoSubfoldersOfWhatCannotBeRead) {
+  makeFile("file");
+  EXPECT_EQ(numberOf(files().subfolders(at("missing"))), platform::kPathNotFound);
+  EXPECT_EQ(numberOf(files().subfolders(at("file"))), platform::kPathNotFound);
+  EXPECT_EQ(numberOf(files().subfolders(std::string(1, missingDrive()) + ":\\")), platform::kDeviceUnavailable);
+}
+
+class Surroundings : public ContractTest {};
+
+TEST_F(Surroundings, VersionIsAskedWithARecordOfTheRightSize) {
+  platform::VersionRecord record;
+  record.size = platform::kVersionRecordSize;
+  ASSERT_TRUE(bed().machine().version().getVersionEx(record));
+  EXPECT_EQ(record.size, platform::kVersionRecordSize);
+  EXPECT_TRUE(record.platformId == 1 || record.platformId == 2) << record.platformId;
+  EXPECT_GE(record.major, 3u);
+
+  platform::VersionRecord wrong;
+  wrong.size = 10;
+  wrong.major = 77;
+  EXPECT_FALSE(bed().machine().version().getVersionEx(wrong));
+  EXPECT_EQ(wrong.major, 77u);
+  EXPECT_EQ(wrong.platformId, 0u);
+}
+
+TEST_F(Surroundings, ClockDoesNotGoBack) {
+  const std::uint32_t first = bed().machine().environment().getTickCount();
+  const std::uint32_t second = bed().machine().environment().getTickCount();
+  EXPECT_LT(second - first, 60000u);
+}
+
+TEST_F(Surroundings, ProgramFolderIsAFolder) {
+  const std::string folder = bed().machine().environment().programFolder();
+  EXPECT_TRUE(fileObjects().folderExists(folder)) << folder;
+  EXPECT_TRUE(folder.size() == 3 || folder.back() != '\\') << folder;
+}
+
+TEST_F(Surroundings, UpperCaseKeepsWhatIsNoSmallLetter) {
+  EXPECT_EQ(bed().machine().environment().upperCase("ntUser.bak_7 ~[x]"), "NTUSER.BAK_7 ~[X]");
+  EXPECT_EQ(bed().machine().environment().upperCase(""), "");
+}
+
+}  // namespace
+}  // namespace contract

@@ -1,0 +1,137 @@
+// The automation file objects and deletion through the shell.
+#include "tests/contract/ContractTest.h"
+
+namespace contract {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FileObjectsContract : public ContractTest {};
+
+TEST_F(FileObjectsContract, TellFoldersFromFiles) {
+  const std::string file = makeFile("folder\\file.txt");
+  EXPECT_TRUE(fileObjects().folderExists(at("folder")));
+  EXPECT_TRUE(fileObjects().folderExists(at("FOLDER\\")));
+  EXPECT_FALSE(fileObjects().folderExists(file));
+  EXPECT_FALSE(fileObjects().folderExists(at("missing")));
+  EXPECT_FALSE(fileObjects().folderExists(at("fold*")));
+}
+
+TEST_F(FileObjectsContract, GiveAFilesPathAndMaskedAttributes) {
+  const std::string file = makeFile("folder\\file.txt");
+  bed().setAttributes(file, platform::kReadOnly | platform::kHidden);
+  const auto object = fileObjects().getFile(file);
+  ASSERT_TRUE(object);
+  EXPECT_EQ(object->path, file);
+  EXPECT_EQ(withoutArchive(object->attributes), platform::kReadOnly | platform::kHidden);
+
+  bed().setAttributes(file, 0);
+  EXPECT_EQ(withoutArchive(fileObjects().getFile(file)->attributes), 0u) << "the bit for none is not one of theirs";
+}
+
+TEST_F(FileObjectsContract, GiveTheFullPathOfARelativeOne) {
+  const std::string file = makeFile("folder\\file.txt");
+  bed().setCurrentFolder(at("folder"));
+  const auto object = fileObjects().getFile("file.txt");
+  ASSERT_TRUE(object);
+  EXPECT_EQ(object->path, file);
+}
+
+TEST_F(FileObjectsContract, FindNoFileWhereThereIsNone) {
+  makeFile("folder\\file.txt");
+  for (const std::string name : {"missing.txt", "missing\\file.txt", "folder", "*.txt"}) {
+    EXPECT_EQ(numberOf(fileObjects().getFile(at(name))), platform::kFileNotFound) << name;
+  }
+  for (const std::string name : {"missing.txt", "missing\\file.txt", "*.bak", "folder"}) {
+    EXPECT_EQ(numberOf(fileObjects().deleteFile(at(name), true)), platform::kFileNotFound) << name;
+  }
+  EXPECT_TRUE(bed().exists(at("folder\\file.txt")));
+}
+
+TEST_F(FileObjectsContract, DeleteProtectedFilesOnlyByForce) {
+  const std::string file = makeFile("protected.txt");
+  bed().setAttributes(file, platform::kReadOnly);
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, false)), platform::kPermissionDenied);
+  EXPECT_TRUE(bed().exists(file));
+  EXPECT_TRUE(fileObjects().deleteFile(file, true));
+  EXPECT_FALSE(bed().exists(file));
+}
+
+TEST_F(FileObjectsContract, DeleteEveryFileThatMatches) {
+  makeFile("a.tmp");
+  makeFile("b.tmp");
+  makeFile("c.txt");
+  EXPECT_TRUE(fileObjects().deleteFile(at("*.tmp"), false));
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("c.txt"));
+}
+
+class ShellContract : public ContractTest {
+ protected:
+  // Deletes what the paths name, and gives the shell's result.
+  std::int32_t remove(const std::vector<std::string>& paths, std::uint16_t flags) {
+    std::string list;
+    for (const std::string& path : paths) list += path + '\0';
+    return shell().fileOperation({.operation = platform::kShellDelete, .sourceList = list, .flags = flags});
+  }
+
+  static constexpr std::uint16_t kForGood = platform::kNoConfirmation;
+  static constexpr std::uint16_t kToRecycleBin = platform::kNoConfirmation | platform::kAllowUndo;
+};
+
+TEST_F(ShellContract, DeletesForGood) {
+  const std::string file = makeFile("a file with blanks.txt", "bytes");
+  const std::size_t before = bed().recycledItems();
+  EXPECT_EQ(remove({file}, kForGood), 0);
+  EXPECT_FALSE(bed().exists(file));
+  EXPECT_EQ(bed().recycledItems(), before);
+}
+
+TEST_F(ShellContract, DeletesToTheRecycleBinProtectedFilesToo) {
+  const std::size_t before = bed().recycledItems();
+  const std::string file = makeFile("file.txt", "bytes");
+  EXPECT_EQ(remove({file}, kToRecycleBin), 0);
+  EXPECT_FALSE(bed().exists(file));
+  EXPECT_EQ(bed().recycledItems(), before + 1);
+
+  const std::string isProtected = makeFile("protected.txt", "bytes");
+  bed().setAttributes(isProtected, platform::kReadOnly);
+  EXPECT_EQ(remove({isProtected}, kToRecycleBin), 0);
+  EXPECT_FALSE(bed().exists(isProtected));
+  EXPECT_EQ(bed().recycledItems(), before + 2);
+}
+
+TEST_F(ShellContract, DeletesEveryPathOfItsListAndNoOther) {
+  EXPECT_EQ(remove({makeFile("a.txt"), makeFile("b.txt")}, kForGood), 0);
+  makeFile("c.txt");
+  const std::string last = makeFile("d.txt");
+  EXPECT_EQ(remove({last}, kForGood), 0);
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("c.txt"));
+}
+
+TEST_F(ShellContract, DeletesWhatWildcardsMatchAndFoldersWithTheirContents) {
+  makeFile("a.tmp");
+  makeFile("b.tmp");
+  makeFile("folder\\deep\\c.txt");
+  makeFile("kept.txt");
+  EXPECT_EQ(remove({at("*.tmp")}, kForGood), 0);
+  EXPECT_EQ(remove({at("folder")}, kForGood), 0);
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt"));
+}
+
+TEST_F(ShellContract, LeavesWhatIsInUse) {
+  const std::string file = makeFile("locked.txt", "kept");
+  bed().lock(file);
+  EXPECT_NE(remove({file}, kForGood), 0);
+  EXPECT_TRUE(bed().exists(file));
+  bed().unlock(file);
+  EXPECT_EQ(bed().readBack(file), "kept");
+}
+
+TEST_F(ShellContract, SaysThatSomethingWasMissing) {
+  EXPECT_NE(remove({at("missing.txt")}, kForGood), 0);
+  EXPECT_NE(remove({at("missing\\file.txt")}, kForGood), 0);
+}
+
+}  // namespace
+}  // namespace contract
