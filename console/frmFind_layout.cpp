@@ -12,6 +12,8 @@ using controls::stack;
 namespace {
 
 constexpr std::size_t kBoxesPerRow = 5;
+// Of the height that a larger window gives, beside the folder list's one part.
+constexpr int kListsShare = 3;
 
 // A button whose caption switches between the two.
 Box toggleButton(controls::FlatButton& button) { return place(button).reserve({"Select All", "Clear All"}); }
@@ -58,7 +60,8 @@ Box frmFind::layout() {
   const Box cacheCommands =
       row({commandLabel(lblCacheCommands), commandButton(cmdSelect), commandButton(cmdCacheInvert),
            commandButton(cmdCleanCache), commandButton(cmdCacheAbort)});
-  const Box results = framed(Frame2, column({lists, junkCommands, zeroCommands, cacheCommands}));
+  Box results = framed(Frame2, column({lists, junkCommands, zeroCommands, cacheCommands}));
+  results.stretch(1, kListsShare);
 
   const Box resultLine = place(Label6).reserve({"Results: 1000000 0 Byte files found in 10000 seconds."});
   const Box cacheLine = place(lblStatus).reserve({" Results: Found 1000000 cache entries."});

@@ -1,0 +1,202 @@
+#include "tests/unit/ConsoleTest.h"
+
+#include <set>
+
+#include "console/modOS.h"
+
+using platform::Pointer;
+using platform::memory::Ended;
+
+namespace {
+
+class Console : public ConsoleTest {};
+
+TEST_F(Console, StartsAtTheRootOfCWhateverTheCurrentFolderIs) {
+  machine.addFolder("C:\\Windows\\System");
+  machine.setCurrentFolder("C:\\Windows\\System");
+  frmFind fresh;
+  fresh.load();
+  EXPECT_EQ(fresh.Dir1.path(), "C:\\");
+  EXPECT_TRUE(fresh.ListView1.visible() && fresh.Scan.visible() && fresh.cmdCacheAbort.visible());
+  for (const controls::Control* hidden : std::initializer_list<controls::Control*>{
+           &fresh.ListView2, &fresh.lvCache, &fresh.cmdAbort, &fresh.Label6, &fresh.lblStatus, &fresh.lblFile}) {
+    EXPECT_FALSE(hidden->visible()) << hidden->name();
+  }
+  std::set<std::string> disabled;
+  for (const controls::Control* control : fresh.controls()) {
+    if (!control->enabled()) disabled.insert(control->name());
+  }
+  EXPECT_EQ(disabled, (std::set<std::string>{"Select_All", "cmdInvert", "Delete", "cmdSelect", "cmdCacheInvert",
+                                             "cmdCleanCache", "optRecycle", "optWipe"}));
+  EXPECT_TRUE(fresh.optRecycle.ticked());
+  EXPECT_FALSE(fresh.optWipe.ticked());
+}
+
+TEST_F(Console, ChoosingADriveShowsItsCurrentFolderAndAnEmptyOneIsReported) {
+  machine.addDrive('D', "BACKUP");
+  machine.addFolder("D:\\Old\\Deep");
+  machine.setCurrentFolder("D:\\Old");
+  machine.addFolder("C:\\Here");
+  machine.setCurrentFolder("C:\\Here");
+  machine.addDrive('E', "", false);
+  form.Drive1.reload();
+  ASSERT_EQ(form.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
+
+  form.Drive1.choose(1);
+  EXPECT_EQ(form.Dir1.path(), "D:\\Old");
+
+  platform::machine().ui().setPointer(Pointer::kHourglass);
+  form.Drive1.choose(2);
+  EXPECT_EQ(form.Dir1.path(), "D:\\Old");
+  ASSERT_EQ(machine.boxes().size(), 1U);
+  EXPECT_EQ(lastBox(), "Run-time error '68':\r\n\r\nDevice unavailable");
+  EXPECT_EQ(machine.boxes().back().title, "Scrubhaven Pro");
+  EXPECT_EQ(machine.boxes().back().style, platform::kBoxCritical);
+  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+
+  // The list's own text for C: is in lower case, so its current folder shows, not the root.
+  form.Drive1.choose(0);
+  EXPECT_EQ(form.Dir1.path(), "C:\\Here");
+}
+
+TEST_F(Console, FolderListShowsTheWayDownAndOpensWithoutTouchingTheCurrentFolder) {
+  machine.addFolder("C:\\A\\B\\C");
+  machine.addFolder("C:\\A\\B\\hidden", platform::kHidden);
+  machine.addFolder("C:\\A\\Z");
+  ASSERT_TRUE(form.Dir1.setPath("C:\\A\\B"));
+  Paths texts;
+  for (const controls::DirEntry& entry : form.Dir1.entries()) texts.push_back(entry.text);
+  EXPECT_EQ(texts, (Paths{"C:\\", "A", "B", "C"}));
+  EXPECT_EQ(form.Dir1.current(), 2U);
+  form.Dir1.open(1);
+  EXPECT_EQ(form.Dir1.path(), "C:\\A");
+  EXPECT_EQ(form.Dir1.entries().back().text, "Z");
+  EXPECT_EQ(machine.files().currentFolder(), "C:\\Program Files\\Scrubhaven");
+}
+
+TEST_F(Console, HelpAndWebSiteReachTheShellAsTexts) {
+  form.cmdHelp.click();
+  form.Picture1.click();
+  ASSERT_EQ(machine.shellCommands().size(), 2U);
+  const platform::ShellCommand& help = machine.shellCommands()[0];
+  EXPECT_EQ(help.verb, "Open");
+  EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
+  EXPECT_EQ(help.parameters, "0");
+  EXPECT_EQ(help.folder, "0");
+  EXPECT_EQ(help.showCommand, 1);
+  EXPECT_EQ(help.owner, platform::ShellOwner::kDesktopWindow);
+  EXPECT_EQ(form.CommonDialog1.helpFile, "C:\\Program Files\\Scrubhaven\\scrubhaven.hlp");
+  const platform::ShellCommand& web = machine.shellCommands()[1];
+  EXPECT_FALSE(web.verb || web.parameters || web.folder);
+  EXPECT_EQ(web.showCommand, 0);
+  EXPECT_EQ(web.owner, platform::ShellOwner::kNone);
+}
+
+TEST_F(Console, AbortAndCloseActWhileAScanRunsAndOtherToolsDoNot) {
+  machine.addFile("C:\\Junk\\a.tmp", "x");
+  machine.addFolder("C:\\Junk\\Sub");
+  bool ended = false;
+  machine.whenServing([&] {
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
+    form.cmdAbort.pointerEnters();
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+    form.Delete.enable();
+    form.Delete.click();
+    form.cmdHelp.enable();
+    form.cmdHelp.click();
+    EXPECT_TRUE(machine.boxes().empty() && machine.shellCommands().empty());
+    try {
+      form.closeRequested();
+    } catch (const Ended&) {
+      ended = true;
+    }
+    form.cmdCacheAbort.click();
+  });
+  scan({kTypeTmp}, "C:\\Junk");
+  EXPECT_TRUE(ended);
+  EXPECT_EQ(lastBox(), "    Scan Aborted");
+  EXPECT_THROW(form.cmdExit.click(), Ended);
+}
+
+TEST_F(Console, NothingOverlapsAtAnySizeAndTheListsGrow) {
+  struct FixedMetrics : controls::Metrics {
+    int pixelsX(int units) const override { return units * 6 / 4; }
+    int pixelsY(int units) const override { return units * 13 / 8; }
+    int textWidth(const std::string& text) const override { return static_cast<int>(text.size()) * 6; }
+  } metrics;
+  const controls::Box box = form.layout();
+  const std::vector<controls::Control*> order = controls::tabOrder(box);
+  EXPECT_EQ(order.size(), form.controls().size());
+  EXPECT_EQ(std::set<controls::Control*>(order.begin(), order.end()).size(), order.size());
+
+  const controls::Size least = controls::leastSize(box, metrics);
+  EXPECT_LE(least.width, 780);
+  EXPECT_LE(least.height, 540);
+  const auto isList = [this](const controls::Control* c) {
+    return c == &form.ListView1 || c == &form.ListView2 || c == &form.lvCache;
+  };
+  for (const controls::Size size : {controls::Size{1, 1}, controls::Size{1600, 1200}}) {
+    const controls::Places places = controls::arrange(box, metrics, size);
+    for (const auto& [a, ra] : places) {
+      EXPECT_GE(ra.x, 0);
+      EXPECT_GE(ra.y, 0);
+      EXPECT_LE(ra.right(), std::max(size.width, least.width)) << a->name();
+      EXPECT_LE(ra.bottom(), std::max(size.height, least.height)) << a->name();
+      for (const auto& [b, rb] : places) {
+        if (a == b || a->kind() == controls::Kind::kFrame || b->kind() == controls::Kind::kFrame) continue;
+        if (isList(a) && isList(b)) continue;
+        const bool apart = ra.right() <= rb.x || rb.right() <= ra.x || ra.bottom() <= rb.y || rb.bottom() <= ra.y;
+        EXPECT_TRUE(apart) << a->name() << " overlaps " << b->name();
+      }
+      if (a->frame() == nullptr) continue;
+      const controls::Rect frame = places.at(a->frame());
+      EXPECT_TRUE(ra.x > frame.x && ra.right() < frame.right() && ra.y > frame.y && ra.bottom() < frame.bottom())
+          << a->name() << " sticks out of its frame";
+    }
+  }
+  const controls::Places small = controls::arrange(box, metrics, least);
+  const controls::Places large = controls::arrange(box, metrics, {least.width + 100, least.height + 400});
+  EXPECT_EQ(large.at(&form.ListView1).height, small.at(&form.ListView1).height + 300);
+  EXPECT_EQ(large.at(&form.ListView1).width, small.at(&form.ListView1).width + 100);
+  EXPECT_EQ(large.at(&form.Dir1).height, small.at(&form.Dir1).height + 100);
+}
+
+TEST_F(Console, MnemonicsAreLettersOfTheirCaptionsAndUnique) {
+  std::set<char> used;
+  for (const controls::Control* control : form.controls()) {
+    if (control->mnemonic() == 0) continue;
+    EXPECT_TRUE(used.insert(control->mnemonic()).second) << control->name();
+    EXPECT_NE(machine.environment().upperCase(control->caption()).find(control->mnemonic()), std::string::npos)
+        << control->name();
+  }
+}
+
+struct VersionCase {
+  platform::VersionRecord record;
+  const char* name;
+};
+
+TEST_F(Console, NamesTheWindowsVersion) {
+  const VersionCase cases[] = {
+      {{.major = 4, .minor = 0, .build = 950, .platformId = 1}, "Windows 95"},
+      {{.major = 4, .minor = 10, .build = 0x040A0000 | 2222, .platformId = 1}, "Windows 98SE"},
+      {{.major = 4, .minor = 10, .build = 0x040A0000 | 1998, .platformId = 1}, "Windows 98"},
+      {{.major = 4, .minor = 90, .build = 3000, .platformId = 1}, "Windows Me"},
+      {{.major = 4, .minor = 50, .platformId = 1}, ""},
+      {{.major = 3, .minor = 51, .platformId = 2}, "Windows NT 3.51"},
+      {{.major = 4, .minor = 0, .platformId = 2}, "Windows NT 4.0"},
+      {{.major = 5, .minor = 0, .platformId = 2}, "Windows 2000"},
+      {{.major = 5, .minor = 1, .platformId = 2}, "Windows XP"},
+      {{.major = 5, .minor = 2, .platformId = 2}, "Windows Server 2003"},
+      {{.major = 6, .minor = 0, .platformId = 2}, ""},
+      {{.platformId = 7}, "Failed"},
+  };
+  for (const VersionCase& one : cases) {
+    machine.setVersion(one.record);
+    EXPECT_EQ(GetWindowsVersionName(), one.name);
+  }
+  machine.failAt("getVersionEx");
+  EXPECT_EQ(GetWindowsVersionName(), "Windows 3.1");
+}
+
+}  // namespace
