@@ -1,0 +1,29 @@
+#include "platform/win32/Win32Environment.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace platform::win32 {
+
+std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
+
+std::string Win32Environment::programFolder() {
+  std::array<char, MAX_PATH + 1> program{};
+  GetModuleFileNameA(nullptr, program.data(), MAX_PATH);
+  const std::string path = program.data();
+  const std::size_t end = path.rfind('\\');
+  if (end == std::string::npos) {
+    return path;
+  }
+  const bool isRoot = end > 0 && path[end - 1] == ':';
+  return path.substr(0, isRoot ? end + 1 : end);
+}
+
+std::string Win32Environment::upperCase(std::string_view text) {
+  std::string result(text);
+  CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));
+  return result;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,15 @@
+// The clock, the program's folder and the code page of the machine.
+#pragma once
+
+#include "platform/Environment.h"
+
+namespace platform::win32 {
+
+class Win32Environment final : public Environment {
+ public:
+  std::uint32_t getTickCount() override;
+  std::string programFolder() override;
+  std::string upperCase(std::string_view text) override;
+};
+
+}  // namespace platform::win32

@@ -1,0 +1,321 @@
+#include "platform/win32/Win32FileSystem.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+
+#include "platform/win32/LastError.h"
+
+namespace platform::win32 {
+namespace {
+
+HANDLE native(Handle handle) { return reinterpret_cast<HANDLE>(handle); }
+
+Handle portable(HANDLE handle) { return reinterpret_cast<Handle>(handle); }
+
+bool isDotEntry(std::string_view name) { return name == "." || name == ".."; }
+
+// The name under which later calls reach the entry, nullptr when there is none: a name with a character that the code
+// page lacks arrives with "?", which those calls take for a wildcard, and blanks and dots at the end are cut from every
+// path.
+const char* reachableName(const WIN32_FIND_DATAA& found) {
+  const char* name = found.cFileName;
+  if (std::strchr(name, '?') != nullptr) {
+    name = found.cAlternateFileName;
+    if (*name == '\0' || std::strchr(name, '?') != nullptr) {
+      return nullptr;
+    }
+  }
+  const std::string_view text = name;
+  const bool isCutLater = text.ends_with(' ') || text.ends_with('.');
+  return isCutLater && !isDotEntry(text) ? nullptr : name;
+}
+
+FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
+
+FindRecord findRecord(const WIN32_FIND_DATAA& found, const char* name) {
+  FindRecord record;
+  record.attributes = found.dwFileAttributes;
+  record.created = fileTime(found.ftCreationTime);
+  record.accessed = fileTime(found.ftLastAccessTime);
+  record.written = fileTime(found.ftLastWriteTime);
+  record.sizeHigh = found.nFileSizeHigh;
+  record.sizeLow = found.nFileSizeLow;
+  std::copy_n(name, std::strlen(name), record.name.begin());
+  std::copy_n(found.cAlternateFileName, std::strlen(found.cAlternateFileName), record.alternateName.begin());
+  return record;
+}
+
+std::string rootOf(char letter) { return std::string(1, letter) + ":\\"; }
+
+bool isReady(char letter) {
+  const std::string root = rootOf(letter);
+  const UINT type = GetDriveTypeA(root.c_str());
+  return type != DRIVE_UNKNOWN && type != DRIVE_NO_ROOT_DIR && isDirectory(GetFileAttributesA(root.c_str()));
+}
+
+bool startsWithDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':'; }
+
+// Only a fixed disk answers at once; any other might spin up, dial or ask for a disk.
+std::string labelOf(char letter) {
+  const std::string root = rootOf(letter);
+  if (GetDriveTypeA(root.c_str()) != DRIVE_FIXED) {
+    return {};
+  }
+  std::array<char, MAX_PATH + 1> label{};
+  const BOOL known =
+      GetVolumeInformationA(root.c_str(), label.data(), label.size(), nullptr, nullptr, nullptr, nullptr, 0);
+  return known != FALSE ? std::string(label.data()) : std::string();
+}
+
+// Not every system leaves the backslash out. A root keeps it.
+std::string withoutClosingBackslash(std::string path) {
+  if (path.ends_with('\\') && !path.ends_with(":\\")) {
+    path.pop_back();
+  }
+  return path;
+}
+
+std::string upperCaseOf(std::string text) {
+  CharUpperBuffA(text.data(), static_cast<DWORD>(text.size()));
+  return text;
+}
+
+// The length that the open file tells. Access 0 asks about the file only, so that most locks do not matter.
+std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
+  const HANDLE file =
+      CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    return std::nullopt;
+  }
+  SetLastError(NO_ERROR);
+  const DWORD length = GetFileSize(file, nullptr);
+  const bool failed = length == INVALID_FILE_SIZE && GetLastError() != NO_ERROR;
+  CloseHandle(file);
+  return failed ? std::nullopt : std::optional<std::uint32_t>(length);
+}
+
+// The length that the folder tells, for files that cannot be opened at all.
+std::optional<std::uint32_t> lengthByEntry(const std::string& path) {
+  if (path.find_first_of("*?") != std::string::npos) {
+    return std::nullopt;
+  }
+  WIN32_FIND_DATAA found;
+  const HANDLE enumeration = FindFirstFileA(path.c_str(), &found);
+  if (enumeration == INVALID_HANDLE_VALUE) {
+    return std::nullopt;
+  }
+  FindClose(enumeration);
+  if (isDirectory(found.dwFileAttributes)) {
+    return std::nullopt;
+  }
+  return found.nFileSizeLow;
+}
+
+// A write that the disk has no room for may end short without failing.
+Result<void> writeAll(HANDLE file, std::string_view bytes) {
+  // What a write of no bytes does is up to the file system, and some cut the file there.
+  if (bytes.empty()) {
+    return {};
+  }
+  DWORD written = 0;
+  if (WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == FALSE) {
+    const bool full = runTimeErrorNumber(GetLastError()) == kDiskFull;
+    return failure(full ? kDiskFull : kPermissionDenied);
+  }
+  return written == bytes.size() ? Result<void>{} : failure(kDiskFull);
+}
+
+}  // namespace
+
+Win32FileSystem::Win32FileSystem() { numbered_.fill(kInvalidHandle); }
+
+Win32FileSystem::~Win32FileSystem() {
+  for (int number = 1; number <= kHighestFileNumber; ++number) {
+    closeFile(number);
+  }
+}
+
+Handle Win32FileSystem::findFirstFile(const std::string& pattern, FindRecord& record) {
+  WIN32_FIND_DATAA found;
+  const HANDLE enumeration = FindFirstFileA(pattern.c_str(), &found);
+  if (enumeration == INVALID_HANDLE_VALUE) {
+    return kInvalidHandle;
+  }
+  if (const char* name = reachableName(found)) {
+    record = findRecord(found, name);
+    return portable(enumeration);
+  }
+  if (findNextFile(portable(enumeration), record)) {
+    return portable(enumeration);
+  }
+  FindClose(enumeration);
+  return kInvalidHandle;
+}
+
+bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
+  WIN32_FIND_DATAA found;
+  while (FindNextFileA(native(enumeration), &found) != FALSE) {
+    if (const char* name = reachableName(found)) {
+      record = findRecord(found, name);
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
+
+std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
+
+bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
+  return SetFileAttributesA(path.c_str(), attributes) != FALSE;
+}
+
+Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
+  std::optional<std::uint32_t> length = lengthByHandle(path);
+  if (!length) {
+    length = lengthByEntry(path);
+  }
+  return length ? Result<std::int32_t>(static_cast<std::int32_t>(*length)) : failure(kFileNotFound);
+}
+
+bool Win32FileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
+  const std::uint32_t unwanted = (kReadOnly | kHidden | kSystem | kDirectory) & ~mask;
+  FindRecord record;
+  const Handle enumeration = findFirstFile(pattern, record);
+  if (enumeration == kInvalidHandle) {
+    return false;
+  }
+  bool matches = (record.attributes & unwanted) == 0;
+  while (!matches && findNextFile(enumeration, record)) {
+    matches = (record.attributes & unwanted) == 0;
+  }
+  findClose(enumeration);
+  return matches;
+}
+
+Handle Win32FileSystem::createFile(const std::string& path, const OpenRequest& request) {
+  return portable(CreateFileA(path.c_str(), request.access, request.share, nullptr, request.disposition,
+                              request.flagsAndAttributes, nullptr));
+}
+
+bool Win32FileSystem::closeHandle(Handle handle) {
+  // The invalid handle's value also stands for the process itself, which always closes well.
+  return CloseHandle(native(handle)) != FALSE && handle != kInvalidHandle;
+}
+
+Result<void> Win32FileSystem::openBinary(int number, const std::string& path) {
+  if (number < 1 || number > kHighestFileNumber) {
+    return failure(kBadFileNumber);
+  }
+  if (numbered_[number] != kInvalidHandle) {
+    return failure(kFileAlreadyOpen);
+  }
+  // Not every system behind the interface refuses a read-only file to a privileged user.
+  const std::uint32_t attributes = getFileAttributes(path);
+  if (attributes != kInvalidAttributes && (attributes & kReadOnly) != 0) {
+    return failure(kPathFileAccess);
+  }
+  const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    const std::int32_t error = runTimeErrorNumber(GetLastError());
+    // A missing file would have been made, so what was not found is its folder.
+    return failure(error == kFileNotFound ? kPathNotFound : error);
+  }
+  numbered_[number] = portable(file);
+  return {};
+}
+
+Result<void> Win32FileSystem::putBytes(int number, std::string_view bytes) {
+  if (!isOpen(number)) {
+    return failure(kBadFileNumber);
+  }
+  return writeAll(native(numbered_[number]), bytes);
+}
+
+Result<void> Win32FileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
+  if (!isOpen(number)) {
+    return failure(kBadFileNumber);
+  }
+  if (position == 0) {
+    return failure(kInvalidCall);
+  }
+  LONG high = 0;
+  const HANDLE file = native(numbered_[number]);
+  SetLastError(NO_ERROR);
+  const DWORD moved = SetFilePointer(file, static_cast<LONG>(position - 1), &high, FILE_BEGIN);
+  if (moved == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) {
+    return failure(kPermissionDenied);
+  }
+  return writeAll(file, bytes);
+}
+
+void Win32FileSystem::closeFile(int number) {
+  if (isOpen(number)) {
+    CloseHandle(native(numbered_[number]));
+    numbered_[number] = kInvalidHandle;
+  }
+}
+
+std::vector<Drive> Win32FileSystem::drives() {
+  std::vector<Drive> drives;
+  const DWORD present = GetLogicalDrives();
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if ((present & (1u << (letter - 'A'))) != 0) {
+      drives.push_back({.letter = letter, .label = labelOf(letter)});
+    }
+  }
+  return drives;
+}
+
+std::string Win32FileSystem::currentFolder() {
+  std::array<char, MAX_PATH + 1> folder{};
+  GetCurrentDirectoryA(folder.size(), folder.data());
+  return folder.data();
+}
+
+Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
+  const std::string drive = upperCaseOf(std::string(1, letter)) + ":";
+  if (!isReady(drive[0])) {
+    return failure(kDeviceUnavailable);
+  }
+  std::array<char, MAX_PATH + 1> folder{};
+  const DWORD length = GetFullPathNameA(drive.c_str(), folder.size(), folder.data(), nullptr);
+  if (length == 0 || length >= folder.size()) {
+    return rootOf(drive[0]);
+  }
+  return withoutClosingBackslash(folder.data());
+}
+
+Result<std::vector<std::string>> Win32FileSystem::subfolders(const std::string& folder) {
+  if (startsWithDrive(folder) && !isReady(folder[0])) {
+    return failure(kDeviceUnavailable);
+  }
+  if (!isDirectory(getFileAttributes(folder))) {
+    return failure(kPathNotFound);
+  }
+  std::vector<std::string> names;
+  FindRecord record;
+  const Handle enumeration = findFirstFile(folder + (folder.ends_with('\\') ? "*" : "\\*"), record);
+  for (bool more = enumeration != kInvalidHandle; more; more = findNextFile(enumeration, record)) {
+    const bool isShown = (record.attributes & (kDirectory | kHidden | kSystem)) == kDirectory;
+    if (isShown && !isDotEntry(record.name.data())) {
+      names.emplace_back(record.name.data());
+    }
+  }
+  if (enumeration != kInvalidHandle) {
+    findClose(enumeration);
+  }
+  std::ranges::sort(names, {}, upperCaseOf);
+  return names;
+}
+
+bool Win32FileSystem::isOpen(int number) const {
+  return number >= 1 && number <= kHighestFileNumber && numbered_[number] != kInvalidHandle;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,45 @@
+// The file system of the Windows that the program runs on.
+#pragma once
+
+#include <array>
+
+#include "platform/FileSystem.h"
+
+namespace platform::win32 {
+
+class Win32FileSystem final : public FileSystem {
+ public:
+  Win32FileSystem();
+  // Closes the file numbers that are still open.
+  ~Win32FileSystem() override;
+  Win32FileSystem(const Win32FileSystem&) = delete;
+  Win32FileSystem& operator=(const Win32FileSystem&) = delete;
+
+  Handle findFirstFile(const std::string& pattern, FindRecord& record) override;
+  bool findNextFile(Handle enumeration, FindRecord& record) override;
+  bool findClose(Handle enumeration) override;
+  std::uint32_t getFileAttributes(const std::string& path) override;
+  bool setFileAttributes(const std::string& path, std::uint32_t attributes) override;
+  Result<std::int32_t> fileLength(const std::string& path) override;
+  bool anyFileMatches(const std::string& pattern, std::uint32_t mask) override;
+  Handle createFile(const std::string& path, const OpenRequest& request) override;
+  bool closeHandle(Handle handle) override;
+  Result<void> openBinary(int number, const std::string& path) override;
+  Result<void> putBytes(int number, std::string_view bytes) override;
+  Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) override;
+  void closeFile(int number) override;
+  std::vector<Drive> drives() override;
+  std::string currentFolder() override;
+  Result<std::string> currentFolderOf(char letter) override;
+  Result<std::vector<std::string>> subfolders(const std::string& folder) override;
+
+ private:
+  static constexpr int kHighestFileNumber = 511;
+
+  bool isOpen(int number) const;
+
+  // By file number; kInvalidHandle where the number is free. Number 0 is never used.
+  std::array<Handle, kHighestFileNumber + 1> numbered_;
+};
+
+}  // namespace platform::win32

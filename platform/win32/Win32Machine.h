@@ -1,0 +1,53 @@
+// The Windows that the program runs on, with all its services.
+#pragma once
+
+#include <memory>
+
+#include "platform/Platform.h"
+#include "platform/win32/Win32Environment.h"
+#include "platform/win32/Win32FileObjects.h"
+#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/Win32Shell.h"
+#include "platform/win32/Win32Version.h"
+
+namespace platform::win32 {
+
+class Win32Machine final : public Machine {
+ public:
+  // Prepares the process: automation objects can be created, and a drive that is not ready makes calls fail instead of
+  // letting the system ask for a disk. `ui` may be null where nothing is shown; `ui()` must not be called then.
+  explicit Win32Machine(std::unique_ptr<Ui> ui);
+  ~Win32Machine() override;
+  Win32Machine(const Win32Machine&) = delete;
+  Win32Machine& operator=(const Win32Machine&) = delete;
+
+  FileSystem& files() override { return files_; }
+  FileObjects& fileObjects() override { return fileObjects_; }
+  Shell& shell() override { return shell_; }
+  SystemVersion& version() override { return version_; }
+  Environment& environment() override { return environment_; }
+  Ui& ui() override { return *ui_; }
+
+ private:
+  // CoInitialize and CoUninitialize around everything below.
+  class ComSession {
+   public:
+    ComSession();
+    ~ComSession();
+    ComSession(const ComSession&) = delete;
+    ComSession& operator=(const ComSession&) = delete;
+
+   private:
+    bool started_;
+  };
+
+  ComSession com_;
+  Win32FileSystem files_;
+  Win32FileObjects fileObjects_;
+  Win32Shell shell_;
+  Win32Version version_;
+  Win32Environment environment_;
+  std::unique_ptr<Ui> ui_;
+};
+
+}  // namespace platform::win32

@@ -1,0 +1,34 @@
+#include "platform/win32/Win32Shell.h"
+
+#include <windows.h>
+
+// Kept apart: the shell's headers need <windows.h> before them.
+#include <shellapi.h>
+
+namespace platform::win32 {
+namespace {
+
+// The shell reads the record byte-packed; a gap before the closing fields would shift them.
+static_assert(sizeof(void*) != 4 || sizeof(SHFILEOPSTRUCTA) == 30);
+
+const char* orNull(const std::optional<std::string>& text) { return text ? text->c_str() : nullptr; }
+
+}  // namespace
+
+std::int32_t Win32Shell::fileOperation(const FileOperation& operation) {
+  SHFILEOPSTRUCTA record = {};
+  record.wFunc = operation.operation;
+  // The text's own closing NUL is the one that ends the list.
+  record.pFrom = operation.sourceList.c_str();
+  record.fFlags = operation.flags;
+  return SHFileOperationA(&record);
+}
+
+std::int32_t Win32Shell::execute(const ShellCommand& command) {
+  const HWND owner = command.owner == ShellOwner::kDesktopWindow ? GetDesktopWindow() : nullptr;
+  const HINSTANCE result = ShellExecuteA(owner, orNull(command.verb), command.file.c_str(), orNull(command.parameters),
+                                         orNull(command.folder), command.showCommand);
+  return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(result));
+}
+
+}  // namespace platform::win32
