@@ -107,6 +107,10 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
+  bindLists();
+  bindRestartAndPrefetch();
+  bindPagefile();
+  bindSystemRestore();
 }
 
 void frmFind::bindShell() {
