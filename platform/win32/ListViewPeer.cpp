@@ -59,6 +59,7 @@ void ListViewPeer::changed(controls::Change change) {
   if (change == controls::Change::kRows) {
     onlyGrown_ = onlyGrown_ && list_.rowCount() > rowsSeen_;
     rowsSeen_ = list_.rowCount();
+    emptied_ = emptied_ || list_.empty();
   }
   ControlPeer::changed(change);
 }
@@ -70,7 +71,10 @@ void ListViewPeer::showValue() {
   showSelection();
 }
 
+// Rows that come after an emptying are seen from the first one on, wherever the old ones were scrolled to.
 void ListViewPeer::showRowCount() {
+  if (emptied_) SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
+  emptied_ = false;
   const int count = static_cast<int>(list_.rowCount());
   if (count == SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0)) return;
   if (asks_) {
@@ -82,8 +86,7 @@ void ListViewPeer::showRowCount() {
 
 void ListViewPeer::storeRows(int count) {
   int stored = static_cast<int>(SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0));
-  if (count == 0) SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
-  for (; count != 0 && stored > count; --stored) SendMessageA(handle(), LVM_DELETEITEM, static_cast<WPARAM>(count), 0);
+  for (; stored > count; --stored) SendMessageA(handle(), LVM_DELETEITEM, static_cast<WPARAM>(count), 0);
   for (; stored < count; ++stored) {
     LVITEMA item = {};
     item.mask = LVIF_TEXT;

@@ -44,6 +44,7 @@ class ListViewPeer final : public ControlPeer {
   std::vector<int> sharedWidths_;  // the columns' widths as last shared out, in pixels
   std::size_t rowsSeen_ = 0;       // rows at the last change
   bool onlyGrown_ = true;          // nothing but new rows since the last flush
+  bool emptied_ = false;           // there was no row at some time since the last flush
   bool inMouseDown_ = false;
   bool showingSelection_ = false;
 };

@@ -15,7 +15,7 @@ constexpr const char* kBoxClass = "#32770";
 
 constexpr DWORD kAnswerLimit = 5000;   // milliseconds for one message
 constexpr DWORD kStartLimit = 20000;   // milliseconds: the first start in a prefix starts Wine's services too
-constexpr DWORD kToolTipLimit = 1000;  // milliseconds
+constexpr DWORD kToolTipLimit = 3000;  // milliseconds
 constexpr int kTextRoom = 1024;
 constexpr int kTickedImage = 2;  // state images of a list with check boxes: 1 without a tick, 2 with one
 
@@ -165,15 +165,6 @@ HWND keyboardOwner(HWND window) {
   info.cbSize = sizeof(info);
   const DWORD thread = GetWindowThreadProcessId(window, nullptr);
   return GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr;
-}
-
-void collectControls(HWND parent, std::vector<Control>& controls) {
-  for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-    controls.emplace_back(child);
-    // The parts of a list or drop-down are not controls of the window's own.
-    const Kind kind = controls.back().kind();
-    if (kind == Kind::kFrame || kind == Kind::kOther) collectControls(child, controls);
-  }
 }
 
 }  // namespace
@@ -340,7 +331,9 @@ bool Window::takesInput() const { return IsWindowEnabled(window_) != FALSE; }
 
 std::vector<Control> Window::controls() const {
   std::vector<Control> controls;
-  collectControls(window_, controls);
+  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    controls.emplace_back(child);
+  }
   return controls;
 }
 
@@ -351,8 +344,9 @@ std::vector<Control> Window::all(Kind kind) const {
 }
 
 Control Window::only(Kind kind, const std::string& text) const {
-  std::vector<Control> found = all(kind);
-  std::erase_if(found, [&text](const Control& control) { return control.text() != text; });
+  std::vector<Control> found = controls();
+  std::erase_if(found,
+                [&](const Control& control) { return textOf(control.handle()) != text || control.kind() != kind; });
   if (found.size() == 1) return found.front();
   throw Failed(std::to_string(found.size()) + " controls instead of one are the " + nameOf(kind) + " \"" + text + "\"");
 }

@@ -122,7 +122,7 @@ class Window {
   // The texts of the labels that can be seen.
   std::vector<std::string> labelTexts() const;
 
-  // The tooltip that shows when the pointer rests on the control; empty when none shows within a second.
+  // The tooltip that shows when the pointer rests on the control; empty when none shows for long.
   std::string toolTipOf(const Control& control) const;
 
   // The inside of the window, in screen coordinates.

@@ -5,7 +5,7 @@
 namespace desktop {
 namespace {
 
-constexpr DWORD kPollEvery = 2;        // milliseconds
+constexpr DWORD kPollEvery = 5;        // milliseconds
 constexpr DWORD kPointerSettles = 15;  // milliseconds: the window sees the pointer arrive before the button goes down
 constexpr DWORD kScreenshotLimit = 10000;
 

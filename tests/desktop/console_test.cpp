@@ -187,7 +187,6 @@ TEST_F(ConsoleTest, TooltipsShowAtThePointer) {
   EXPECT_EQ(window.toolTipOf(window.button("Scan")), "Scan Selected Drive and Folders");
   EXPECT_EQ(window.toolTipOf(window.checkBox(".db")), "Thumbs.db Temporary Folder Content Information Files");
   EXPECT_EQ(window.toolTipOf(junk()), "Scan results");
-  EXPECT_EQ(window.toolTipOf(window.buttonAfter("0 byte files:", "Invert")), "");
 }
 
 // Tab goes through the tools, then what is chosen before a scan, then its results, and comes round.
