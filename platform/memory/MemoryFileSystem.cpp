@@ -64,7 +64,7 @@ std::optional<MemoryFileSystem::Enumeration> MemoryFileSystem::startEnumeration(
   const DiskResult<NodePtr> folder = disk_.findFolder(split.folder);
   if (!folder) return std::nullopt;
   const std::string folderPath = disk_.fullPath(split.folder)->text();
-  Enumeration enumeration{*folder, Wildcards(split.name), folderPath.back() == '\\', 0, false, ""};
+  Enumeration enumeration{*folder, Wildcards(split.name), folderPath.back() == '\\', 0, false, {}};
   const bool tooLong = folderPath.size() + 1 + split.name.size() >= kMaxPath;
   if (tooLong || enumeration.wildcards.impossible()) return std::nullopt;
   return enumeration;
@@ -72,16 +72,9 @@ std::optional<MemoryFileSystem::Enumeration> MemoryFileSystem::startEnumeration(
 
 NodePtr MemoryFileSystem::nextNode(Enumeration& enumeration) {
   const FolderEntries& entries = *enumeration.folder->entries;
-  if (enumeration.wildcards.single()) {
-    if (enumeration.started) return nullptr;
-    enumeration.started = true;
-    return entries.find(enumeration.wildcards.pattern());
-  }
-  NodePtr node = entries.after(enumeration.started ? &enumeration.last : nullptr);
-  if (node == nullptr) return node;
-  enumeration.started = true;
-  enumeration.last = node->name;
-  return node;
+  if (!enumeration.wildcards.single()) return entries.next(enumeration.cursor);
+  if (std::exchange(enumeration.singleGiven, true)) return nullptr;
+  return entries.find(enumeration.wildcards.pattern());
 }
 
 bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
@@ -94,8 +87,8 @@ bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
   }
   while (const NodePtr node = nextNode(enumeration)) {
     const std::string_view name = reachableName(*node);
-    const bool matches = enumeration.wildcards.matches(name) ||
-                         (!node->alias.empty() && enumeration.wildcards.matches(node->alias));
+    const bool matches =
+        enumeration.wildcards.matches(name) || (!node->alias.empty() && enumeration.wildcards.matches(node->alias));
     if (name.empty() || !matches) continue;
     record = recordOf(*node, name);
     return true;
@@ -168,7 +161,8 @@ Handle MemoryFileSystem::createFile(const std::string& path, const OpenRequest& 
 
 bool MemoryFileSystem::closeHandle(Handle handle) {
   const bool fails = faults_.strike("closeHandle").has_value();
-  const bool isNumbered = std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
+  const bool isNumbered =
+      std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
   return !isNumbered && disk_.close(handle).has_value() && !fails;
 }
 
