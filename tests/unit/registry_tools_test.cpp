@@ -470,7 +470,7 @@ TEST_F(SystemRestore, DisablingWithYesSchedulesTheRemovalAndShowsTheStateBeforeT
   expectStored("1", "4");
   EXPECT_EQ(machine.registryValue(runOnce, "Delete SVI")->data,
             std::string("C:\\Program Files\\Scrubhaven\\svi.cmd") + '\0');
-  EXPECT_EQ(machine.registryCalls().back(), "setValue Delete SVI 1 36") << "the text without its NUL";
+  EXPECT_EQ(machine.registryCalls().back(), "setValue Delete SVI 1 35") << "the text without its NUL";
 }
 
 TEST_F(SystemRestore, DisablingWithNoLeavesTheRestorePointsAndShowsTheStateAfterTheMessage) {
