@@ -16,7 +16,7 @@ inline constexpr RegistryKey kUsers = 0x80000003;
 inline constexpr RegistryKey kCurrentConfig = 0x80000005;
 inline constexpr RegistryKey kDynamicData = 0x80000006;
 
-// What a key is opened for, to be added up.
+// What a key is opened for, to be added up. The 95 family does not hold anybody to it.
 inline constexpr std::uint32_t kQueryValue = 1;
 inline constexpr std::uint32_t kSetValue = 2;
 inline constexpr std::uint32_t kCreateSubKey = 4;

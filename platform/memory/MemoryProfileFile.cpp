@@ -117,14 +117,15 @@ bool MemoryProfileFile::writeString(const std::string& section, const std::strin
 
   std::vector<std::string> lines = linesOf(file);
   const Position position = find(lines, section, entry);
-  const std::string line = entry + "=" + text;
   if (position.entry) {
-    lines[*position.entry] = line;
+    // The entry keeps the name that it has.
+    std::string& old = lines[*position.entry];
+    old.replace(old.find('=') + 1, std::string::npos, text);
   } else if (position.section) {
-    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(position.end), line);
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(position.end), entry + "=" + text);
   } else {
     lines.push_back("[" + section + "]");
-    lines.push_back(line);
+    lines.push_back(entry + "=" + text);
   }
   std::string bytes;
   for (const std::string& one : lines) bytes += one + "\r\n";

@@ -144,10 +144,12 @@ MemoryRegistry::KeyPtr MemoryRegistry::peek(const std::string& path) const {
 
 // --- Keys
 
+bool MemoryRegistry::isNtLine() const { return version_.record().platformId == kNtFamily; }
+
 MemoryRegistry::KeyPtr MemoryRegistry::root(RegistryKey key) {
   if (nameOf(key).empty()) return nullptr;
   // Only the 95 family has this root.
-  if (key == kDynamicData && version_.record().platformId == kNtFamily) return nullptr;
+  if (key == kDynamicData && isNtLine()) return nullptr;
   if (key == kClassesRoot) return make("HKCR");
   KeyPtr& top = roots_[key];
   if (top == nullptr) top = std::make_shared<Key>();
@@ -159,7 +161,8 @@ std::int32_t MemoryRegistry::find(RegistryKey handle, std::uint32_t access, KeyP
   if (key != nullptr) return kRegistryDone;
   const auto opened = open_.find(handle);
   if (opened == open_.end()) return kRegistryInvalidHandle;
-  if ((opened->second.access & access) != access) return kRegistryAccessDenied;
+  // The 95 family does not mind what a key was opened for.
+  if (isNtLine() && (opened->second.access & access) != access) return kRegistryAccessDenied;
   key = opened->second.key;
   return key->deleted ? kKeyDeleted : kRegistryDone;
 }
@@ -210,8 +213,7 @@ std::int32_t MemoryRegistry::deleteKey(RegistryKey key, const std::string& path)
   }
   const auto found = parent->keys.find(name);
   if (found == parent->keys.end()) return kRegistryNotFound;
-  const bool isNt = version_.record().platformId == kNtFamily;
-  if (isNt && !found->second->keys.empty()) return kRegistryAccessDenied;
+  if (isNtLine() && !found->second->keys.empty()) return kRegistryAccessDenied;
   markDeleted(*found->second);
   parent->keys.erase(found);
   return kRegistryDone;
@@ -253,7 +255,7 @@ std::int32_t MemoryRegistry::setValue(RegistryKey key, const std::string& name, 
   if (const auto fault = faults_.strike("setValue", kRegistryAccessDenied)) return *fault;
   KeyPtr opened;
   if (const auto code = find(key, kSetValue, opened); code != kRegistryDone) return code;
-  opened->values[name] = {type, asStored(data, type, version_.record().platformId == kNtFamily)};
+  opened->values[name] = {type, asStored(data, type, isNtLine())};
   return kRegistryDone;
 }
 

@@ -69,6 +69,7 @@ class MemoryRegistry final : public Registry {
     std::uint32_t access = 0;
   };
 
+  bool isNtLine() const;
   // The key behind a handle that was opened for `access`.
   std::int32_t find(RegistryKey handle, std::uint32_t access, KeyPtr& key);
   RegistryKey open(const KeyPtr& key, std::uint32_t access);
