@@ -1,10 +1,8 @@
 #include "settings/frmPage.h"
 
 #include "settings/modRegistry.h"
-#include "settings/toggle_window.h"
 
 using controls::messageBox;
-using controls::Start;
 
 namespace {
 
@@ -18,23 +16,12 @@ void writeSetting(std::int32_t value) {
 }  // namespace
 
 frmPage::frmPage()
-    : Form("Cear Pagfile"),
-      Frame1(*this, "Frame1", Start{}),
-      lblPage(Frame1, "lblPage", Start{.caption = kUnknownSetting}),
-      cmdToggle(*this, "cmdToggle",
-                Start{.caption = kToggleCaption, .toolTip = "Toggles Enable/Disable Clear Pagefile"}),
-      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
-  cmdToggle.onClick = [this] { cmdToggle_Click(); };
-  cmd_Cancel.onClick = [this] { close(); };
-  cmdToggle.setMnemonic('E');
-  cmd_Cancel.setMnemonic('C');
-  setCancelButton(cmd_Cancel);
-}
+    : ToggleWindow("Cear Pagfile", "Toggles Enable/Disable Clear Pagefile"),
+      lblPage(Frame1, "lblPage", controls::Start{.caption = kUnknownSetting}) {}
 
 controls::Box frmPage::layout() {
-  return toggleWindowLayout(
-      Frame1, controls::place(lblPage), cmdToggle, cmd_Cancel,
-      {"Clear Pagefile on shutdown is currently disabled.", "Clear Swap File at shutdown is currently disabled."});
+  return layoutAround(lblPage, {"Clear Pagefile on shutdown is currently disabled.",
+                                "Clear Swap File at shutdown is currently disabled."});
 }
 
 void frmPage::cmdToggle_Click() {

@@ -2,10 +2,8 @@
 
 #include "platform/Platform.h"
 #include "settings/modRegistry.h"
-#include "settings/toggle_window.h"
 
 using controls::messageBox;
-using controls::Start;
 
 namespace {
 
@@ -36,23 +34,12 @@ void runNet(const std::string& command, const std::string& service) {
 }  // namespace
 
 frmSR::frmSR()
-    : Form("Toggle System Restore"),
-      Frame1(*this, "Frame1", Start{}),
-      lblSR(Frame1, "lblSR", Start{.caption = kUnknownSetting}),
-      ListView1(Frame1, "ListView1", Start{.visible = false}, {}),
-      cmdToggle(*this, "cmdToggle",
-                Start{.caption = kToggleCaption, .toolTip = "Toggles Enable/Disable System Restore"}),
-      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
-  cmdToggle.onClick = [this] { cmdToggle_Click(); };
-  cmd_Cancel.onClick = [this] { close(); };
-  cmdToggle.setMnemonic('E');
-  cmd_Cancel.setMnemonic('C');
-  setCancelButton(cmd_Cancel);
-}
+    : ToggleWindow("Toggle System Restore", "Toggles Enable/Disable System Restore"),
+      lblSR(Frame1, "lblSR", controls::Start{.caption = kUnknownSetting}),
+      ListView1(Frame1, "ListView1", controls::Start{.visible = false}, {}) {}
 
 controls::Box frmSR::layout() {
-  return toggleWindowLayout(Frame1, controls::place(lblSR), cmdToggle, cmd_Cancel,
-                            {"System Restore is currently disabled.", "System Restore is currently enabled."});
+  return layoutAround(lblSR, {"System Restore is currently disabled.", "System Restore is currently enabled."});
 }
 
 void frmSR::StopService(const std::string& name) { runNet("stop", name); }

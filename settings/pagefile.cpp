@@ -1,7 +1,6 @@
 // The console's button for the page file: shows the setting in a window that can switch it.
 #include "console/frmFind.h"
 #include "settings/frmPage.h"
-#include "settings/toggle_window.h"
 
 void frmFind::bindPagefile() { bindTool(cmdSwap, &frmFind::cmdSwap_Click); }
 

@@ -1,7 +1,6 @@
 // The console's button for System Restore: shows its state in a window that can switch it.
 #include "console/frmFind.h"
 #include "settings/frmSR.h"
-#include "settings/toggle_window.h"
 
 void frmFind::bindSystemRestore() { bindTool(cmdSysrestore, &frmFind::cmdSysrestore_Click); }
 

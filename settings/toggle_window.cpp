@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "console/modOS.h"
-#include "controls/Form.h"
 #include "settings/modRegistry.h"
 
 using controls::messageBox;
 using controls::place;
+using controls::Start;
 
 namespace {
 
@@ -19,6 +19,27 @@ constexpr std::array kRefusedVersions = {"Windows ME", "Windows 98SE", "Windows 
 constexpr int kButtonWidth = 50;
 
 }  // namespace
+
+ToggleWindow::ToggleWindow(std::string caption, std::string toggleToolTip)
+    : Form(std::move(caption)),
+      Frame1(*this, "Frame1", Start{}),
+      cmdToggle(*this, "cmdToggle", Start{.caption = kToggleCaption, .toolTip = std::move(toggleToolTip)}),
+      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
+  cmdToggle.onClick = [this] { cmdToggle_Click(); };
+  cmd_Cancel.onClick = [this] { close(); };
+  cmdToggle.setMnemonic('E');
+  cmd_Cancel.setMnemonic('C');
+  setCancelButton(cmd_Cancel);
+}
+
+controls::Box ToggleWindow::layoutAround(controls::Label& state, std::vector<std::string> states) {
+  const controls::Box text = place(state).reserve(std::move(states)).stretch(1, 1);
+  const controls::Box buttons =
+      controls::row({controls::space().stretch(1, 0),
+                     place(cmdToggle).reserve({kEnableCaption, kDisableCaption}).atLeast(kButtonWidth, 0),
+                     place(cmd_Cancel).atLeast(kButtonWidth, 0)});
+  return controls::column({controls::framed(Frame1, text), buttons});
+}
 
 bool runsOnNtLine() {
   const std::string version = GetWindowsVersionName();
@@ -36,14 +57,4 @@ std::string readSetting(const std::string& keyPath, const std::string& valueName
                "Registry Access Error");
   }
   return text;
-}
-
-controls::Box toggleWindowLayout(controls::Frame& frame, controls::Box state, controls::FlatButton& toggle,
-                                 controls::FlatButton& cancel, std::vector<std::string> states) {
-  state.reserve(std::move(states)).stretch(1, 1);
-  const controls::Box buttons =
-      controls::row({controls::space().stretch(1, 0),
-                     place(toggle).reserve({kEnableCaption, kDisableCaption}).atLeast(kButtonWidth, 0),
-                     place(cancel).atLeast(kButtonWidth, 0)});
-  return controls::column({controls::framed(frame, std::move(state)), buttons});
 }

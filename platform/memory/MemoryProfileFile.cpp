@@ -120,7 +120,7 @@ bool MemoryProfileFile::writeString(const std::string& section, const std::strin
   if (position.entry) {
     // The entry keeps the name that it has.
     std::string& old = lines[*position.entry];
-    old.replace(old.find('=') + 1, std::string::npos, text);
+    old = std::string(entryName(old)) + "=" + text;
   } else if (position.section) {
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(position.end), entry + "=" + text);
   } else {

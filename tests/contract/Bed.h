@@ -53,8 +53,8 @@ class Bed {
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
   virtual std::size_t recycledItems() const = 0;
 
-  // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the bed is made, and goes
-  // with the bed. Paths of the helpers are below HKEY_CURRENT_USER too.
+  // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the bed is made, and
+  // goes with the bed. Paths of the helpers are below HKEY_CURRENT_USER too.
   virtual std::string keyRoot() const = 0;
   // Makes a key with its missing parents, and stores a value in it.
   virtual void makeKey(const std::string& path) = 0;

@@ -208,7 +208,7 @@ TEST_F(RegistryLayer, IniFilesTakeTextsAndGiveNoNumbers) {
   EXPECT_EQ(WriteRegistryValue(file, "Section", "new", "s", std::string(300, 'n')).value(), 0);
   EXPECT_EQ(WriteRegistryValue(file, "Fresh", "v", "S", "f").value(), 0);
   EXPECT_EQ(WriteRegistryValue(file, "Section", "v", "D", 5).value(), kUnknownHive);
-  EXPECT_EQ(machine.contents(file), "; kept\r\n[Other]\r\nv=other\r\n\r\n[Section]\r\nv=12\r\nnew=" +
+  EXPECT_EQ(machine.contents(file), "; kept\r\n[Other]\r\nv=other\r\n\r\n[Section]\r\nV=12\r\nnew=" +
                                         std::string(300, 'n') + "\r\n\r\n[Last]\r\n[Fresh]\r\nv=f\r\n");
   EXPECT_EQ(readIni("S", "new"), 0);
   EXPECT_EQ(result, Variant(std::string(254, 'n')));
