@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/Platform.h"
+#include "shredder/frmMain.h"
 
 using controls::Start;
 
@@ -107,6 +108,7 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
+  bindShredder();
 }
 
 void frmFind::bindShell() {
@@ -120,6 +122,8 @@ void frmFind::bindShell() {
   Drive1.onChange = [this] { Drive1_Change(); };
   Dir1.onFailure = [](const platform::RuntimeError& error) { reportUnhandled(error); };
 }
+
+void frmFind::bindShredder() { bindTool(cmdFurnace, &frmFind::cmdFurnace_Click); }
 
 void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
   button.onClick = [this, handler] {
@@ -155,6 +159,11 @@ void frmFind::cmdHelp_Click() {
   const std::string folder = platform::machine().environment().programFolder();
   CommonDialog1.helpFile = folder + "\\scrubhaven.hlp";
   RunShellExecute("Open", folder + "\\scrubhaven.chm", 0, 0, 1);
+}
+
+void frmFind::cmdFurnace_Click() {
+  frmMain shredder;
+  shredder.showModal(this);
 }
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }

@@ -213,5 +213,10 @@ class frmFind final : public controls::Form {
   void deleteRowThroughShell(const std::string& path);
   void wipeTickedRows();
 
+  // ---- Shredder ----------------------------------------------------------------------------------------------------
+
+  void bindShredder();
+  void cmdFurnace_Click();
+
   bool toolRuns_ = false;
 };

@@ -1,12 +1,22 @@
 #include "platform/Conversions.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 
 namespace platform {
 
 std::string textOf(const Variant& value) {
   const auto* number = std::get_if<std::int32_t>(&value);
   return number == nullptr ? std::get<std::string>(value) : std::to_string(*number);
+}
+
+std::string signedText(float number) {
+  std::array<char, 32> digits{};
+  std::snprintf(digits.data(), digits.size(), "%.7g", std::fabs(number));
+  std::string_view text = digits.data();
+  if (text.starts_with("0.")) text.remove_prefix(1);
+  return std::string(1, number < 0 ? '-' : ' ').append(text);
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -18,6 +18,16 @@ class Environment {
   virtual std::string programFolder() = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;
+
+  // Today's date in the user's short date format ("21/11/2026"). GetDateFormatA.
+  virtual std::string dateText() = 0;
+  // The time of day in the user's time format ("12:34:56"). GetTimeFormatA.
+  virtual std::string timeText() = 0;
+  // Seconds since midnight, with fractions. GetLocalTime.
+  virtual float secondsSinceMidnight() = 0;
+  // The next number of the uniform generator, from 0 up to but not including 1. Nobody seeds it: every run of the
+  // program sees the same numbers (UniformSequence).
+  virtual double nextUniform() = 0;
 };
 
 }  // namespace platform

@@ -4,7 +4,7 @@
 
 namespace platform::memory {
 
-// These three cannot fail on a real machine; their calls are counted all the same.
+// These cannot fail on a real machine; their calls are counted all the same.
 
 std::uint32_t MemoryEnvironment::getTickCount() {
   faults_.strike("getTickCount");
@@ -19,6 +19,26 @@ std::string MemoryEnvironment::programFolder() {
 std::string MemoryEnvironment::upperCase(std::string_view text) {
   faults_.strike("upperCase");
   return upper(text);
+}
+
+std::string MemoryEnvironment::dateText() {
+  faults_.strike("dateText");
+  return dateText_;
+}
+
+std::string MemoryEnvironment::timeText() {
+  faults_.strike("timeText");
+  return timeText_;
+}
+
+float MemoryEnvironment::secondsSinceMidnight() {
+  faults_.strike("secondsSinceMidnight");
+  return seconds_;
+}
+
+double MemoryEnvironment::nextUniform() {
+  faults_.strike("nextUniform");
+  return uniform_.next();
 }
 
 }  // namespace platform::memory

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/Environment.h"
+#include "platform/UniformSequence.h"
 #include "platform/memory/MemoryFaults.h"
 
 namespace platform::memory {
@@ -18,14 +19,29 @@ class MemoryEnvironment final : public Environment {
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
 
+  // What the clock and the calendar show from now on.
+  void setDay(std::string dateText, std::string timeText, float seconds) {
+    dateText_ = std::move(dateText);
+    timeText_ = std::move(timeText);
+    seconds_ = seconds;
+  }
+
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
   std::string upperCase(std::string_view text) override;
+  std::string dateText() override;
+  std::string timeText() override;
+  float secondsSinceMidnight() override;
+  double nextUniform() override;
 
  private:
   std::string programFolder_;
   MemoryFaults& faults_;
   std::uint32_t tickCount_ = 0;
+  std::string dateText_ = "1/1/2004";
+  std::string timeText_ = "12:00:00 PM";
+  float seconds_ = 43200;
+  UniformSequence uniform_;
 };
 
 }  // namespace platform::memory

@@ -42,7 +42,7 @@ MemoryMachine::MemoryMachine()
       shell_(disk_, faults_),
       version_(faults_),
       environment_(kProgramFolder, faults_),
-      ui_(faults_) {
+      ui_(disk_, faults_) {
   addDrive('C');
   addFolder(kProgramFolder);
   setCurrentFolder(kProgramFolder);

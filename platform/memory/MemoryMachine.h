@@ -67,6 +67,8 @@ class MemoryMachine final : public platform::Machine {
   std::vector<std::string> recycleBin() const { return disk_.recycleBin(); }
   // Every write since the start. Writing nothing is none.
   const std::vector<Write>& writes() const { return disk_.writes(); }
+  // From now on writes are carried out but not noted, for runs that write more than fits into memory.
+  void forgetWrites() { disk_.forgetWrites(); }
   // The handles, enumerations and file numbers that the program has not closed.
   std::size_t openHandles() const { return disk_.openFiles() - locks_.size() + files_.openEnumerations(); }
 
@@ -81,12 +83,19 @@ class MemoryMachine final : public platform::Machine {
   void setTickCount(std::uint32_t ms) { environment_.setTickCount(ms); }
   void advance(std::uint32_t ms) { environment_.advance(ms); }
 
+  // The calendar and the time of day, as the user's formats show them; seconds since midnight.
+  void setDay(std::string dateText, std::string timeText, float seconds) {
+    environment_.setDay(std::move(dateText), std::move(timeText), seconds);
+  }
+
   // --- Version
   void setVersion(const VersionRecord& record) { version_.set(record); }
 
   // --- User interface; see MemoryUi.
   void answer(Answer answer) { ui_.answer(answer); }
   bool answersLeft() const { return ui_.answersLeft(); }
+  void chooseFile(const std::string& path) { ui_.chooseFile(path); }
+  const std::vector<OpenFileRequest>& fileDialogs() const { return ui_.fileDialogs(); }
   void onBox(std::function<void(const ShownBox&)> action) { ui_.onBox(std::move(action)); }
   const std::vector<ShownBox>& boxes() const { return ui_.boxes(); }
   void whenServing(std::function<void()> action) { ui_.whenServing(std::move(action)); }
