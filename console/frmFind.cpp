@@ -107,6 +107,8 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
+  bindZeroBytes();
+  bindTempFolders();
 }
 
 void frmFind::bindShell() {

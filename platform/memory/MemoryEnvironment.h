@@ -1,7 +1,9 @@
 // What surrounds the program on the in-memory machine: a clock that stands still until it is moved, code page 1252.
 #pragma once
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/Environment.h"
@@ -18,14 +20,19 @@ class MemoryEnvironment final : public Environment {
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
 
+  // An empty value is not the same as none for other programs, but for this one it is.
+  void setVariable(std::string_view name, std::string value);
+
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
+  std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
 
  private:
   std::string programFolder_;
   MemoryFaults& faults_;
   std::uint32_t tickCount_ = 0;
+  std::map<std::string, std::string> variables_;  // by name in upper case
 };
 
 }  // namespace platform::memory

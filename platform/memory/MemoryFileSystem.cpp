@@ -29,8 +29,9 @@ FindRecord recordOf(const Node& node, std::string_view name) {
   FindRecord record;
   record.attributes = node.reportedAttributes();
   record.created = record.accessed = record.written = kFileTime;
-  record.sizeHigh = static_cast<std::uint32_t>(node.bytes.size() >> 32);
-  record.sizeLow = static_cast<std::uint32_t>(node.bytes.size());
+  const std::uint64_t size = node.listedSize.value_or(node.bytes.size());
+  record.sizeHigh = static_cast<std::uint32_t>(size >> 32);
+  record.sizeLow = static_cast<std::uint32_t>(size);
   setText(record.name, name);
   setText(record.alternateName, node.alias);
   return record;
@@ -94,8 +95,8 @@ bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
   }
   while (const NodePtr node = nextNode(enumeration)) {
     const std::string_view name = reachableName(*node);
-    const bool matches = enumeration.wildcards.matches(name) ||
-                         (!node->alias.empty() && enumeration.wildcards.matches(node->alias));
+    const bool matches =
+        enumeration.wildcards.matches(name) || (!node->alias.empty() && enumeration.wildcards.matches(node->alias));
     if (name.empty() || !matches) continue;
     record = recordOf(*node, name);
     return true;
@@ -168,7 +169,8 @@ Handle MemoryFileSystem::createFile(const std::string& path, const OpenRequest& 
 
 bool MemoryFileSystem::closeHandle(Handle handle) {
   const bool fails = faults_.strike("closeHandle").has_value();
-  const bool isNumbered = std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
+  const bool isNumbered =
+      std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
   return !isNumbered && disk_.close(handle).has_value() && !fails;
 }
 
