@@ -40,6 +40,12 @@ class ConsoleTest : public testing::Test {
     return all;
   }
 
+  std::vector<std::string> boxTexts() const {
+    std::vector<std::string> all;
+    for (const platform::memory::ShownBox& box : machine.boxes()) all.push_back(box.text);
+    return all;
+  }
+
   std::string lastBox() const { return machine.boxes().empty() ? "" : machine.boxes().back().text; }
 };
 
