@@ -19,9 +19,13 @@ constexpr int kListsShare = 3;
 Box toggleButton(controls::FlatButton& button) { return place(button).reserve({"Select All", "Clear All"}); }
 
 // The commands below the lists line up in columns: all labels are equally wide, and all buttons.
-Box commandLabel(controls::Label& label) { return place(label).atLeast(52, 0); }
+Box commandLabel(controls::Label& label) {
+  return place(label).reserve({"Junk files:", "0 byte files:", "Internet cache:"});
+}
 
-Box commandButton(controls::FlatButton& button) { return toggleButton(button).atLeast(48, 0); }
+Box commandButton(controls::FlatButton& button) {
+  return place(button).reserve({"Select All", "Clear All", "Delete Files"});
+}
 
 }  // namespace
 
@@ -44,7 +48,7 @@ Box frmFind::layout() {
   for (std::size_t first = 0; first < Check.size(); first += kBoxesPerRow) {
     std::vector<Box> boxes;
     for (std::size_t i = first; i < first + kBoxesPerRow; ++i) boxes.push_back(place(Check[i]).atLeast(34, 0));
-    typeRows.push_back(row(std::move(boxes)));
+    typeRows.push_back(row(std::move(boxes)).stretch(0, 1));
   }
   const Box typeCommands = column({place(cmdChoose), toggleButton(Select_Check), place(Invert)});
   const Box fileTypes = framed(Frame1, row({framed(Specials, column(std::move(typeRows))), typeCommands}));

@@ -110,6 +110,8 @@ make_template() {
     wine regedit /S 'C:\settings.reg'
     wineserver -w
     rm -f "$made/drive_c/settings.reg"
+    # Debian's Wine does not look where Debian puts Wine's own fonts, among them Tahoma and the window buttons' symbols.
+    cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$made/drive_c/windows/Fonts/"
   ) >"$SEAL_BUILD/prefix.log" 2>&1 </dev/null
   close_ways_out "$made"
   # Otherwise a newer Wine would update the prefix at its next start and make its links again.

@@ -11,5 +11,6 @@ if (($# == 0)); then
     ! -path 'platform/win32/*' ! -path 'console/main.cpp' 2>/dev/null)
   set -- "${files[@]}"
 fi
-printf '%s\0' "$@" | xargs -0 -r -n 1 -P "$(nproc)" clang-tidy -p build/native --quiet 2> >(
+# A file that fails, or crashes the tool, must not keep the rest from being read.
+printf '%s\0' "$@" | xargs -0 -r -n 1 -P "$(nproc)" sh -c 'clang-tidy -p build/native --quiet "$0" || exit 1' 2> >(
   grep -vE 'warnings? generated|Suppressed|Use -header-filter|^$' >&2)

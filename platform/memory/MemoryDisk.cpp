@@ -63,23 +63,38 @@ NodePtr FolderEntries::find(std::string_view name) const {
   return byAlias == byAlias_.end() ? nullptr : byAlias->second;
 }
 
-NodePtr FolderEntries::after(const std::string* name) const {
-  const auto next = name == nullptr ? byName_.begin() : byName_.upper_bound(std::string_view(*name));
-  return next == byName_.end() ? nullptr : *next;
+NodePtr FolderEntries::next(Cursor& cursor) const {
+  if (!cursor.started_) {
+    cursor.at_ = byName_.begin();
+  } else if (cursor.removals_ != removals_) {
+    cursor.at_ = byName_.upper_bound(std::string_view(cursor.last_));
+  } else if (cursor.at_ != byName_.end()) {
+    ++cursor.at_;
+  }
+  cursor.started_ = true;
+  cursor.removals_ = removals_;
+  if (cursor.at_ == byName_.end()) return nullptr;
+  cursor.last_ = (*cursor.at_)->name;
+  return *cursor.at_;
 }
 
 void FolderEntries::add(const NodePtr& node) {
-  if (!node->unspeakable && !isShortName(node->name)) {
-    for (int attempt = 0; attempt < kAliasAttempts && node->alias.empty(); ++attempt) {
-      std::string alias = shortAlias(node->name, attempt);
-      if (find(alias) == nullptr) node->alias = std::move(alias);
-    }
-  }
+  if (!node->unspeakable && !isShortName(node->name)) node->alias = freeAlias(node->name);
   byName_.insert(node);
   if (!node->alias.empty()) byAlias_.emplace(node->alias, node);
 }
 
+std::string FolderEntries::freeAlias(std::string_view name) const {
+  const ShortAliases aliases(name);
+  for (int i = 0; i < ShortAliases::kCount; ++i) {
+    std::string alias = aliases[i];
+    if (!byAlias_.contains(alias) && !byName_.contains(std::string_view(alias))) return alias;
+  }
+  return {};
+}
+
 void FolderEntries::remove(const NodePtr& node) {
+  ++removals_;
   byAlias_.erase(node->alias);
   byName_.erase(node);
 }
@@ -102,19 +117,20 @@ void MemoryDisk::setReady(char letter, bool ready) {
   drive->second.ready = ready;
 }
 
-NodePtr MemoryDisk::addNode(const FullPath& path, bool folder) {
-  if (const auto found = walk(path, Last::kAsItIs, Ready::kNoMatter, kMaxLinks)) {
+NodePtr MemoryDisk::addNode(FullPath path, bool folder) {
+  DiskResult<NodePtr> found = walk(path, Last::kAsItIs, Ready::kNoMatter, kMaxLinks);
+  if (found) {
     if ((*found)->isFolder() != folder) mistake("there is something else", path.text());
     return *found;
   }
   if (path.parts.empty()) mistake("no such drive", path.text());
-  FullPath above = path;
-  above.parts.pop_back();
-  addNode(above, true);
-  const NodePtr parent = walk(above, Last::kFollowLink, Ready::kNoMatter, kMaxLinks).value();
   NodePtr node = makeNode(path.parts.back(), folder);
-  node->parent = parent.get();
-  parent->entries->add(node);
+  path.parts.pop_back();
+  DiskResult<NodePtr> parent = walk(path, Last::kFollowLink, Ready::kNoMatter, kMaxLinks);
+  if (!parent) parent = addNode(path, true);
+  if (!(*parent)->isFolder()) mistake("that is no folder", path.text());
+  node->parent = parent->get();
+  (*parent)->entries->add(node);
   return node;
 }
 

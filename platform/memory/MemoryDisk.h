@@ -51,11 +51,28 @@ using NodePtr = std::shared_ptr<Node>;
 
 // The entries of one folder, in the order of an enumeration.
 class FolderEntries {
+  struct ByName {
+    using is_transparent = void;
+    static std::string_view name(std::string_view text) { return text; }
+    static std::string_view name(const NodePtr& node);
+    bool operator()(const auto& a, const auto& b) const { return compareNames(name(a), name(b)) < 0; }
+  };
+  using Set = std::set<NodePtr, ByName>;
+
  public:
+  // A place in the folder that stays good while entries come and go.
+  class Cursor {
+    friend class FolderEntries;
+    std::string last_;  // the name of the entry given last, for the case that it has gone meanwhile
+    Set::const_iterator at_;
+    std::uint64_t removals_ = 0;
+    bool started_ = false;
+  };
+
   // By name or by alias; null when there is none.
   NodePtr find(std::string_view name) const;
-  // The first entry behind `name`, null at the end. A null `name` asks for the first of all.
-  NodePtr after(const std::string* name) const;
+  // The entry behind the cursor, whose new place that is; null at the end. A new cursor stands before the first one.
+  NodePtr next(Cursor& cursor) const;
   // The node's name must be new here. Gives it an alias when it needs one.
   void add(const NodePtr& node);
   void remove(const NodePtr& node);
@@ -63,15 +80,12 @@ class FolderEntries {
   std::vector<NodePtr> all() const { return {byName_.begin(), byName_.end()}; }
 
  private:
-  struct ByName {
-    using is_transparent = void;
-    static std::string_view name(std::string_view text) { return text; }
-    static std::string_view name(const NodePtr& node);
-    bool operator()(const auto& a, const auto& b) const { return compareNames(name(a), name(b)) < 0; }
-  };
+  // An alias that nothing in the folder is called; empty when all that are worth a try are taken.
+  std::string freeAlias(std::string_view name) const;
 
-  std::set<NodePtr, ByName> byName_;
+  Set byName_;
   std::unordered_map<std::string, NodePtr> byAlias_;  // aliases are in upper case
+  std::uint64_t removals_ = 0;
 };
 
 // A file or a folder.
@@ -183,7 +197,7 @@ class MemoryDisk {
 
   FullPath parse(std::string_view path, Reading reading) const;
   DiskResult<NodePtr> walk(const FullPath& path, Last last, Ready ready, int linksLeft) const;
-  NodePtr addNode(const FullPath& path, bool folder);
+  NodePtr addNode(FullPath path, bool folder);
   bool sharingForbids(const Node& file, std::uint32_t access, std::uint32_t share) const;
   DiskResult<void> mayGo(const Node& node, bool readOnlyToo) const;
   DiskResult<void> mayGoWithAllInIt(const Node& node) const;

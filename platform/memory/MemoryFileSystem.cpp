@@ -65,7 +65,7 @@ std::optional<MemoryFileSystem::Enumeration> MemoryFileSystem::startEnumeration(
   const DiskResult<NodePtr> folder = disk_.findFolder(split.folder);
   if (!folder) return std::nullopt;
   const std::string folderPath = disk_.fullPath(split.folder)->text();
-  Enumeration enumeration{*folder, Wildcards(split.name), folderPath.back() == '\\', 0, false, ""};
+  Enumeration enumeration{*folder, Wildcards(split.name), folderPath.back() == '\\', 0, false, {}};
   const bool tooLong = folderPath.size() + 1 + split.name.size() >= kMaxPath;
   if (tooLong || enumeration.wildcards.impossible()) return std::nullopt;
   return enumeration;
@@ -73,16 +73,9 @@ std::optional<MemoryFileSystem::Enumeration> MemoryFileSystem::startEnumeration(
 
 NodePtr MemoryFileSystem::nextNode(Enumeration& enumeration) {
   const FolderEntries& entries = *enumeration.folder->entries;
-  if (enumeration.wildcards.single()) {
-    if (enumeration.started) return nullptr;
-    enumeration.started = true;
-    return entries.find(enumeration.wildcards.pattern());
-  }
-  NodePtr node = entries.after(enumeration.started ? &enumeration.last : nullptr);
-  if (node == nullptr) return node;
-  enumeration.started = true;
-  enumeration.last = node->name;
-  return node;
+  if (!enumeration.wildcards.single()) return entries.next(enumeration.cursor);
+  if (std::exchange(enumeration.singleGiven, true)) return nullptr;
+  return entries.find(enumeration.wildcards.pattern());
 }
 
 bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {

@@ -49,9 +49,9 @@ class MemoryFileSystem final : public FileSystem {
     NodePtr folder;
     Wildcards wildcards;
     bool isRoot = false;
-    int dotsGiven = 0;     // "." and ".." stand before everything else, but not in a root
-    bool started = false;  // whether `last` holds a name
-    std::string last;
+    int dotsGiven = 0;         // "." and ".." stand before everything else, but not in a root
+    bool singleGiven = false;  // without wildcards, the one entry has been looked for
+    FolderEntries::Cursor cursor;
   };
 
   std::optional<Enumeration> startEnumeration(const std::string& pattern) const;

@@ -15,6 +15,14 @@ void setSettable(Node& node, std::uint32_t attributes) {
   node.attributes = (node.attributes & kKind) | (attributes & ~(kKind | kNormal));
 }
 
+// An empty file with these attributes, new or in the place of the one that was there.
+Node& renewedFile(MemoryDisk& disk, const std::string& path, std::uint32_t attributes) {
+  Node& file = *disk.addFile(path);
+  file.bytes = MemoryBytes();
+  setSettable(file, attributes);
+  return file;
+}
+
 void appendFiles(const Node& folder, std::vector<std::string>& paths) {
   if (folder.isLink()) return;
   for (const NodePtr& entry : folder.entries->all()) {
@@ -56,16 +64,12 @@ void MemoryMachine::addFolder(const std::string& path, std::uint32_t attributes)
   setSettable(*disk_.addFolder(path), attributes);
 }
 
-void MemoryMachine::addFile(const std::string& path, std::string contents, std::uint32_t attributes) {
-  addSizedFile(path, 0, attributes);
-  existing(path)->bytes.write(0, contents);
+void MemoryMachine::addFile(const std::string& path, const std::string& contents, std::uint32_t attributes) {
+  renewedFile(disk_, path, attributes).bytes.write(0, contents);
 }
 
 void MemoryMachine::addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes) {
-  const NodePtr file = disk_.addFile(path);
-  file->bytes = MemoryBytes();
-  file->bytes.resize(size);
-  setSettable(*file, attributes);
+  renewedFile(disk_, path, attributes).bytes.resize(size);
 }
 
 std::optional<std::string> MemoryMachine::contents(const std::string& path) const {

@@ -36,9 +36,9 @@ class MemoryMachine final : public platform::Machine {
   platform::Ui& ui() override { return ui_; }
 
   // --- Disk. Missing parents are made. What is already there gets the new contents and attributes.
-  void addDrive(char letter, std::string label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
+  void addDrive(char letter, const std::string& label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
   void addFolder(const std::string& path, std::uint32_t attributes = 0);
-  void addFile(const std::string& path, std::string contents = "", std::uint32_t attributes = kArchive);
+  void addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
   // A file of `size` zeros, of which none are held.
   void addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
   // From now on enumerations give this size for the file, as a folder does that has not heard of the latest writes.

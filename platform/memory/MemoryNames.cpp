@@ -12,10 +12,10 @@ constexpr std::size_t kShortExtension = 3;
 constexpr std::size_t kLongestName = 255;
 
 // The system turns the two wildcards that people know into five, so that "*.*" and "*." keep their DOS meaning.
-constexpr char kAny = '*';       // any characters
-constexpr char kDosAny = '<';    // any characters, but never over the last dot
-constexpr char kDosOne = '>';    // one character, or none before a dot and at the end
-constexpr char kDosDot = '"';    // a dot, or nothing at the end
+constexpr char kAny = '*';     // any characters
+constexpr char kDosAny = '<';  // any characters, but never over the last dot
+constexpr char kDosOne = '>';  // one character, or none before a dot and at the end
+constexpr char kDosDot = '"';  // a dot, or nothing at the end
 constexpr std::string_view kOptional = "*<>\"";
 
 constexpr std::array<char, 256> makeUpperTable() {
@@ -97,9 +97,11 @@ std::string upper(std::string_view text) {
 }
 
 int compareNames(std::string_view a, std::string_view b) {
-  const std::size_t common = std::min(a.size(), b.size());
-  for (std::size_t i = 0; i < common; ++i) {
-    const int difference = static_cast<unsigned char>(upper(a[i])) - static_cast<unsigned char>(upper(b[i]));
+  const char* left = a.data();
+  const char* right = b.data();
+  for (const char* const end = left + std::min(a.size(), b.size()); left != end; ++left, ++right) {
+    if (*left == *right) continue;
+    const int difference = static_cast<unsigned char>(upper(*left)) - static_cast<unsigned char>(upper(*right));
     if (difference != 0) return difference;
   }
   return static_cast<int>(a.size()) - static_cast<int>(b.size());
@@ -114,25 +116,21 @@ bool isShortName(std::string_view name) {
   return std::ranges::all_of(base, isShortLetter) && std::ranges::all_of(extension, isShortLetter);
 }
 
-std::string shortAlias(std::string_view longName, int attempt) {
-  constexpr int kPlainAttempts = 4;
-  constexpr int kDigits = 9;
-
-  const std::size_t start = longName.find_first_not_of(" .");
-  if (start != std::string_view::npos) longName.remove_prefix(start);
+ShortAliases::ShortAliases(std::string_view longName) : checksum_(checksum(longName)) {
+  longName.remove_prefix(std::min(longName.find_first_not_of(" ."), longName.size()));
   const std::size_t dot = longName.rfind('.');
-  const bool hasExtension = dot != std::string_view::npos;
-  const std::string extension = hasExtension ? shortened(longName.substr(dot + 1), kShortExtension) : std::string();
+  base_ = shortened(longName.substr(0, dot), kShortBase - 2);
+  if (dot != std::string_view::npos) extension_ = '.' + shortened(longName.substr(dot + 1), kShortExtension);
+  if (extension_ == ".") extension_.clear();
+}
 
-  std::string alias = shortened(longName.substr(0, dot), kShortBase - 2);
-  if (attempt < kPlainAttempts) {
-    alias += '~' + std::to_string(attempt + 1);
-  } else {
-    const int further = attempt - kPlainAttempts;
-    alias = alias.substr(0, 2) + fourHexDigits(checksum(longName) + static_cast<std::uint32_t>(further / kDigits)) +
-            '~' + std::to_string(further % kDigits + 1);
-  }
-  return extension.empty() ? alias : alias + '.' + extension;
+std::string ShortAliases::operator[](int index) const {
+  constexpr int kPlain = 4;
+  constexpr int kDigits = 9;
+  if (index < kPlain) return base_ + '~' + std::to_string(index + 1) + extension_;
+  const int further = index - kPlain;
+  const std::uint32_t number = checksum_ + static_cast<std::uint32_t>(further / kDigits);
+  return base_.substr(0, 2) + fourHexDigits(number) + '~' + std::to_string(further % kDigits + 1) + extension_;
 }
 
 bool isPlainName(std::string_view name) {
@@ -152,7 +150,6 @@ Wildcards::Wildcards(std::string_view pattern) {
   if (forbidden || kept.size() > kLongestName) return;
   pattern_ = upper(kept);
   single_ = pattern_.find_first_of("*?<>\"") == std::string::npos;
-  if (pattern_ == "*.*") pattern_ = kAny;
 
   for (std::size_t i = 0; i < pattern_.size(); ++i) {
     char& letter = pattern_[i];

@@ -18,11 +18,22 @@ int compareNames(std::string_view a, std::string_view b);
 // Whether the name is short enough, and of the letters, to be its own 8.3 name.
 bool isShortName(std::string_view name);
 
-// The 8.3 alias number `attempt` (0-based) that a long name would get: NAME~1.EXT to NAME~4.EXT, then names with a
-// checksum in them. Which attempt it gets depends on the names already there.
-std::string shortAlias(std::string_view longName, int attempt);
-// How many attempts are worth making before a file goes without an alias.
-inline constexpr int kAliasAttempts = 256;
+// The 8.3 aliases that a long name may get, best first: NAME~1.EXT to NAME~4.EXT, then names with a checksum in them.
+// Which one it gets depends on the names already there.
+class ShortAliases {
+ public:
+  // How many are worth a try before a file goes without one.
+  static constexpr int kCount = 256;
+
+  explicit ShortAliases(std::string_view longName);
+  // `index` from 0 to kCount - 1. In upper case.
+  std::string operator[](int index) const;
+
+ private:
+  std::string base_;
+  std::string extension_;  // with its dot
+  std::uint32_t checksum_;
+};
 
 // Whether a name can be reached by a path: it holds no wildcard and no character that paths give a meaning to.
 bool isPlainName(std::string_view name);

@@ -1,0 +1,92 @@
+#include "platform/win32/Win32Ui.h"
+
+#include <windows.h>
+
+#include "controls/Form.h"
+#include "platform/win32/CommonControls.h"
+#include "platform/win32/FormWindow.h"
+
+namespace platform::win32 {
+namespace {
+
+// Milliseconds between two flushes while a handler runs: often enough for the eye, rare enough for the loop.
+constexpr DWORD kFlushInterval = 50;
+
+// The pointer may rest on one of our windows: lets that window set the shape now, not at the next move.
+void applyPointerAtOnce() {
+  POINT position;
+  if (!GetCursorPos(&position)) return;
+  const HWND under = WindowFromPoint(position);
+  if (under == nullptr || GetWindowThreadProcessId(under, nullptr) != GetCurrentThreadId()) return;
+  const LRESULT part = SendMessageA(under, WM_NCHITTEST, 0, MAKELPARAM(position.x, position.y));
+  SendMessageA(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under), MAKELPARAM(part, WM_MOUSEMOVE));
+}
+
+}  // namespace
+
+Win32Ui::Win32Ui() { startCommonControls(); }
+
+Win32Ui::~Win32Ui() = default;
+
+Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
+  flush();
+  // In the background no window of this thread is active; the box still has to cover the topmost one.
+  HWND owner = GetActiveWindow();
+  if (owner == nullptr && !windows_.empty()) owner = windows_.back()->handle();
+  return static_cast<Answer>(MessageBoxA(owner, text.c_str(), title.c_str(), style));
+}
+
+void Win32Ui::serveEvents() {
+  const DWORD now = GetTickCount();
+  if (now == servedAt_) return;
+  servedAt_ = now;
+  if (now - flushedAt_ >= kFlushInterval) flush();
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
+}
+
+void Win32Ui::setPointer(Pointer pointer) {
+  if (pointer_ == pointer) return;
+  pointer_ = pointer;
+  applyPointerAtOnce();
+}
+
+void Win32Ui::runModal(controls::Form& form, controls::Form* owner) {
+  FormWindow* const over = windowOf(owner);
+  FormWindow& window = *windows_.emplace_back(std::make_unique<FormWindow>(form, over, *this));
+  window.open();
+  while (form.isOpen()) {
+    flush();
+    MSG message;
+    // Not above 0: the thread is asked to end, or there is nothing left to wait for.
+    if (GetMessageA(&message, nullptr, 0, 0) <= 0) end();
+    dispatch(message);
+  }
+  window.leave();
+  windows_.pop_back();
+}
+
+void Win32Ui::end() { ExitProcess(0); }
+
+FormWindow* Win32Ui::windowOf(const controls::Form* form) const {
+  for (const std::unique_ptr<FormWindow>& window : windows_) {
+    if (&window->form() == form) return window.get();
+  }
+  return nullptr;
+}
+
+void Win32Ui::flush() {
+  flushedAt_ = GetTickCount();
+  for (const std::unique_ptr<FormWindow>& window : windows_) window->flush();
+}
+
+void Win32Ui::dispatch(tagMSG& message) {
+  if (message.message == WM_QUIT) end();
+  for (const std::unique_ptr<FormWindow>& window : windows_) {
+    if (window->handleKey(message)) return;
+  }
+  TranslateMessage(&message);
+  DispatchMessageA(&message);
+}
+
+}  // namespace platform::win32
