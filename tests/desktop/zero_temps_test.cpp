@@ -105,7 +105,7 @@ TEST_F(ZeroByteTest, ResultLineOfAnAbortedScanFollowsItsBox) {
   EXPECT_LT(found, kFolders * kFilesEach);
   box.press("OK");
   waitForResultLine(found);
-  EXPECT_TRUE(console().button("Delete Temps").enabled());
+  waitUntil("the tools", [this] { return console().button("Delete Temps").enabled(); });
   EXPECT_TRUE(console().buttonAfter("Internet cache:", "Abort").enabled());
 }
 
@@ -117,7 +117,8 @@ class TempFoldersTest : public ConsoleTest {
   void TearDown() override {
     if (!isStarted_) return;
     for (const char* folder : {kTemp, "C:\\desktop\\temp\\tree"}) {
-      if (exists(folder + std::string("\\link"))) EXPECT_TRUE(support::removeFolderLink(folder, "link"));
+      const bool isThere = exists(folder + std::string("\\link"));
+      EXPECT_TRUE(!isThere || support::removeFolderLink(folder, "link"));
     }
     ConsoleTest::TearDown();
     removeTree(kWindowsTemp);

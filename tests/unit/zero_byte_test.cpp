@@ -180,7 +180,9 @@ TEST_F(ZeroByteFiles, OverflowsAreReportedWithoutAResultLineAndLeaveTheConsoleUs
   find("C:\\Z");
   EXPECT_EQ(form.Label6.caption(), "Results: 0 0 Byte files found in 2 seconds.");
 
-  for (int i = 0; i < 32768; ++i) machine.addFile("C:\\Z\\" + std::to_string(i));
+  machine.whenServing([&] {
+    for (int i = 0; i < 32768; ++i) form.ListView2.add("C:\\Z\\" + std::to_string(i));
+  });
   find("C:\\Z");
   EXPECT_EQ(lastBox(), overflow);
   EXPECT_FALSE(form.Label6.visible());
