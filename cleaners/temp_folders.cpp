@@ -157,7 +157,8 @@ void frmFind::deleteFoundFile(const std::string& path, bool (*isReadOnly)(std::u
                    Answer::kYes) {
     return;
   }
-  if (!FileIsOpen1(file->path)) static_cast<void>(objects.deleteFile(path, force));
+  if (FileIsOpen1(file->path)) return;
+  [[maybe_unused]] const platform::Result<void> passedOver = objects.deleteFile(path, force);
 }
 
 platform::Result<void> frmFind::DelTree(const std::string& path) {

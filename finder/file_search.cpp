@@ -200,8 +200,9 @@ void frmFind::ClearTempSubfolders(std::string& path) {
   if (ListView2.empty()) return;
   for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
     const std::string folder = ListView2.text(i);
+    if (!IsFolder(folder)) continue;
     // What will not go is left, and the next one is tried.
-    if (IsFolder(folder)) static_cast<void>(DelTree(folder));
+    [[maybe_unused]] const platform::Result<void> passedOver = DelTree(folder);
   }
   ListView2.clear();
 }

@@ -1,5 +1,6 @@
 // The zero-byte finder: listing files without a byte, ticking them, and deleting what is ticked.
 #include <limits>
+#include <optional>
 
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
@@ -160,7 +161,7 @@ void frmFind::cmdZeroInvert_Click() {
 
 // "Clear All" says that some row is ticked.
 void frmFind::ListView2_ItemCheck() {
-  if (ListView2.selected()) ListView2.setToolTip(ListView2.text(*ListView2.selected()));
+  if (const std::optional<std::size_t> row = ListView2.selected()) ListView2.setToolTip(ListView2.text(*row));
   updateZeroDelete();
   cmdSelectAll.setCaption(ListView2.tickedCount() > 0 ? kClearAll : kSelectAll);
 }
