@@ -109,6 +109,8 @@ frmFind::frmFind()
   bindShell();
   bindJunkScan();
   bindShredder();
+  bindZeroBytes();
+  bindTempFolders();
 }
 
 void frmFind::bindShell() {

@@ -99,6 +99,7 @@ struct Node {
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
   MemoryBytes bytes;
+  std::optional<std::uint64_t> listedSize;  // what an enumeration gives when it lags behind the file
   std::unique_ptr<FolderEntries> entries;   // of a folder; a link has none of its own
   std::unique_ptr<std::string> linkTarget;  // full path, of a folder that is a link
 

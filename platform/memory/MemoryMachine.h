@@ -41,6 +41,8 @@ class MemoryMachine final : public platform::Machine {
   void addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
   // A file of `size` zeros, of which none are held.
   void addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
+  // From now on enumerations give this size for the file, as a folder does that has not heard of the latest writes.
+  void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
   // A folder that is a link to the folder `target`, which need not exist.
   void addFolderLink(const std::string& path, const std::string& target) { disk_.addLink(path, target); }
   // A file whose name the code page cannot hold; only its 8.3 alias can be used. Empty: it has none.
@@ -87,6 +89,8 @@ class MemoryMachine final : public platform::Machine {
   void setDay(std::string dateText, std::string timeText, float seconds) {
     environment_.setDay(std::move(dateText), std::move(timeText), seconds);
   }
+  // --- Environment variables. There are none at first; case does not matter in names.
+  void setVariable(const std::string& name, const std::string& value) { environment_.setVariable(name, value); }
 
   // --- Version
   void setVersion(const VersionRecord& record) { version_.set(record); }

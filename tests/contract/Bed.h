@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,6 +52,14 @@ class Bed {
 
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
   virtual std::size_t recycledItems() const = 0;
+
+  // Makes a folder that is a link to the folder `target`. Names in the working folder, without blanks.
+  virtual void makeFolderLink(const std::string& path, const std::string& target) = 0;
+  // Whether a program can take a link away. Where the system can only follow links, it cannot.
+  virtual bool letsLinksGo() const = 0;
+
+  // Sets an environment variable of this process; nothing takes it away.
+  virtual void setVariable(const std::string& name, const std::optional<std::string>& value) = 0;
 
   // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
   virtual bool hasShortNames() const = 0;

@@ -33,6 +33,14 @@ class MemoryBed final : public Bed {
 
   void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
   std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    machine_.addFolderLink(path, target);
+  }
+  bool letsLinksGo() const override { return true; }
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    machine_.setVariable(name, value.value_or(""));
+  }
+
   bool hasShortNames() const override { return true; }
 
  private:

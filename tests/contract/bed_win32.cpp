@@ -8,10 +8,12 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <map>
 
 #include "platform/win32/Win32Machine.h"
 #include "tests/contract/Bed.h"
+#include "tests/support/HostLink.h"
 
 namespace contract {
 namespace {
@@ -95,6 +97,10 @@ class Win32Bed final : public Bed {
       CloseHandle(handle);
     }
     SetCurrentDirectoryA(firstFolder_.c_str());
+    for (const std::string& link : links_) {
+      const std::size_t end = link.rfind('\\');
+      require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
+    }
     removeTree(kRoot);
   }
 
@@ -180,6 +186,28 @@ class Win32Bed final : public Bed {
     return static_cast<std::size_t>(info.i64NumItems);
   }
 
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    const std::size_t end = path.rfind('\\');
+    const std::string folder = path.substr(0, end);
+    makeFolders(folder);
+    // One step up for each folder between the working folder and the link.
+    std::string way;
+    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) {
+      way += folder[i] == '\\' ? "..\\" : "";
+    }
+    way += target.substr(std::strlen(kRoot) + 1);
+    require(support::makeFolderLink(folder, path.substr(end + 1), way), "make the link", path);
+    links_.push_back(path);
+  }
+
+  // Wine opens what the link points to, whatever it is asked for.
+  bool letsLinksGo() const override { return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") == nullptr; }
+
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    const BOOL done = SetEnvironmentVariableA(name.c_str(), value ? value->c_str() : nullptr);
+    require(done != FALSE || !value, "set the variable", name);
+  }
+
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
@@ -201,6 +229,7 @@ class Win32Bed final : public Bed {
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;
+  std::vector<std::string> links_;
 };
 
 }  // namespace
