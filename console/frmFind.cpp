@@ -111,6 +111,10 @@ frmFind::frmFind()
   bindShredder();
   bindZeroBytes();
   bindTempFolders();
+  bindLists();
+  bindRestartAndPrefetch();
+  bindPagefile();
+  bindSystemRestore();
 }
 
 void frmFind::bindShell() {

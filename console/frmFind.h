@@ -171,6 +171,23 @@ class frmFind final : public controls::Form {
   // to. Fails as the file objects' DeleteFolder does; what went before the failure is gone.
   platform::Result<void> DelTree(const std::string& path);
 
+  // Registry access by full script paths ("HKEY_CURRENT_USER\Software\"; a closing backslash names a key).
+  // `ReadWriteDelete` is 1 to read, 2 to write.
+  //
+  // Shows the value (1), or writes `RegistryInformation` and says so (2); then, in every mode, deletes the value or key
+  // and says so, or that there was none. Other failures end it without a word. The script shell's RegRead, RegWrite,
+  // RegDelete.
+  void ReadWriteDeleteRegistry(const std::string& registrykey, const std::string& RegistryInformation,
+                               std::int16_t ReadWriteDelete);
+  // Asks whether the index files are to go at the next start; then writes `RegistryInformation` (2 only) and says so. A
+  // failing write is reported as unhandled. The script shell's RegWrite.
+  void ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
+                                std::int16_t ReadWriteDelete);
+  // Stores the value's text in `RegistryInformation` (1 only), which is left as it was on failure. The script shell's
+  // RegRead.
+  void ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
+                                std::int16_t ReadWriteDelete);
+
  protected:
   void formLoad() override;
 
@@ -301,6 +318,22 @@ class frmFind final : public controls::Form {
 
   void bindShredder();
   void cmdFurnace_Click();
+
+  // ---- Registry lists and system settings --------------------------------------------------------------------------
+
+  void bindLists();
+  void cmdMRU_Click();
+  void cmdLists_Click();
+
+  void bindRestartAndPrefetch();
+  void cmdIndex_Click();
+  void cmdPrefetch_Click();
+
+  void bindPagefile();
+  void cmdSwap_Click();
+
+  void bindSystemRestore();
+  void cmdSysrestore_Click();
 
   bool toolRuns_ = false;
 };

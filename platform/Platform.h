@@ -4,6 +4,9 @@
 #include "platform/Environment.h"
 #include "platform/FileObjects.h"
 #include "platform/FileSystem.h"
+#include "platform/ProfileFile.h"
+#include "platform/Registry.h"
+#include "platform/ScriptShell.h"
 #include "platform/Shell.h"
 #include "platform/SystemVersion.h"
 #include "platform/Ui.h"
@@ -17,6 +20,9 @@ class Machine {
   virtual FileSystem& files() = 0;
   virtual FileObjects& fileObjects() = 0;
   virtual Shell& shell() = 0;
+  virtual Registry& registry() = 0;
+  virtual ProfileFile& profiles() = 0;
+  virtual ScriptShell& scriptShell() = 0;
   virtual SystemVersion& version() = 0;
   virtual Environment& environment() = 0;
   virtual Ui& ui() = 0;

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/RuntimeError.h"
+
 namespace platform {
 
 inline constexpr std::uint32_t kShellDelete = 3;
@@ -40,6 +42,9 @@ class Shell {
   virtual std::int32_t fileOperation(const FileOperation& operation) = 0;
   // ShellExecuteA, with GetDesktopWindow where the command asks for it. Gives its result: above 32 on success.
   virtual std::int32_t execute(const ShellCommand& command) = 0;
+  // Starts a command line with a hidden window and does not wait for it. Fails with 53 when there is no such program.
+  // CreateProcessA.
+  virtual Result<void> launchHidden(const std::string& commandLine) = 0;
 };
 
 }  // namespace platform

@@ -14,6 +14,9 @@
 #include "platform/memory/MemoryFaults.h"
 #include "platform/memory/MemoryFileObjects.h"
 #include "platform/memory/MemoryFileSystem.h"
+#include "platform/memory/MemoryProfileFile.h"
+#include "platform/memory/MemoryRegistry.h"
+#include "platform/memory/MemoryScriptShell.h"
 #include "platform/memory/MemoryShell.h"
 #include "platform/memory/MemoryUi.h"
 #include "platform/memory/MemoryVersion.h"
@@ -31,6 +34,9 @@ class MemoryMachine final : public platform::Machine {
   platform::FileSystem& files() override { return files_; }
   platform::FileObjects& fileObjects() override { return fileObjects_; }
   platform::Shell& shell() override { return shell_; }
+  platform::Registry& registry() override { return registry_; }
+  platform::ProfileFile& profiles() override { return profiles_; }
+  platform::ScriptShell& scriptShell() override { return scriptShell_; }
   platform::SystemVersion& version() override { return version_; }
   platform::Environment& environment() override { return environment_; }
   platform::Ui& ui() override { return ui_; }
@@ -109,6 +115,24 @@ class MemoryMachine final : public platform::Machine {
   // --- Shell: what it has been asked for since the start, failed calls too.
   const std::vector<ShellCommand>& shellCommands() const { return shell_.commands(); }
   const std::vector<FileOperation>& fileOperations() const { return shell_.fileOperations(); }
+  const std::vector<std::string>& launches() const { return shell_.launches(); }
+
+  // --- Registry; see MemoryRegistry. Paths begin with a root's short name: "HKCU\Software".
+  void addRegistryKey(const std::string& path) { registry_.addKey(path); }
+  void setRegistryText(const std::string& path, const std::string& name, const std::string& text) {
+    registry_.set(path, name, {kRegistryText, text + '\0'});
+  }
+  void setRegistryNumber(const std::string& path, const std::string& name, std::uint32_t number);
+  void setRegistryValue(const std::string& path, const std::string& name, RegistryValue value) {
+    registry_.set(path, name, std::move(value));
+  }
+  std::optional<RegistryValue> registryValue(const std::string& path, const std::string& name) const {
+    return registry_.value(path, name);
+  }
+  bool hasRegistryKey(const std::string& path) const { return registry_.hasKey(path); }
+  std::vector<std::string> registryContents(const std::string& path) const { return registry_.contents(path); }
+  const std::vector<std::string>& registryCalls() const { return registry_.calls(); }
+  std::size_t openRegistryKeys() const { return registry_.openKeys(); }
 
  private:
   NodePtr existing(const std::string& path) const;
@@ -120,6 +144,9 @@ class MemoryMachine final : public platform::Machine {
   MemoryFileObjects fileObjects_;
   MemoryShell shell_;
   MemoryVersion version_;
+  MemoryRegistry registry_;
+  MemoryProfileFile profiles_;
+  MemoryScriptShell scriptShell_;
   MemoryEnvironment environment_;
   MemoryUi ui_;
   std::map<NodePtr, Handle> locks_;

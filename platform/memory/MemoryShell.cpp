@@ -49,4 +49,10 @@ std::int32_t MemoryShell::execute(const ShellCommand& command) {
   return faults_.strike("execute", kNoAssociation).value_or(kExecuted);
 }
 
+Result<void> MemoryShell::launchHidden(const std::string& commandLine) {
+  launches_.push_back(commandLine);
+  const auto fault = faults_.strike("launchHidden", kFileNotFound);
+  return fault ? failure(*fault) : Result<void>{};
+}
+
 }  // namespace platform::memory

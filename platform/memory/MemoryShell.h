@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "platform/Shell.h"
@@ -19,16 +20,20 @@ class MemoryShell final : public Shell {
   std::int32_t fileOperation(const FileOperation& operation) override;
   // Starts nothing: the command is kept in commands().
   std::int32_t execute(const ShellCommand& command) override;
+  // Starts nothing: the command line is kept in launches().
+  Result<void> launchHidden(const std::string& commandLine) override;
 
   // What has been asked for since the start, failed calls too.
   const std::vector<ShellCommand>& commands() const { return commands_; }
   const std::vector<FileOperation>& fileOperations() const { return fileOperations_; }
+  const std::vector<std::string>& launches() const { return launches_; }
 
  private:
   MemoryDisk& disk_;
   MemoryFaults& faults_;
   std::vector<ShellCommand> commands_;
   std::vector<FileOperation> fileOperations_;
+  std::vector<std::string> launches_;
 };
 
 }  // namespace platform::memory

@@ -31,4 +31,21 @@ std::int32_t Win32Shell::execute(const ShellCommand& command) {
   return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(result));
 }
 
+Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
+  STARTUPINFOA start = {};
+  start.cb = sizeof(start);
+  start.dwFlags = STARTF_USESHOWWINDOW;
+  start.wShowWindow = SW_HIDE;
+  PROCESS_INFORMATION process = {};
+  // The system writes into the command line.
+  std::string writable = commandLine;
+  if (CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
+      FALSE) {
+    return failure(kFileNotFound);
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return {};
+}
+
 }  // namespace platform::win32

@@ -61,6 +61,17 @@ class Bed {
   // Sets an environment variable of this process; nothing takes it away.
   virtual void setVariable(const std::string& name, const std::optional<std::string>& value) = 0;
 
+  // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the bed is made, and
+  // goes with the bed. Paths of the helpers are below HKEY_CURRENT_USER too.
+  virtual std::string keyRoot() const = 0;
+  // Makes a key with its missing parents, and stores a value in it.
+  virtual void makeKey(const std::string& path) = 0;
+  virtual void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                          const std::string& bytes) = 0;
+  virtual bool hasKey(const std::string& path) const = 0;
+  // The bytes of a value; nothing when it is not there.
+  virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
+
   // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
   virtual bool hasShortNames() const = 0;
 };

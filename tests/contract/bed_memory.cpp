@@ -43,6 +43,18 @@ class MemoryBed final : public Bed {
 
   bool hasShortNames() const override { return true; }
 
+  std::string keyRoot() const override { return "Software\\Contract"; }
+  void makeKey(const std::string& path) override { machine_.addRegistryKey("HKCU\\" + path); }
+  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                  const std::string& bytes) override {
+    machine_.setRegistryValue("HKCU\\" + path, name, {type, bytes});
+  }
+  bool hasKey(const std::string& path) const override { return machine_.hasRegistryKey("HKCU\\" + path); }
+  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    const auto value = machine_.registryValue("HKCU\\" + path, name);
+    return value ? std::optional(value->data) : std::nullopt;
+  }
+
  private:
   platform::memory::MemoryMachine machine_;
 };

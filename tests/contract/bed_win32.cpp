@@ -19,6 +19,7 @@ namespace contract {
 namespace {
 
 constexpr const char* kRoot = "C:\\contract";
+constexpr const char* kKeyRoot = "Software\\Contract";
 
 // Ends the program when `done` is false.
 void require(bool done, const char* deed, const std::string& path) {
@@ -83,6 +84,25 @@ HANDLE makeNew(const std::string& path) {
   return file;
 }
 
+void removeKeys(HKEY parent, const std::string& path) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
+    return;
+  }
+  std::array<char, MAX_PATH + 1> name{};
+  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) {
+    removeKeys(key, name.data());
+  }
+  RegCloseKey(key);
+  require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
+}
+
+HKEY makeAndOpenKey(const std::string& path) {
+  HKEY key = nullptr;
+  require(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS, "make the key", path);
+  return key;
+}
+
 class Win32Bed final : public Bed {
  public:
   Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
@@ -90,6 +110,7 @@ class Win32Bed final : public Bed {
       removeTree(kRoot);
     }
     makeFolders(kRoot);
+    removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   ~Win32Bed() override {
@@ -102,6 +123,7 @@ class Win32Bed final : public Bed {
       require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
     }
     removeTree(kRoot);
+    removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   platform::Machine& machine() override { return machine_; }
@@ -217,6 +239,43 @@ class Win32Bed final : public Bed {
     FindClose(enumeration);
     require(DeleteFileA(probe.c_str()) != FALSE, "delete", probe);
     return found.cAlternateFileName[0] != '\0';
+  }
+
+  std::string keyRoot() const override { return kKeyRoot; }
+
+  void makeKey(const std::string& path) override { RegCloseKey(makeAndOpenKey(path)); }
+
+  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                  const std::string& bytes) override {
+    const HKEY key = makeAndOpenKey(path);
+    // What stands behind the bytes must not be taken for a closing NUL.
+    const std::string guarded = bytes + 'x';
+    const LONG code = RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(guarded.data()),
+                                     static_cast<DWORD>(bytes.size()));
+    RegCloseKey(key);
+    require(code == ERROR_SUCCESS, "store the value", name);
+  }
+
+  bool hasKey(const std::string& path) const override {
+    HKEY key = nullptr;
+    const bool isThere = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
+    if (isThere) {
+      RegCloseKey(key);
+    }
+    return isThere;
+  }
+
+  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+      return std::nullopt;
+    }
+    std::string bytes(1000, '\0');
+    DWORD size = bytes.size();
+    const LONG code =
+        RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()), &size);
+    RegCloseKey(key);
+    return code == ERROR_SUCCESS ? std::optional(bytes.substr(0, size)) : std::nullopt;
   }
 
  private:

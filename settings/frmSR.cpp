@@ -1,0 +1,108 @@
+#include "settings/frmSR.h"
+
+#include "platform/Platform.h"
+#include "settings/modRegistry.h"
+#include "settings/toggle_window.h"
+
+using controls::messageBox;
+using controls::Start;
+
+namespace {
+
+constexpr const char* kService = "System Restore Service";
+constexpr const char* kRestoreKey = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore\\";
+constexpr const char* kDriverKey = "SYSTEM\\CurrentControlSet\\Services\\sr\\";
+constexpr const char* kRunOnceKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
+
+// How the filter driver starts.
+constexpr std::int32_t kStartAtBoot = 0;
+constexpr std::int32_t kStartNever = 4;
+
+// The statuses are not looked at: the messages that follow come in any case.
+void writeState(std::int32_t disabled, std::int32_t driverStart) {
+  static_cast<void>(WriteRegistryValue("HKLM", kRestoreKey, "DisableSR", "D", disabled));
+  static_cast<void>(WriteRegistryValue("HKLM", kDriverKey, "Start", "D", driverStart));
+}
+
+void scheduleDeletionOfPoints() {
+  const std::string script = platform::machine().environment().programFolder() + "\\svi.cmd";
+  static_cast<void>(WriteRegistryValue("HKLM", kRunOnceKey, "Delete SVI", "s", script));
+}
+
+void runNet(const std::string& command, const std::string& service) {
+  static_cast<void>(platform::machine().shell().launchHidden("net " + command + " \"" + service + "\""));
+}
+
+}  // namespace
+
+frmSR::frmSR()
+    : Form("Toggle System Restore"),
+      Frame1(*this, "Frame1", Start{}),
+      lblSR(Frame1, "lblSR", Start{.caption = kUnknownSetting}),
+      ListView1(Frame1, "ListView1", Start{.visible = false}, {}),
+      cmdToggle(*this, "cmdToggle",
+                Start{.caption = kToggleCaption, .toolTip = "Toggles Enable/Disable System Restore"}),
+      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
+  cmdToggle.onClick = [this] { cmdToggle_Click(); };
+  cmd_Cancel.onClick = [this] { close(); };
+  setCancelButton(cmd_Cancel);
+}
+
+controls::Box frmSR::layout() {
+  return toggleWindowLayout(Frame1, controls::stack({controls::place(lblSR), controls::place(ListView1)}), cmdToggle,
+                            cmd_Cancel, {});
+}
+
+void frmSR::StopService(const std::string& name) { runNet("stop", name); }
+
+void frmSR::StartService(const std::string& name) { runNet("start", name); }
+
+// The service is started even when the click is going to disable it.
+void frmSR::cmdToggle_Click() {
+  StartService(kService);
+  if (cmdToggle.caption() == kEnableCaption) {
+    enableRestore();
+  } else if (cmdToggle.caption() == kDisableCaption) {
+    disableRestore();
+  }
+}
+
+void frmSR::enableRestore() {
+  writeState(0, kStartAtBoot);
+  messageBox("System Restore has been successfully enabled.", platform::kBoxInformation, "System Restore Enabled");
+  lblSR.setCaption("System Restore is currently enabled.");
+  cmdToggle.disable();
+}
+
+void frmSR::disableRestore() {
+  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
+  if (messageBox("Do you want to delete all existing Restore Points?", kAsk, "Delete Restore Point") ==
+      platform::Answer::kYes) {
+    disableAndDeletePoints();
+  } else {
+    disableAndKeepPoints();
+  }
+}
+
+void frmSR::disableAndDeletePoints() {
+  writeState(1, kStartNever);
+  StopService(kService);
+  scheduleDeletionOfPoints();
+  showDisabled();
+  messageBox(
+      "System Restore has been successfully disabled.\r\n\r\nAll System Restore Points will be deleted on next "
+      "restart.",
+      platform::kBoxInformation);
+}
+
+void frmSR::disableAndKeepPoints() {
+  writeState(1, kStartNever);
+  StopService(kService);
+  messageBox("System Restore has been disabled.", platform::kBoxInformation, "System Restore Disabled");
+  showDisabled();
+}
+
+void frmSR::showDisabled() {
+  lblSR.setCaption("System Restore is currently disabled.");
+  cmdToggle.disable();
+}
