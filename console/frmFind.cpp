@@ -107,6 +107,8 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
+  bindCachePage();
+  bindHistoryRecentBin();
 }
 
 void frmFind::bindShell() {

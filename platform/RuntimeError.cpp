@@ -12,6 +12,7 @@ using NumberAndText = std::pair<std::int32_t, const char*>;
 constexpr std::array kTexts = {
     NumberAndText{kInvalidCall, "Invalid procedure call or argument"},
     NumberAndText{kOverflow, "Overflow"},
+    NumberAndText{kTypeMismatch, "Type mismatch"},
     NumberAndText{kBadFileNumber, "Bad file name or number"},
     NumberAndText{kFileNotFound, "File not found"},
     NumberAndText{kFileAlreadyOpen, "File already open"},

@@ -42,7 +42,10 @@ MemoryMachine::MemoryMachine()
       shell_(disk_, faults_),
       version_(faults_),
       environment_(kProgramFolder, faults_),
-      ui_(faults_) {
+      ui_(faults_),
+      urlCache_(faults_),
+      urlHistory_(faults_),
+      calendar_(faults_) {
   addDrive('C');
   addFolder(kProgramFolder);
   setCurrentFolder(kProgramFolder);

@@ -33,6 +33,15 @@ class MemoryBed final : public Bed {
 
   void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
   std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  // It has never been filled.
+  void emptyCache() override {}
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    machine_.addCachedPage(
+        {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
+  }
+  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
+  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
+
   bool hasShortNames() const override { return true; }
 
  private:

@@ -3,6 +3,8 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
+#include <shlobj.h>
+#include <wininet.h>
 
 #include <algorithm>
 #include <array>
@@ -81,6 +83,27 @@ HANDLE makeNew(const std::string& path) {
   return file;
 }
 
+std::vector<std::string> cachedUrls() {
+  std::vector<std::string> urls;
+  std::vector<char> block(1 << 16);
+  auto* entry = reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data());
+  auto size = static_cast<DWORD>(block.size());
+  const HANDLE walk = FindFirstUrlCacheEntryA(nullptr, entry, &size);
+  if (walk == nullptr) return urls;
+  do {
+    urls.emplace_back(entry->lpszSourceUrlName);
+    size = static_cast<DWORD>(block.size());
+  } while (FindNextUrlCacheEntryA(walk, entry, &size) != FALSE);
+  FindCloseUrlCache(walk);
+  return urls;
+}
+
+std::string recentFolder() {
+  std::array<char, MAX_PATH + 1> folder{};
+  require(SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_RECENT, TRUE) != FALSE, "find", "recent documents");
+  return folder.data();
+}
+
 class Win32Bed final : public Bed {
  public:
   Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
@@ -93,6 +116,9 @@ class Win32Bed final : public Bed {
   ~Win32Bed() override {
     for (const auto& [path, handle] : locks_) {
       CloseHandle(handle);
+    }
+    for (const std::string& url : usedPages_) {
+      UnlockUrlCacheEntryFileA(url.c_str(), 0);
     }
     SetCurrentDirectoryA(firstFolder_.c_str());
     removeTree(kRoot);
@@ -180,6 +206,36 @@ class Win32Bed final : public Bed {
     return static_cast<std::size_t>(info.i64NumItems);
   }
 
+  void emptyCache() override {
+    for (const std::string& url : cachedUrls()) {
+      require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
+    }
+  }
+
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    std::array<char, MAX_PATH + 1> file{};
+    require(CreateUrlCacheEntryA(url.c_str(), 4, "htm", file.data(), 0) != FALSE, "cache", url);
+    makeFile(file.data(), "page");
+    const BOOL done = CommitUrlCacheEntryA(url.c_str(), file.data(), {expires.low, expires.high}, {},
+                                           NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
+    require(done != FALSE, "cache", url);
+  }
+
+  void useCachedPage(const std::string& url) override {
+    std::vector<char> block(1 << 16);
+    auto size = static_cast<DWORD>(block.size());
+    const BOOL done =
+        RetrieveUrlCacheEntryFileA(url.c_str(), reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data()), &size, 0);
+    require(done != FALSE, "read", url);
+    usedPages_.push_back(url);
+  }
+
+  std::size_t recentDocuments() const override {
+    const std::vector<Entry> entries = entriesIn(recentFolder());
+    return static_cast<std::size_t>(
+        std::ranges::count_if(entries, [](const Entry& entry) { return entry.name.ends_with(".lnk"); }));
+  }
+
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
@@ -201,6 +257,7 @@ class Win32Bed final : public Bed {
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;
+  std::vector<std::string> usedPages_;
 };
 
 }  // namespace

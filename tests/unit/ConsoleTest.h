@@ -40,6 +40,13 @@ class ConsoleTest : public testing::Test {
     return all;
   }
 
+  // The texts of the boxes shown so far.
+  std::vector<std::string> boxTexts() const {
+    std::vector<std::string> texts;
+    for (const platform::memory::ShownBox& box : machine.boxes()) texts.push_back(box.text);
+    return texts;
+  }
+
   std::string lastBox() const { return machine.boxes().empty() ? "" : machine.boxes().back().text; }
 };
 
