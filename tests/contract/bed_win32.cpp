@@ -3,7 +3,6 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
-#include <shlobj.h>
 #include <wininet.h>
 
 #include <algorithm>
@@ -98,10 +97,21 @@ std::vector<std::string> cachedUrls() {
   return urls;
 }
 
-std::string recentFolder() {
-  std::array<char, MAX_PATH + 1> folder{};
-  require(SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_RECENT, TRUE) != FALSE, "find", "recent documents");
-  return folder.data();
+// The list's values, beside which one keeps their order.
+std::size_t recentValues() {
+  HKEY key = nullptr;
+  constexpr const char* kList = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs";
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+  std::size_t count = 0;
+  std::array<char, MAX_PATH> name{};
+  auto size = static_cast<DWORD>(name.size());
+  for (DWORD i = 0; RegEnumValueA(key, i, name.data(), &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+       ++i) {
+    if (!std::string(name.data()).starts_with("MRUList")) ++count;
+    size = static_cast<DWORD>(name.size());
+  }
+  RegCloseKey(key);
+  return count;
 }
 
 class Win32Bed final : public Bed {
@@ -230,11 +240,7 @@ class Win32Bed final : public Bed {
     usedPages_.push_back(url);
   }
 
-  std::size_t recentDocuments() const override {
-    const std::vector<Entry> entries = entriesIn(recentFolder());
-    return static_cast<std::size_t>(
-        std::ranges::count_if(entries, [](const Entry& entry) { return entry.name.ends_with(".lnk"); }));
-  }
+  std::size_t recentDocuments() const override { return recentValues(); }
 
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
