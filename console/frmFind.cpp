@@ -115,6 +115,8 @@ frmFind::frmFind()
   bindRestartAndPrefetch();
   bindPagefile();
   bindSystemRestore();
+  bindCachePage();
+  bindHistoryRecentBin();
 }
 
 void frmFind::bindShell() {

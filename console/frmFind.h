@@ -188,6 +188,10 @@ class frmFind final : public controls::Form {
   void ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
                                 std::int16_t ReadWriteDelete);
 
+  // Empties the Recycle Bin of the drive `RecycleBinDrive` ("C:\"), or of all drives when it is empty; when `Slient`
+  // without a question, a progress window and a sound. Gives the shell's answer: 0 on success. SHEmptyRecycleBinA.
+  std::int32_t EmptyRecycleBin(const std::string& RecycleBinDrive = "", bool Slient = false);
+
  protected:
   void formLoad() override;
 
@@ -334,6 +338,33 @@ class frmFind final : public controls::Form {
 
   void bindSystemRestore();
   void cmdSysrestore_Click();
+
+  // ---- Internet cache ----------------------------------------------------------------------------------------------
+
+  void bindCachePage();
+  void Del_Cache_Click();
+  void openCachePage();
+  // Lists the cache's entries in lvCache.
+  void ScanCache();
+  platform::Result<void> listCacheEntries();
+  platform::Result<void> addCacheRow(const std::string& name);
+  void abortCacheScan();
+  void leaveCacheScan();
+  // The cache list's tooltip becomes the text of its selected row.
+  void ShowCacheTip();
+  void cmdCleanCache_Click();
+  void deleteTickedCacheEntries();
+  void leaveEmptyCachePage();
+  void cmdSelect_Click();
+  void cmdCacheInvert_Click();
+  void lvCache_ItemCheck();
+
+  // ---- History, recent documents, Recycle Bin ----------------------------------------------------------------------
+
+  void bindHistoryRecentBin();
+  void Del_History_Click();
+  void Del_Recent_Click();
+  void Del_Recycle_Click();
 
   bool toolRuns_ = false;
 };

@@ -181,6 +181,9 @@ class MemoryDisk {
   DiskResult<void> recycle(const NodePtr& node);
   // Where the things in the Recycle Bin came from (full paths), in the order deleted.
   std::vector<std::string> recycleBin() const;
+  // Empties the Recycle Bin of the drive that `root` begins with, of all drives when it is empty; gives how many things
+  // lay in it.
+  std::size_t emptyRecycleBin(std::string_view root);
 
  private:
   struct DriveState {

@@ -6,9 +6,11 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryCalendar.h"
 #include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryEnvironment.h"
 #include "platform/memory/MemoryFaults.h"
@@ -19,6 +21,8 @@
 #include "platform/memory/MemoryScriptShell.h"
 #include "platform/memory/MemoryShell.h"
 #include "platform/memory/MemoryUi.h"
+#include "platform/memory/MemoryUrlCache.h"
+#include "platform/memory/MemoryUrlHistory.h"
 #include "platform/memory/MemoryVersion.h"
 
 namespace platform::memory {
@@ -40,6 +44,9 @@ class MemoryMachine final : public platform::Machine {
   platform::SystemVersion& version() override { return version_; }
   platform::Environment& environment() override { return environment_; }
   platform::Ui& ui() override { return ui_; }
+  platform::UrlCache& urlCache() override { return urlCache_; }
+  platform::UrlHistory& urlHistory() override { return urlHistory_; }
+  platform::Calendar& calendar() override { return calendar_; }
 
   // --- Disk. Missing parents are made. What is already there gets the new contents and attributes.
   void addDrive(char letter, const std::string& label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
@@ -78,7 +85,10 @@ class MemoryMachine final : public platform::Machine {
   // From now on writes are carried out but not noted, for runs that write more than fits into memory.
   void forgetWrites() { disk_.forgetWrites(); }
   // The handles, enumerations and file numbers that the program has not closed.
-  std::size_t openHandles() const { return disk_.openFiles() - locks_.size() + files_.openEnumerations(); }
+  std::size_t openHandles() const {
+    return disk_.openFiles() - locks_.size() + files_.openEnumerations() + urlCache_.openEnumerations() +
+           urlHistory_.liveObjects();
+  }
 
   // --- Faults. The n-th next call (1-based) of an operation, named as in its interface ("findFirstFile"), fails once.
   // `number` is the failure it gives; without it the operation's usual one. A closing that fails still closes.
@@ -134,6 +144,20 @@ class MemoryMachine final : public platform::Machine {
   const std::vector<std::string>& registryCalls() const { return registry_.calls(); }
   std::size_t openRegistryKeys() const { return registry_.openKeys(); }
 
+  const std::vector<BinEmptying>& binEmptyings() const { return shell_.binEmptyings(); }
+  // The list of recently used documents, by path, in the order of their use.
+  void useDocument(const std::string& path) { shell_.addToRecentDocs(kRecentByPath, path); }
+  const std::vector<std::string>& recentDocuments() const { return shell_.recentDocuments(); }
+
+  // --- The browser's cache and history; see MemoryUrlCache.
+  void addCachedPage(CachedPage page) { urlCache_.add(std::move(page)); }
+  void useCachedPage(const std::string& url) { urlCache_.use(url); }
+  std::vector<std::string> cachedUrls() const { return urlCache_.urls(); }
+  std::size_t memoryBlocks() const { return urlCache_.blocks(); }
+  void visit(const std::string& url) { urlHistory_.visit(url); }
+  const std::vector<std::string>& visitedUrls() const { return urlHistory_.visited(); }
+  void unregisterUrlHistory() { urlHistory_.unregister(); }
+
  private:
   NodePtr existing(const std::string& path) const;
   NodePtr existingFolder(const std::string& path) const;
@@ -149,6 +173,9 @@ class MemoryMachine final : public platform::Machine {
   MemoryScriptShell scriptShell_;
   MemoryEnvironment environment_;
   MemoryUi ui_;
+  MemoryUrlCache urlCache_;
+  MemoryUrlHistory urlHistory_;
+  MemoryCalendar calendar_;
   std::map<NodePtr, Handle> locks_;
 };
 

@@ -72,6 +72,15 @@ class Bed {
   // The bytes of a value; nothing when it is not there.
   virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
 
+  // Takes everything out of the Internet cache.
+  virtual void emptyCache() = 0;
+  // Puts a page with a file of its own into the Internet cache.
+  virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
+  // Another program reads the page, until the bed's end.
+  virtual void useCachedPage(const std::string& url) = 0;
+  // How many documents are on the list of recently used ones.
+  virtual std::size_t recentDocuments() const = 0;
+
   // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
   virtual bool hasShortNames() const = 0;
 };

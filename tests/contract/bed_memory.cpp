@@ -40,6 +40,14 @@ class MemoryBed final : public Bed {
   void setVariable(const std::string& name, const std::optional<std::string>& value) override {
     machine_.setVariable(name, value.value_or(""));
   }
+  // It has never been filled.
+  void emptyCache() override {}
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    machine_.addCachedPage(
+        {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
+  }
+  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
+  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
 
   bool hasShortNames() const override { return true; }
 

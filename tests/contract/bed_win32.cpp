@@ -3,6 +3,7 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
+#include <wininet.h>
 
 #include <algorithm>
 #include <array>
@@ -103,6 +104,38 @@ HKEY makeAndOpenKey(const std::string& path) {
   return key;
 }
 
+std::vector<std::string> cachedUrls() {
+  std::vector<std::string> urls;
+  std::vector<char> block(1 << 16);
+  auto* entry = reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data());
+  auto size = static_cast<DWORD>(block.size());
+  const HANDLE walk = FindFirstUrlCacheEntryA(nullptr, entry, &size);
+  if (walk == nullptr) return urls;
+  do {
+    urls.emplace_back(entry->lpszSourceUrlName);
+    size = static_cast<DWORD>(block.size());
+  } while (FindNextUrlCacheEntryA(walk, entry, &size) != FALSE);
+  FindCloseUrlCache(walk);
+  return urls;
+}
+
+// The list's values, beside which one keeps their order.
+std::size_t recentValues() {
+  HKEY key = nullptr;
+  constexpr const char* kList = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs";
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+  std::size_t count = 0;
+  std::array<char, MAX_PATH> name{};
+  auto size = static_cast<DWORD>(name.size());
+  for (DWORD i = 0; RegEnumValueA(key, i, name.data(), &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+       ++i) {
+    if (!std::string(name.data()).starts_with("MRUList")) ++count;
+    size = static_cast<DWORD>(name.size());
+  }
+  RegCloseKey(key);
+  return count;
+}
+
 class Win32Bed final : public Bed {
  public:
   Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
@@ -116,6 +149,9 @@ class Win32Bed final : public Bed {
   ~Win32Bed() override {
     for (const auto& [path, handle] : locks_) {
       CloseHandle(handle);
+    }
+    for (const std::string& url : usedPages_) {
+      UnlockUrlCacheEntryFileA(url.c_str(), 0);
     }
     SetCurrentDirectoryA(firstFolder_.c_str());
     for (const std::string& link : links_) {
@@ -230,6 +266,32 @@ class Win32Bed final : public Bed {
     require(done != FALSE || !value, "set the variable", name);
   }
 
+  void emptyCache() override {
+    for (const std::string& url : cachedUrls()) {
+      require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
+    }
+  }
+
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    std::array<char, MAX_PATH + 1> file{};
+    require(CreateUrlCacheEntryA(url.c_str(), 4, "htm", file.data(), 0) != FALSE, "cache", url);
+    makeFile(file.data(), "page");
+    const BOOL done = CommitUrlCacheEntryA(url.c_str(), file.data(), {expires.low, expires.high}, {},
+                                           NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
+    require(done != FALSE, "cache", url);
+  }
+
+  void useCachedPage(const std::string& url) override {
+    std::vector<char> block(1 << 16);
+    auto size = static_cast<DWORD>(block.size());
+    const BOOL done =
+        RetrieveUrlCacheEntryFileA(url.c_str(), reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data()), &size, 0);
+    require(done != FALSE, "read", url);
+    usedPages_.push_back(url);
+  }
+
+  std::size_t recentDocuments() const override { return recentValues(); }
+
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
@@ -289,6 +351,7 @@ class Win32Bed final : public Bed {
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;
   std::vector<std::string> links_;
+  std::vector<std::string> usedPages_;
 };
 
 }  // namespace
