@@ -193,6 +193,8 @@ TEST_F(ConsoleTest, TooltipsShowAtThePointer) {
 // Tab goes through the tools, then what is chosen before a scan, then its results, and comes round.
 TEST_F(ConsoleTest, TabVisitsEveryUsableControlOnceInReadingOrder) {
   std::vector<std::string> visited;
+  // A window that has just come up hands the keyboard on to a control a moment later.
+  waitUntil("a control to have the keyboard", [this] { return program().focused().text() != kConsoleTitle; });
   const HWND first = program().focused().handle();
   do {
     const Control now = program().focused();
