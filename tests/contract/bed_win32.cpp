@@ -17,6 +17,7 @@ namespace contract {
 namespace {
 
 constexpr const char* kRoot = "C:\\contract";
+constexpr const char* kOnOtherDrive = "D:\\contract";
 
 // Ends the program when `done` is false.
 void require(bool done, const char* deed, const std::string& path) {
@@ -95,12 +96,20 @@ class Win32Bed final : public Bed {
       CloseHandle(handle);
     }
     SetCurrentDirectoryA(firstFolder_.c_str());
+    if (isThere(kOnOtherDrive)) {
+      removeTree(kOnOtherDrive);
+    }
     removeTree(kRoot);
   }
 
   platform::Machine& machine() override { return machine_; }
 
   std::string root() const override { return kRoot; }
+
+  std::string onOtherDrive() override {
+    makeFolders(kOnOtherDrive);
+    return kOnOtherDrive;
+  }
 
   void makeFolder(const std::string& path) override { makeFolders(path); }
 
