@@ -85,7 +85,8 @@ class Demonstration {
     shows(resultLine());
     for (const Row& row : list().rows())
       shows(row.size + std::string(12 - std::min<std::size_t>(row.size.size(), 11), ' ') + row.path);
-    expect(!isListed("Protected\\ntuser.bak") && !isListed("Protected\\SAM.bak"), "protected backups are not listed");
+    expect(!isListed("Protected\\ntuser.bak") && !isListed("Protected\\Registry\\SAM.bak"),
+           "protected backups are not listed");
     expect(isListed("Protected\\sam.BAK"), "a name that only looks protected is listed");
     expect(isListed("Pictures\\Thumbs.db") && !isListed("Pictures\\album.db"), "of .db files only Thumbs.db is listed");
     expect(!isListed("Documents\\letter to the bank.txt"), "documents are not listed");
