@@ -33,4 +33,23 @@ std::string Win32Environment::upperCase(std::string_view text) {
   return result;
 }
 
+std::string Win32Environment::dateText() {
+  std::array<char, 256> text{};
+  GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, text.data(), text.size());
+  return text.data();
+}
+
+std::string Win32Environment::timeText() {
+  std::array<char, 256> text{};
+  GetTimeFormatA(LOCALE_USER_DEFAULT, 0, nullptr, nullptr, text.data(), text.size());
+  return text.data();
+}
+
+float Win32Environment::secondsSinceMidnight() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  const int milliseconds = ((now.wHour * 60 + now.wMinute) * 60 + now.wSecond) * 1000 + now.wMilliseconds;
+  return static_cast<float>(milliseconds / 1000.0);
+}
+
 }  // namespace platform::win32

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Environment.h"
+#include "platform/UniformSequence.h"
 
 namespace platform::win32 {
 
@@ -11,6 +12,13 @@ class Win32Environment final : public Environment {
   std::string programFolder() override;
   std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
+  std::string dateText() override;
+  std::string timeText() override;
+  float secondsSinceMidnight() override;
+  double nextUniform() override { return uniform_.next(); }
+
+ private:
+  UniformSequence uniform_;
 };
 
 }  // namespace platform::win32

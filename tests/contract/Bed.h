@@ -24,6 +24,8 @@ class Bed {
 
   // The working folder, without a closing backslash ("C:\contract"). It exists and is empty when the bed is made.
   virtual std::string root() const = 0;
+  // A folder on another drive ("D:\contract"), which comes, empty, when it is first asked for and goes with the bed.
+  virtual std::string onOtherDrive() = 0;
 
   // Makes a folder and its missing parents.
   virtual void makeFolder(const std::string& path) = 0;

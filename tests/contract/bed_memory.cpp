@@ -16,6 +16,11 @@ class MemoryBed final : public Bed {
 
   platform::Machine& machine() override { return machine_; }
   std::string root() const override { return kRoot; }
+  std::string onOtherDrive() override {
+    machine_.addDrive('D');
+    machine_.addFolder("D:\\contract");
+    return "D:\\contract";
+  }
 
   void makeFolder(const std::string& path) override { machine_.addFolder(path); }
   void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }

@@ -21,6 +21,7 @@ namespace {
 
 constexpr const char* kRoot = "C:\\contract";
 constexpr const char* kKeyRoot = "Software\\Contract";
+constexpr const char* kOnOtherDrive = "D:\\contract";
 
 // Ends the program when `done` is false.
 void require(bool done, const char* deed, const std::string& path) {
@@ -158,6 +159,9 @@ class Win32Bed final : public Bed {
       const std::size_t end = link.rfind('\\');
       require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
     }
+    if (isThere(kOnOtherDrive)) {
+      removeTree(kOnOtherDrive);
+    }
     removeTree(kRoot);
     removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
@@ -165,6 +169,11 @@ class Win32Bed final : public Bed {
   platform::Machine& machine() override { return machine_; }
 
   std::string root() const override { return kRoot; }
+
+  std::string onOtherDrive() override {
+    makeFolders(kOnOtherDrive);
+    return kOnOtherDrive;
+  }
 
   void makeFolder(const std::string& path) override { makeFolders(path); }
 
