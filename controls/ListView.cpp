@@ -29,8 +29,11 @@ void ListView::remove(std::size_t index) {
   forget(row);
   rows_.remove(index);
   if (wasTicked) --tickedCount_;
-  if (selected_ == index) selected_.reset();
-  if (selected_ > index) --*selected_;
+  if (selected_ == index) {
+    selected_.reset();
+  } else if (selected_ && *selected_ > index) {
+    selected_ = *selected_ - 1;
+  }
   notify(Change::kRows);
   if (wasTicked) raiseItemCheck();
 }

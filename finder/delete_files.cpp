@@ -184,7 +184,7 @@ void frmFind::wipeTickedRows() {
   {
     UntickedRowsAside chosen(ListView1);
     // The first file is wiped ahead of the walk, and what goes wrong with it is passed over.
-    static_cast<void>(DeleteFile(ListView1.text(0)));
+    [[maybe_unused]] const platform::Result<void> passedOver = DeleteFile(ListView1.text(0));
     finished = true;
     for (std::size_t i = ListView1.rowCount(); i-- > 0 && finished;) {
       const std::string path = ListView1.text(i);

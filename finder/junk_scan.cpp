@@ -1,5 +1,6 @@
 // The junk scan: file types and own extensions, the scan itself, and ticking what it has found.
 #include <algorithm>
+#include <optional>
 
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
@@ -226,7 +227,8 @@ void frmFind::ListView1_ItemCheck() {
 }
 
 void frmFind::ListView1_ItemClick() {
-  if (ListView1.selected()) ListView1.setToolTip(ListView1.text(*ListView1.selected()));
+  const std::optional<std::size_t> clicked = ListView1.selected();
+  if (clicked) ListView1.setToolTip(ListView1.text(*clicked));
 }
 
 void frmFind::setDeletionChoiceEnabled(bool enabled) { setEnabled(enabled, {&optRecycle, &optWipe}); }

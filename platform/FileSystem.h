@@ -103,12 +103,12 @@ class FileSystem {
 
   // Opens `path` for binary reading and writing, shared, in place (nothing is cut), under the file number `number`
   // (1 to 511) with its position on the first byte; a missing file is created. Fails with 52 (bad number), 55 (number
-  // in use), 70 or 75 (no access), 76 (no such folder). CreateFileA with OPEN_ALWAYS.
+  // in use), 68 (drive not ready), 70 or 75 (no access), 76 (no such folder). CreateFileA with OPEN_ALWAYS.
   virtual Result<void> openBinary(int number, const std::string& path) = 0;
   // Writes at the current position and moves it behind the written bytes. Fails with 52 when the number is not open,
   // 61 when the disk is full, 70 when the write is refused. WriteFile.
   virtual Result<void> putBytes(int number, std::string_view bytes) = 0;
-  // The same at the 1-based byte position `position`. SetFilePointer, WriteFile.
+  // The same at the 1-based byte position `position`; 0 fails with 5. SetFilePointer, WriteFile.
   virtual Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) = 0;
   // Closes the file number; a number that is not open is no failure. CloseHandle.
   virtual void closeFile(int number) = 0;

@@ -54,7 +54,7 @@ put 'Pictures/album.db' 9216
 
 # Names that a scan leaves alone, and names that only look like them.
 put 'Protected/ntuser.bak' 1200
-put 'Protected/SAM.bak' 1200
+put 'Protected/Registry/SAM.bak' 1200
 put 'Protected/sam.BAK' 1200
 put 'Protected/MYOB.bak' 1200
 

@@ -14,7 +14,7 @@ PACKAGES=(
   g++-mingw-w64-i686-win32 g++-mingw-w64-i686-posix binutils-mingw-w64-i686 gcc-mingw-w64-i686-win32
   gcc-mingw-w64-i686-posix mingw-w64-i686-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  clang-format clang-tidy
+  clang-format clang-tidy-19
   wine wine64 wine32:i386 fonts-wine
   xvfb xauth x11-apps x11-utils xdotool imagemagick
   fonts-liberation fonts-dejavu-core

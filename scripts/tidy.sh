@@ -12,5 +12,5 @@ if (($# == 0)); then
   set -- "${files[@]}"
 fi
 # A file that fails, or crashes the tool, must not keep the rest from being read.
-printf '%s\0' "$@" | xargs -0 -r -n 1 -P "$(nproc)" sh -c 'clang-tidy -p build/native --quiet "$0" || exit 1' 2> >(
+printf '%s\0' "$@" | xargs -0 -r -n 1 -P "$(nproc)" sh -c 'clang-tidy-19 -p build/native --quiet "$0" || exit 1' 2> >(
   grep -vE 'warnings? generated|Suppressed|Use -header-filter|^$' >&2)

@@ -124,7 +124,7 @@ NodePtr MemoryDisk::addNode(FullPath path, bool folder) {
     return *found;
   }
   if (path.parts.empty()) mistake("no such drive", path.text());
-  const NodePtr node = makeNode(path.parts.back(), folder);
+  NodePtr node = makeNode(path.parts.back(), folder);
   path.parts.pop_back();
   DiskResult<NodePtr> parent = walk(path, Last::kFollowLink, Ready::kNoMatter, kMaxLinks);
   if (!parent) parent = addNode(path, true);

@@ -68,7 +68,8 @@ void MemoryUi::serveEvents() {
   if (!queued_.empty()) takeFirst(queued_)();
   if (inAlways_) return;
   const Raised raised(inAlways_);
-  for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();
+  // By index: an action may add another, which ends the life of iterators.
+  for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();  // NOLINT(modernize-loop-convert)
 }
 
 void MemoryUi::runModal(controls::Form& form, controls::Form*) {

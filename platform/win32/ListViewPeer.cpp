@@ -17,8 +17,8 @@ NativeWindow nativeList(bool asks) {
 // Text that a native structure holds but does not write to.
 char* asNative(const std::string& text) { return const_cast<char*>(text.c_str()); }
 
-int selectedItem(HWND list) {
-  return static_cast<int>(SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+bool isSelected(HWND list, int item) {
+  return SendMessageA(list, LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_SELECTED) != 0;
 }
 
 }  // namespace
@@ -73,8 +73,11 @@ void ListViewPeer::showValue() {
 
 // Rows that come after an emptying are seen from the first one on, wherever the old ones were scrolled to.
 void ListViewPeer::showRowCount() {
-  if (emptied_) SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
-  emptied_ = false;
+  if (emptied_) {
+    SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
+    shownSelection_.reset();
+    emptied_ = false;
+  }
   const int count = static_cast<int>(list_.rowCount());
   if (count == SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0)) return;
   if (asks_) {
@@ -99,16 +102,16 @@ void ListViewPeer::storeRows(int count) {
   }
 }
 
+// The native list is never asked which row it has selected: it would look at every one of them.
 void ListViewPeer::showSelection() {
-  const int shown = selectedItem(handle());
-  const int wanted = list_.selected() ? static_cast<int>(*list_.selected()) : -1;
-  if (shown == wanted) return;
+  if (list_.selected() == shownSelection_) return;
+  const std::size_t row = list_.selected() ? *list_.selected() : *shownSelection_;
   LVITEMA item = {};
-  item.stateMask = wanted < 0 ? LVIS_SELECTED : LVIS_SELECTED | LVIS_FOCUSED;
-  item.state = wanted < 0 ? 0 : item.stateMask;
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  item.state = list_.selected() ? item.stateMask : 0;
+  shownSelection_ = list_.selected();
   showingSelection_ = true;
-  SendMessageA(handle(), LVM_SETITEMSTATE, static_cast<WPARAM>(wanted < 0 ? shown : wanted),
-               reinterpret_cast<LPARAM>(&item));
+  SendMessageA(handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
   showingSelection_ = false;
 }
 
@@ -146,9 +149,6 @@ LRESULT ListViewPeer::onNotify(NMHDR& header) {
     case LVN_ITEMCHANGED:
       selectedByKeyboard(reinterpret_cast<const NMLISTVIEW&>(header));
       break;
-    case LVN_KEYDOWN:
-      keyDown(reinterpret_cast<const NMLVKEYDOWN&>(header));
-      break;
     case LVN_ODFINDITEMA:
       return -1;
     default:
@@ -178,18 +178,25 @@ void ListViewPeer::answer(LVITEMA& question) const {
 void ListViewPeer::selectedByKeyboard(const NMLISTVIEW& change) {
   const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
   if (!selected || inMouseDown_ || showingSelection_) return;
-  list_.clickRow(rowOf(change.iItem));
+  clickRow(rowOf(change.iItem));
 }
 
-void ListViewPeer::keyDown(const NMLVKEYDOWN& key) {
-  if (key.wVKey != VK_SPACE || !list_.checkBoxes()) return;
+void ListViewPeer::clickRow(std::size_t row) {
+  shownSelection_ = row;
+  list_.clickRow(row);
+}
+
+// The native list would select the row once more, and with many rows it takes its time for that.
+LRESULT ListViewPeer::tickFocused() {
   const LRESULT item = SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
   list_.clickTick(rowOf(static_cast<int>(item)));
+  return 0;
 }
 
 LRESULT CALLBACK ListViewPeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   ListViewPeer& peer = peerOf<ListViewPeer>(window);
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) return peer.mouseDown(message, first, second);
+  if (message == WM_KEYDOWN && first == VK_SPACE && peer.list_.checkBoxes()) return peer.tickFocused();
   return CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
 }
 
@@ -206,8 +213,7 @@ LRESULT ListViewPeer::mouseDown(UINT message, WPARAM first, LPARAM second) {
   inMouseDown_ = true;
   const LRESULT result = CallWindowProcA(nativeProcedure_, handle(), message, first, second);
   inMouseDown_ = false;
-  const int item = selectedItem(handle());
-  if (item >= 0 && item == hit.iItem) list_.clickRow(rowOf(item));
+  if (hit.iItem >= 0 && isSelected(handle(), hit.iItem)) clickRow(rowOf(hit.iItem));
   return result;
 }
 

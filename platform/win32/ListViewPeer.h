@@ -2,6 +2,8 @@
 // Library versions before 4.70 have no such lists; there the rows are stored, without their texts.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "controls/ListView.h"
@@ -25,6 +27,7 @@ class ListViewPeer final : public ControlPeer {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
   LRESULT mouseDown(UINT message, WPARAM first, LPARAM second);
+  LRESULT tickFocused();
 
   void addColumns();
   void shareOutColumns();
@@ -33,7 +36,7 @@ class ListViewPeer final : public ControlPeer {
   void showSelection();
   void answer(LVITEMA& question) const;
   void selectedByKeyboard(const NMLISTVIEW& change);
-  void keyDown(const NMLVKEYDOWN& key);
+  void clickRow(std::size_t row);
   // The control's row for a native item; rowCount() when there is none.
   std::size_t rowOf(int item) const;
 
@@ -41,10 +44,11 @@ class ListViewPeer final : public ControlPeer {
   bool asks_;  // the native list asks for its rows
   WNDPROC nativeProcedure_ = nullptr;
   HIMAGELIST tickPictures_ = nullptr;
-  std::vector<int> sharedWidths_;  // the columns' widths as last shared out, in pixels
-  std::size_t rowsSeen_ = 0;       // rows at the last change
-  bool onlyGrown_ = true;          // nothing but new rows since the last flush
-  bool emptied_ = false;           // there was no row at some time since the last flush
+  std::vector<int> sharedWidths_;              // the columns' widths as last shared out, in pixels
+  std::size_t rowsSeen_ = 0;                   // rows at the last change
+  std::optional<std::size_t> shownSelection_;  // as the native list has it
+  bool onlyGrown_ = true;                      // nothing but new rows since the last flush
+  bool emptied_ = false;                       // there was no row at some time since the last flush
   bool inMouseDown_ = false;
   bool showingSelection_ = false;
 };

@@ -404,9 +404,9 @@ std::string Window::toolTipOf(const Control& control) const {
   // Two pixels from the window's corner there is nothing to tell about.
   movePointer({inner.left + 2, inner.top + 2});
   waitUntil("the last tooltip to go", [process] { return visibleToolTip(process) == nullptr; });
-  movePointer(control.centre());
   const DWORD start = GetTickCount();
   while (GetTickCount() - start < kToolTipLimit) {
+    if (!isPointerAt(control.centre())) movePointer(control.centre());
     const HWND toolTip = visibleToolTip(process);
     if (toolTip != nullptr) return askedText(toolTip);
     Sleep(10);

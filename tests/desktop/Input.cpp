@@ -1,6 +1,7 @@
 #include "tests/desktop/Input.h"
 
 #include <cstdio>
+#include <vector>
 
 namespace desktop {
 namespace {
@@ -12,18 +13,29 @@ constexpr DWORD kScreenshotLimit = 10000;
 // The scripts that serve screenshots answer here.
 constexpr const char* kAnswerFolder = "C:\\demo\\";
 
-// All presses bear the same time: how busy this machine is must not tell a double click from two single ones.
-void pressButton(int times) {
+// The coordinate for absolute input, which counts 65536 steps across the screen and is rounded down to pixels.
+LONG absolute(LONG pixel, int screenLength) {
+  constexpr LONG kSteps = 65536;
+  return (pixel * kSteps + screenLength - 1) / screenLength;
+}
+
+// All presses bear the place and the same time: neither a pointer that the system moves late, nor how busy this machine
+// is, may turn them into other clicks.
+void press(POINT point, int times) {
+  std::vector<INPUT> inputs;
   const DWORD now = GetTickCount();
   for (int i = 0; i < times; ++i) {
     for (const DWORD change : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
       INPUT input = {};
       input.type = INPUT_MOUSE;
-      input.mi.dwFlags = change;
+      input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | change;
+      input.mi.dx = absolute(point.x, GetSystemMetrics(SM_CXSCREEN));
+      input.mi.dy = absolute(point.y, GetSystemMetrics(SM_CYSCREEN));
       input.mi.time = now;
-      SendInput(1, &input, sizeof(input));
+      inputs.push_back(input);
     }
   }
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
 }  // namespace
@@ -37,18 +49,26 @@ void waitUntil(const std::string& what, const std::function<bool()>& condition, 
 }
 
 void movePointer(POINT point) {
-  SetCursorPos(point.x, point.y);
-  Sleep(kPointerSettles);
+  waitUntil("the pointer to stay", [point] {
+    SetCursorPos(point.x, point.y);
+    Sleep(kPointerSettles);
+    return isPointerAt(point);
+  });
+}
+
+bool isPointerAt(POINT point) {
+  POINT now = {};
+  return GetCursorPos(&now) && now.x == point.x && now.y == point.y;
 }
 
 void clickAt(POINT point) {
   movePointer(point);
-  pressButton(1);
+  press(point, 1);
 }
 
 void doubleClickAt(POINT point) {
   movePointer(point);
-  pressButton(2);
+  press(point, 2);
 }
 
 void pressKey(BYTE key, BYTE held) {

@@ -24,6 +24,7 @@ void waitUntil(const std::string& what, const std::function<bool()>& condition, 
 
 // Screen coordinates. Moves the pointer there; the click is pressed and released there.
 void movePointer(POINT point);
+bool isPointerAt(POINT point);
 void clickAt(POINT point);
 void doubleClickAt(POINT point);
 

@@ -26,7 +26,14 @@ void step(const std::string& text) {
   say(std::to_string(++number) + ". " + text);
 }
 
-void shows(const std::string& text) { say("   " + text); }
+// Every line of the text, indented.
+void shows(std::string text) {
+  std::erase(text, '\r');
+  for (std::size_t end = text.find('\n'); end != std::string::npos; end = text.find('\n', end + 1)) {
+    text.insert(end + 1, "   ");
+  }
+  say("   " + text);
+}
 
 void expect(bool holds, const std::string& what) {
   if (!holds) throw Failed("not so: " + what);
@@ -78,10 +85,12 @@ class Demonstration {
     shows(resultLine());
     for (const Row& row : list().rows())
       shows(row.size + std::string(12 - std::min<std::size_t>(row.size.size(), 11), ' ') + row.path);
-    expect(!isListed("Protected\\ntuser.bak") && !isListed("Protected\\SAM.bak"), "protected backups are not listed");
+    expect(!isListed("Protected\\ntuser.bak") && !isListed("Protected\\Registry\\SAM.bak"),
+           "protected backups are not listed");
     expect(isListed("Protected\\sam.BAK"), "a name that only looks protected is listed");
     expect(isListed("Pictures\\Thumbs.db") && !isListed("Pictures\\album.db"), "of .db files only Thumbs.db is listed");
     expect(!isListed("Documents\\letter to the bank.txt"), "documents are not listed");
+    expect(!isListed("Hidden system\\not to be found.bak"), "a hidden system folder is not searched");
     screenshot("2-scanned");
   }
 

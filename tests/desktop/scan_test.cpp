@@ -149,7 +149,7 @@ TEST_F(ConsoleTest, AbortStopsALongScanAtOnce) {
   const Control abort = console().button("Abort Scan");
   console().button("Scan").click();
   waitUntil("the abort button", [&abort] { return abort.visible(); });
-  waitUntil("the first rows", [&] { return junk().rowCount() > 0; });
+  waitUntil("the rows of two folders", [&] { return junk().rowCount() > 2 * kFilesEach; });
   EXPECT_FALSE(console().button("Delete Files").enabled());
   EXPECT_FALSE(console().button("Shredder").enabled());
   EXPECT_FALSE(console().checkBox(".bak").enabled());

@@ -1,19 +1,15 @@
 // A loaded console on an in-memory machine.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "console/frmFind.h"
-#include "platform/memory/MemoryMachine.h"
+#include "tests/support/MachineTest.h"
 
-class ConsoleTest : public testing::Test {
+class ConsoleTest : public MachineTest {
  protected:
-  platform::memory::MemoryMachine machine;
-  platform::Use use{machine};
   frmFind form;
 
   void SetUp() override { form.load(); }
@@ -40,14 +36,7 @@ class ConsoleTest : public testing::Test {
     return all;
   }
 
-  // The texts of the boxes shown so far.
-  std::vector<std::string> boxTexts() const {
-    std::vector<std::string> texts;
-    for (const platform::memory::ShownBox& box : machine.boxes()) texts.push_back(box.text);
-    return texts;
-  }
-
-  std::string lastBox() const { return machine.boxes().empty() ? "" : machine.boxes().back().text; }
+  std::string lastBox() const { return machine.boxes().empty() ? "" : boxTexts().back(); }
 };
 
 using Paths = std::vector<std::string>;
