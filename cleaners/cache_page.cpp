@@ -106,7 +106,7 @@ void frmFind::leaveCacheScan() {
 }
 
 void frmFind::ShowCacheTip() {
-  if (lvCache.selected()) lvCache.setToolTip(lvCache.text(*lvCache.selected()));
+  if (const auto selected = lvCache.selected()) lvCache.setToolTip(lvCache.text(*selected));
 }
 
 void frmFind::cmdCleanCache_Click() {

@@ -13,7 +13,7 @@ using std::chrono::sys_days;
 using std::chrono::year_month_day;
 
 constexpr std::uint64_t kStepsPerMillisecond = 10000;
-constexpr std::uint64_t kMillisecondsPerDay = 24 * 60 * 60 * 1000;
+constexpr std::uint64_t kMillisecondsPerDay = std::uint64_t{24} * 60 * 60 * 1000;
 constexpr sys_days kFileTimesStart = std::chrono::year{1601} / 1 / 1;
 constexpr sys_days kDatesStart = std::chrono::year{1899} / 12 / 30;
 constexpr int kSecondsPerDay = 24 * 60 * 60;

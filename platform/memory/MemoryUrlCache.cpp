@@ -29,6 +29,7 @@ void MemoryUrlCache::add(CachedPage page) {
 
 std::vector<std::string> MemoryUrlCache::urls() const {
   std::vector<std::string> urls;
+  urls.reserve(pages_.size());
   for (const auto& [place, page] : pages_) urls.push_back(page.url);
   return urls;
 }

@@ -24,12 +24,6 @@ constexpr FileTime kNever{0xFFFFFFFF, 0x7FFFFFFF};
 
 class CachePage : public ConsoleTest {
  protected:
-  void TearDown() override {
-    EXPECT_EQ(machine.openHandles(), 0U) << "an enumeration stays open";
-    EXPECT_FALSE(machine.faultsLeft());
-    EXPECT_FALSE(machine.answersLeft());
-  }
-
   void addPages(int count) {
     for (int i = 0; i < count; ++i) {
       const std::string name = "p" + std::to_string(i);
