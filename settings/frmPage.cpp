@@ -26,6 +26,8 @@ frmPage::frmPage()
       cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
   cmdToggle.onClick = [this] { cmdToggle_Click(); };
   cmd_Cancel.onClick = [this] { close(); };
+  cmdToggle.setMnemonic('E');
+  cmd_Cancel.setMnemonic('C');
   setCancelButton(cmd_Cancel);
 }
 

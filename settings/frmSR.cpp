@@ -45,12 +45,14 @@ frmSR::frmSR()
       cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
   cmdToggle.onClick = [this] { cmdToggle_Click(); };
   cmd_Cancel.onClick = [this] { close(); };
+  cmdToggle.setMnemonic('E');
+  cmd_Cancel.setMnemonic('C');
   setCancelButton(cmd_Cancel);
 }
 
 controls::Box frmSR::layout() {
-  return toggleWindowLayout(Frame1, controls::stack({controls::place(lblSR), controls::place(ListView1)}), cmdToggle,
-                            cmd_Cancel, {});
+  return toggleWindowLayout(Frame1, controls::place(lblSR), cmdToggle, cmd_Cancel,
+                            {"System Restore is currently disabled.", "System Restore is currently enabled."});
 }
 
 void frmSR::StopService(const std::string& name) { runNet("stop", name); }

@@ -19,7 +19,7 @@ class frmSR final : public controls::Form {
 
   controls::Frame Frame1;
   controls::Label lblSR;
-  controls::ListView ListView1;  // nothing lists anything in it, so it does not show
+  controls::ListView ListView1;  // nothing is ever listed in it, so it has no place in the layout
   controls::FlatButton cmdToggle;
   controls::FlatButton cmd_Cancel;
 

@@ -72,6 +72,8 @@ class SettingsTest : public ConsoleTest {
     press(button);
     const Window window = program().window(title);
     EXPECT_FALSE(console().takesInput());
+    // Resting on a control also lets the new window settle above the console.
+    EXPECT_EQ(window.toolTipOf(window.button("Cancel")), "ExitThis Window");
     return window;
   }
 
@@ -193,7 +195,6 @@ TEST_F(SettingsTest, ThePageFileIsShownAndSwitched) {
     const Window window = open("Clear Swap File", "Cear Pagfile");
     EXPECT_TRUE(window.label(shown).visible());
     const Control toggle = window.button(button);
-    EXPECT_EQ(window.toolTipOf(window.button("Cancel")), "ExitThis Window");
     toggle.click();
     answer(title, message);
     waitUntil("the new state", [&] { return window.labelTexts() == Lines{now}; });
@@ -201,10 +202,6 @@ TEST_F(SettingsTest, ThePageFileIsShownAndSwitched) {
     EXPECT_EQ(toggle.text(), button);
     close(window);
   };
-  removeValue(kMemory, kClearAtShutdown);
-  expectRegistryError("Clear Swap File");
-  EXPECT_FALSE(numberOf(kMemory, kClearAtShutdown));
-
   setNumber(kMemory, kClearAtShutdown, 0);
   change("Clear Swap File at shutdown is currently disabled.", "Enable", "Clear Pagefile Enabled",
          "Clear Pagefile has been enabled.", "Clear Pagefile on shutdown is currently enabled.");
@@ -220,6 +217,10 @@ TEST_F(SettingsTest, ThePageFileIsShownAndSwitched) {
   takeScreenshot("page-file");
   close(unknown);
   EXPECT_EQ(numberOf(kMemory, kClearAtShutdown), 2u);
+
+  removeValue(kMemory, kClearAtShutdown);
+  expectRegistryError("Clear Swap File");
+  EXPECT_FALSE(numberOf(kMemory, kClearAtShutdown));
 }
 
 class SystemRestoreTest : public SettingsTest {
@@ -263,8 +264,6 @@ class SystemRestoreTest : public SettingsTest {
 };
 
 TEST_F(SystemRestoreTest, IsEnabled) {
-  removeKey(kRestore);
-  expectRegistryError("System Restore");
   setNumber(kRestore, "DisableSR", 1);
   const Window window = open("System Restore", "Toggle System Restore");
   EXPECT_EQ(window.labelTexts(), Lines{"System Restore is currently disabled."});
@@ -276,6 +275,10 @@ TEST_F(SystemRestoreTest, IsEnabled) {
   close(window);
   expectStored(0, 0);
   EXPECT_FALSE(textOf(kRunOnce, "Delete SVI"));
+
+  removeKey(kRestore);
+  expectRegistryError("System Restore");
+  EXPECT_FALSE(hasKey(kRestore));
 }
 
 TEST_F(SystemRestoreTest, IsDisabledAndItsPointsAreScheduled) {
