@@ -49,13 +49,13 @@ void fillFromKeystream(char* out, std::size_t count) {
   state.j = j;
 }
 
-// `count` bytes, written by `fill(bytes, count)`. Fails with 5 for a negative count, as the length of a file above 2 GB
-// is, and with 7 when there is no memory for so many.
+// Makes `bytes` `count` bytes long, all written by `fill(bytes, count)`; room that they have already is used again.
+// Fails with 5 for a negative count, as the length of a file above 2 GB is, and with 7 when there is no memory for so
+// many; `bytes` is then as it was.
 template <typename Fill>
-platform::Result<std::string> filledBytes(std::int64_t count, Fill fill) {
+platform::Result<void> replaceBytes(std::string& bytes, std::int64_t count, Fill fill) {
   if (count < 0) return platform::failure(platform::kInvalidCall);
   const auto size = static_cast<std::size_t>(count);
-  std::string bytes;
   try {
     // Some libraries offer more room than was asked for.
     bytes.resize_and_overwrite(size, [&fill, size](char* out, std::size_t) {
@@ -65,11 +65,20 @@ platform::Result<std::string> filledBytes(std::int64_t count, Fill fill) {
   } catch (const std::exception&) {  // no room, or more than any text may hold
     return platform::failure(platform::kOutOfMemory);
   }
-  return bytes;
+  return {};
 }
 
-platform::Result<std::string> repeated(char value, std::int32_t count) {
-  return filledBytes(count, [value](char* out, std::size_t size) { std::memset(out, value, size); });
+platform::Result<void> replaceByKeystream(std::string& bytes, std::int32_t n) {
+  if (n < 0) return platform::failure(platform::kInvalidCall);
+  return replaceBytes(bytes, std::int64_t{n} + 1, fillFromKeystream);
+}
+
+// What cannot be made is empty, and writing nothing changes nothing.
+std::string repeated(char value, std::int32_t count) {
+  std::string bytes;
+  static_cast<void>(
+      replaceBytes(bytes, count, [value](char* out, std::size_t size) { std::memset(out, value, size); }));
+  return bytes;
 }
 
 // Differs from file to file by the clock; the drawn character is the same in every run.
@@ -83,9 +92,8 @@ std::string keystreamKey() {
 }
 
 void writeFixedPasses(const std::string& path, std::int32_t length, std::int16_t rounds) {
-  // What cannot be made is empty, and writing nothing changes nothing.
-  const std::string zeros = repeated(kZeros, length).value_or(std::string());
-  const std::string ones = repeated(kOnes, length).value_or(std::string());
+  const std::string zeros = repeated(kZeros, length);
+  const std::string ones = repeated(kOnes, length);
   for (std::int16_t round = 0; round < rounds; ++round) {
     WritePass(path, zeros);
     WritePass(path, ones);
@@ -95,8 +103,7 @@ void writeFixedPasses(const std::string& path, std::int32_t length, std::int16_t
 void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_t rounds, frmMain& window) {
   std::string data;
   for (int pass = 1; pass <= rounds; ++pass) {
-    // Where there is no room for new bytes, the last ones are written again.
-    if (platform::Result<std::string> bytes = RandomBytes(length)) data = std::move(*bytes);
+    static_cast<void>(replaceByKeystream(data, length));
     WritePass(path, data);
     window.ShredPercent =
         static_cast<std::int16_t>(platform::roundedHalfEven(static_cast<double>(pass) / rounds * 100));
@@ -142,8 +149,10 @@ void WritePass(const std::string& path, std::string_view data) {
 
 // A fraction times 255, rounded, is the keystream's byte again.
 platform::Result<std::string> RandomBytes(std::int32_t n) {
-  if (n < 0) return platform::failure(platform::kInvalidCall);
-  return filledBytes(std::int64_t{n} + 1, fillFromKeystream);
+  std::string bytes;
+  const platform::Result<void> made = replaceByKeystream(bytes, n);
+  if (!made) return std::unexpected(made.error());
+  return bytes;
 }
 
 std::string RandomName() {
