@@ -31,9 +31,9 @@ if(NOT WIN32)
   add_test(NAME wine.companions COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/companions_test.sh")
   set_tests_properties(wine.companions PROPERTIES TIMEOUT 180 LABELS wine)
 else()
-  room_executable(contract_tests LINK win32_machine gmock_main SOURCES tests/contract tests/support
+  room_executable(contract_tests LINK win32_machine gmock_main wininet SOURCES tests/contract tests/support
     EXCLUDE "_memory\\.cpp$")
-  room_executable(desktop_tests LINK gmock_main user32 gdi32 comctl32 shell32 advapi32 SOURCES tests/desktop
+  room_executable(desktop_tests LINK gmock_main user32 gdi32 comctl32 shell32 advapi32 wininet SOURCES tests/desktop
     EXCLUDE "/demo_main\\.cpp$")
   room_executable(demo LINK user32 gdi32 comctl32 shell32 advapi32 SOURCES tests/desktop
     EXCLUDE "_test\\.cpp$")

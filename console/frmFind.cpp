@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/Platform.h"
+#include "shredder/frmMain.h"
 
 using controls::Start;
 
@@ -63,10 +64,10 @@ frmFind::frmFind()
                 {{.title = "File Path and Name", .share = 6}, {.title = "Size", .share = 1, .rightAligned = true}}),
       ListView2(Frame2, "ListView2", Start{.visible = false}, {{.title = "File Path and Name"}}),
       lvCache(Frame2, "lvCache", Start{.visible = false},
-              {{.title = "File Name", .share = 3},
-               {.title = "Source URL", .share = 3},
-               {.title = "Expires", .share = 1},
-               {.title = "Last Access", .share = 1}}),
+              {{.title = "File Name", .share = 4},
+               {.title = "Source URL", .share = 4},
+               {.title = "Expires", .share = 3},
+               {.title = "Last Access", .share = 3}}),
 
       lblJunkCommands(Frame2, "lblJunkCommands", Start{.caption = "Junk files:"}),
       Select_All(Frame2, "Select_All",
@@ -107,10 +108,15 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
+  bindShredder();
+  bindZeroBytes();
+  bindTempFolders();
   bindLists();
   bindRestartAndPrefetch();
   bindPagefile();
   bindSystemRestore();
+  bindCachePage();
+  bindHistoryRecentBin();
 }
 
 void frmFind::bindShell() {
@@ -124,6 +130,8 @@ void frmFind::bindShell() {
   Drive1.onChange = [this] { Drive1_Change(); };
   Dir1.onFailure = [](const platform::RuntimeError& error) { reportUnhandled(error); };
 }
+
+void frmFind::bindShredder() { bindTool(cmdFurnace, &frmFind::cmdFurnace_Click); }
 
 void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
   button.onClick = [this, handler] {
@@ -159,6 +167,11 @@ void frmFind::cmdHelp_Click() {
   const std::string folder = platform::machine().environment().programFolder();
   CommonDialog1.helpFile = folder + "\\scrubhaven.hlp";
   RunShellExecute("Open", folder + "\\scrubhaven.chm", 0, 0, 1);
+}
+
+void frmFind::cmdFurnace_Click() {
+  frmMain shredder;
+  shredder.showModal(this);
 }
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }

@@ -11,7 +11,7 @@ namespace controls {
 class Form;
 class Frame;
 
-enum class Kind { kButton, kCheckBox, kLabel, kTextBox, kFrame, kPicture, kListView, kDriveList, kDirList };
+enum class Kind { kButton, kCheckBox, kLabel, kTextBox, kFrame, kPicture, kListView, kDriveList, kDirList, kFileList };
 
 // An event without arguments. An event that nothing is bound to does nothing.
 using Event = std::function<void()>;

@@ -2,9 +2,13 @@
 
 #include <utility>
 
+#include "platform/Paths.h"
 #include "platform/Platform.h"
 
 namespace controls {
+
+using platform::rootLength;
+
 namespace {
 
 // Whether `text` is a drive as a drive list shows it: a letter, a colon, and at most a label behind them.
@@ -14,14 +18,6 @@ bool isDriveText(const std::string& text) {
 
 std::string joined(const std::string& folder, const std::string& name) {
   return folder.back() == '\\' ? folder + name : folder + '\\' + name;
-}
-
-// Where the root of `path` ends: behind "X:\", or behind "\\server\share".
-std::size_t rootLength(const std::string& path) {
-  if (path.size() >= 2 && path[1] == ':') return std::min<std::size_t>(3, path.size());
-  const std::size_t share = path.find('\\', 2);
-  if (share == std::string::npos) return path.size();
-  return std::min(path.find('\\', share + 1), path.size());
 }
 
 std::string withoutClosingBackslash(std::string path) {

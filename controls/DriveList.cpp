@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
+#include "platform/Paths.h"
 #include "platform/Platform.h"
 
 namespace controls {
-namespace {
 
-char lowerLetter(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
+using platform::lowerLetter;
+
+namespace {
 
 std::string driveText(const platform::Drive& drive) {
   std::string text{lowerLetter(drive.letter), ':'};

@@ -46,6 +46,7 @@ Size contentSize(const Box& box, const Metrics& metrics) {
       return {x(kListWidth), y(kEditHeight)};
     case Kind::kListView:
     case Kind::kDirList:
+    case Kind::kFileList:
       return {x(kListWidth), y(kListHeight)};
     case Kind::kFrame:
     case Kind::kPicture:

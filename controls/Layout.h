@@ -65,7 +65,7 @@ Box place(Control& control);
 Box space(int width = 0, int height = 0);
 Box row(std::vector<Box> parts);
 Box column(std::vector<Box> parts);
-// Parts that share one place, because they are never visible together.
+// Parts that share one place, because they are never visible together or lie over each other, the first on top.
 Box stack(std::vector<Box> parts);
 // `inner` inside the frame's border and below its caption.
 Box framed(Frame& frame, Box inner);

@@ -3,10 +3,13 @@
 #include <optional>
 
 #include "console/frmFind.h"
+#include "controls/ControlLists.h"
 #include "finder/frmChoose.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
+using controls::setEnabled;
+using controls::setVisible;
 
 namespace {
 
@@ -50,14 +53,6 @@ std::string patternOf(const FileType& type) {
 }
 
 bool isBlank(const std::string& text) { return platform::trimmed(text).empty(); }
-
-void setVisible(bool visible, std::initializer_list<controls::Control*> controls) {
-  for (controls::Control* control : controls) control->setVisible(visible);
-}
-
-void setEnabled(bool enabled, std::initializer_list<controls::Control*> controls) {
-  for (controls::Control* control : controls) control->setEnabled(enabled);
-}
 
 }  // namespace
 

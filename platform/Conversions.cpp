@@ -1,8 +1,10 @@
 #include "platform/Conversions.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace platform {
@@ -34,6 +36,14 @@ std::string textOf(const Variant& value) {
   if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
   const auto* number = std::get_if<std::int32_t>(&value);
   return number == nullptr ? std::get<std::string>(value) : std::to_string(*number);
+}
+
+std::string signedText(float number) {
+  std::array<char, 32> digits{};
+  std::snprintf(digits.data(), digits.size(), "%.7g", std::fabs(number));
+  std::string_view text = digits.data();
+  if (text.starts_with("0.")) text.remove_prefix(1);
+  return std::string(1, number < 0 ? '-' : ' ').append(text);
 }
 
 Result<bool> booleanOf(const Variant& value) {

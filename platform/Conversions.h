@@ -16,6 +16,10 @@ using Variant = std::variant<std::string, std::int32_t, bool>;
 // The value as text: a text as it is, a number in decimal, a truth value as "True" or "False".
 std::string textOf(const Variant& value);
 
+// A number as text with its sign's place in front, a blank when it is not negative; up to seven digits, a point, and no
+// zero before the point: 45296.12 gives " 45296.12", 0.5 gives " .5".
+std::string signedText(float number);
+
 // The value as a truth value: every number but 0 is true, and so is its text. Fails with 13 for a text that is neither
 // a number nor "True" or "False" in any case.
 Result<bool> booleanOf(const Variant& value);

@@ -1,4 +1,4 @@
-// What surrounds the program: the clock, its own folder, the code page.
+// What surrounds the program: the clock, its own folder, variables, the code page.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +16,21 @@ class Environment {
   // The folder that the program was started from, without a closing backslash unless it is a drive's root.
   // GetModuleFileNameA.
   virtual std::string programFolder() = 0;
+  // GetEnvironmentVariableA. The value of the variable `name`, in which case does not matter; empty when it is empty or
+  // missing.
+  virtual std::string getEnvironmentVariable(const std::string& name) = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;
+
+  // Today's date in the user's short date format ("21/11/2026"). GetDateFormatA.
+  virtual std::string dateText() = 0;
+  // The time of day in the user's time format ("12:34:56"). GetTimeFormatA.
+  virtual std::string timeText() = 0;
+  // Seconds since midnight, with fractions. GetLocalTime.
+  virtual float secondsSinceMidnight() = 0;
+  // The next number of the uniform generator, from 0 up to but not including 1. Nobody seeds it: every run of the
+  // program sees the same numbers (UniformSequence).
+  virtual double nextUniform() = 0;
 };
 
 }  // namespace platform

@@ -27,6 +27,11 @@ constexpr bool isDirectory(std::uint32_t attributes) {
   return attributes != kInvalidAttributes && (attributes & kDirectory) != 0;
 }
 
+// True when the query named a folder that holds its entries itself: a link to another place does not.
+constexpr bool isOwnFolder(std::uint32_t attributes) {
+  return isDirectory(attributes) && (attributes & kReparsePoint) == 0;
+}
+
 // 100-nanosecond steps since 1 January 1601, UTC, in the two halves that the system uses.
 struct FileTime {
   std::uint32_t low = 0;
@@ -113,6 +118,25 @@ class FileSystem {
   // Closes the file number; a number that is not open is no failure. CloseHandle.
   virtual void closeFile(int number) = 0;
 
+  // A file number that nothing is open under: the lowest. Fails with 67 when all are taken.
+  virtual Result<int> freeFile() = 0;
+  // FlushFileBuffers. False when the handle is not that of an open file. Takes the system's handles; a file number is
+  // none.
+  virtual bool flushFileBuffers(Handle handle) = 0;
+
+  // The full path of `path`, which may be relative to the current folder of its drive, with "." and ".." worked in.
+  // Nothing of that name needs to be there. Fails with 76 for a text that can be no path. GetFullPathNameA.
+  virtual Result<std::string> getFullPathName(const std::string& path) = 0;
+  // MoveFileA. Gives the file or folder `from` the path `to`; to another drive the system copies a file and deletes it
+  // here. Fails with 53 (no such file), 58 (`to` is taken), 70 (in use), 75 (no access), 76 (no such folder).
+  virtual Result<void> moveFile(const std::string& from, const std::string& to) = 0;
+  // Renames a file; `to` may lie in another folder, and without one it lies in the current folder. Never copies: fails
+  // with 74 when the full paths lie on different drives, and else like moveFile.
+  Result<void> rename(const std::string& from, const std::string& to);
+  // DeleteFileA. Deletes one file; wildcards are no file's name. Fails with 53 (no such file), 70 (in use), 75
+  // (read-only, protected, a folder), 76 (no such folder).
+  virtual Result<void> remove(const std::string& path) = 0;
+
   // The drives that the machine has, by letter. GetLogicalDrives, GetVolumeInformationA for fixed ones.
   virtual std::vector<Drive> drives() = 0;
   // The process's current folder, drive and all ("C:\Windows"), without a closing backslash except for a root.
@@ -124,6 +148,9 @@ class FileSystem {
   // The names of the folders directly in `folder` that a folder list shows: no hidden or system ones, sorted without
   // regard to case. Fails with 68 when the drive is not ready, 76 when the folder does not exist. FindFirstFileA.
   virtual Result<std::vector<std::string>> subfolders(const std::string& folder) = 0;
+  // The names of the files directly in `folder` that a file list shows: all ("*.*") but hidden and system ones, sorted
+  // without regard to case. Fails as above. FindFirstFileA.
+  virtual Result<std::vector<std::string>> filesIn(const std::string& folder) = 0;
 };
 
 }  // namespace platform

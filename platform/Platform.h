@@ -1,6 +1,7 @@
 // The machine that the program runs on: all its services together.
 #pragma once
 
+#include "platform/Calendar.h"
 #include "platform/Environment.h"
 #include "platform/FileObjects.h"
 #include "platform/FileSystem.h"
@@ -10,6 +11,8 @@
 #include "platform/Shell.h"
 #include "platform/SystemVersion.h"
 #include "platform/Ui.h"
+#include "platform/UrlCache.h"
+#include "platform/UrlHistory.h"
 
 namespace platform {
 
@@ -26,6 +29,9 @@ class Machine {
   virtual SystemVersion& version() = 0;
   virtual Environment& environment() = 0;
   virtual Ui& ui() = 0;
+  virtual UrlCache& urlCache() = 0;
+  virtual UrlHistory& urlHistory() = 0;
+  virtual Calendar& calendar() = 0;
 };
 
 // The machine in use. There must be one: main() or a test has installed it before any logic runs.

@@ -22,17 +22,21 @@ using Result = std::expected<T, RuntimeError>;
 
 inline constexpr std::int32_t kInvalidCall = 5;
 inline constexpr std::int32_t kOverflow = 6;
+inline constexpr std::int32_t kOutOfMemory = 7;
 inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kBadFileNumber = 52;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kFileAlreadyOpen = 55;
 inline constexpr std::int32_t kFileAlreadyExists = 58;
 inline constexpr std::int32_t kDiskFull = 61;
+inline constexpr std::int32_t kTooManyFiles = 67;
 inline constexpr std::int32_t kDeviceUnavailable = 68;
 inline constexpr std::int32_t kPermissionDenied = 70;
+inline constexpr std::int32_t kDifferentDrive = 74;
 inline constexpr std::int32_t kPathFileAccess = 75;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kCannotCreateObject = 429;
+inline constexpr std::int32_t kDialogCancelled = 32755;
 
 // The failure with the given run-time error number and its usual text ("File not found" for 53). A number that has no
 // usual text gets "Application-defined or object-defined error".

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/RuntimeError.h"
+
 namespace controls {
 class Form;
 }
@@ -26,6 +28,12 @@ enum class Answer : std::int32_t { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 // The screen-wide pointer. kDefault is what the window under it wants.
 enum class Pointer { kDefault, kArrow, kHourglass };
 
+// What an open-file dialog shows. The filter is pairs of a description and its patterns, all separated by "|".
+struct OpenFileRequest {
+  std::string title;
+  std::string filter;
+};
+
 class Ui {
  public:
   virtual ~Ui() = default;
@@ -33,6 +41,11 @@ class Ui {
   // MessageBoxA, owned by the active window. Gives the button pressed; closing the box answers Cancel, or OK where OK
   // is the only button.
   virtual Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) = 0;
+
+  // GetOpenFileNameA without flags, owned by the active window: gives the full path of one file, which need not be
+  // there. The folder in which the user chose it becomes the process's current one. Fails with 32755 when the user
+  // cancels.
+  virtual Result<std::string> openFileDialog(const OpenFileRequest& request) = 0;
 
   // Lets the windows repaint and carries out what the user did meanwhile (clicks, keys); returns when nothing is left.
   virtual void serveEvents() = 0;

@@ -1,6 +1,6 @@
 #!/bin/bash
 # wine_test.sh SECONDS NAME PROGRAM [ARGUMENT...]: runs a Windows test program in a fresh sealed prefix of its own
-# (build/test-prefix/NAME) on a virtual screen of its own, with the program installed, for SECONDS at most. Screenshots
+# (build/test-prefix/NAME), with a second drive d:, on a virtual screen of its own, with the program installed, for SECONDS at most. Screenshots
 # that the tests ask for (see play.sh) go to build/test-screenshots/.
 set -uo pipefail
 SCRIPTS=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)
@@ -19,6 +19,10 @@ SECONDS_AT_MOST=$1 NAME=$2 PROGRAM=$3
 shift 3
 PREFIX=$SEAL_BUILD/test-prefix/$NAME
 make_prefix "$PREFIX" || exit 1
+# A second drive, also inside the prefix, for what must or must not cross drives.
+export SCRUBHAVEN_DRIVE_D=$PREFIX/drive_d
+mkdir -p "$SCRUBHAVEN_DRIVE_D"
+ln -s -- "$SCRUBHAVEN_DRIVE_D" "$PREFIX/dosdevices/d:"
 trap 'stop_prefix "$PREFIX"' EXIT
 trap 'exit 143' TERM INT HUP
 [[ ! -f $SEAL_BUILD/app/scrubhaven.exe ]] || "$SCRIPTS/install_app.sh" "$PREFIX" || exit 1

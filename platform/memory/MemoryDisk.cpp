@@ -332,8 +332,40 @@ DiskResult<void> MemoryDisk::write(Handle handle, std::optional<std::uint64_t> p
   opened.position = position.value_or(opened.position);
   if (bytes.empty()) return {};
   opened.file->bytes.write(opened.position, bytes);
-  writes_.push_back(Write{pathOf(*opened.file), opened.position, std::string(bytes)});
+  if (notesWrites_) writes_.push_back(Write{pathOf(*opened.file), opened.position, std::string(bytes)});
   opened.position += bytes.size();
+  return {};
+}
+
+// --- Renaming
+
+DiskResult<void> MemoryDisk::move(const NodePtr& node, std::string_view path) {
+  if (const DiskResult<void> may = mayGo(*node, true); !may) return may;
+  const DiskResult<FullPath> full = fullPath(path);
+  if (!full) return refuse(full.error());
+  if (full->parts.empty()) return refuse(DiskError::kAlreadyExists);
+  const DiskResult<NodePtr> there = walk(*full, Last::kAsItIs, Ready::kMustBe, kMaxLinks);
+  // A file may be given its own name in other letters.
+  if (there && *there != node) return refuse(DiskError::kAlreadyExists);
+  if (!there && there.error() != DiskError::kFileNotFound) return refuse(there.error());
+
+  FullPath above = *full;
+  above.parts.pop_back();
+  const NodePtr parent = walk(above, Last::kFollowLink, Ready::kMustBe, kMaxLinks).value();
+  if (!parent->isFolder()) return refuse(DiskError::kPathNotFound);
+  for (const Node* folder = parent.get(); folder != nullptr; folder = folder->parent) {
+    if (folder == node.get()) return refuse(DiskError::kSharingViolation);
+  }
+  // Only files are copied to another drive.
+  const bool sameDrive = pathOf(*node).front() == pathOf(*parent).front();
+  if (node->isFolder() && !sameDrive) return refuse(DiskError::kAccessDenied);
+
+  takeOut(node);
+  node->name = full->parts.back();
+  node->alias.clear();
+  node->unspeakable = false;
+  node->parent = parent.get();
+  parent->entries->add(node);
   return {};
 }
 
@@ -384,6 +416,12 @@ std::vector<std::string> MemoryDisk::recycleBin() const {
   std::vector<std::string> origins;
   for (const Recycled& recycled : recycleBin_) origins.push_back(recycled.origin);
   return origins;
+}
+
+std::size_t MemoryDisk::emptyRecycleBin(std::string_view root) {
+  return std::erase_if(recycleBin_, [root](const Recycled& recycled) {
+    return root.empty() || upper(root.substr(0, 1)) == upper(recycled.origin.substr(0, 1));
+  });
 }
 
 }  // namespace platform::memory

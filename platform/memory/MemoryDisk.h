@@ -30,6 +30,7 @@ enum class DiskError : std::int32_t {
   kNotReady = 21,
   kSharingViolation = 32,
   kInvalidName = 123,
+  kAlreadyExists = 183,
 };
 
 template <typename T>
@@ -98,6 +99,7 @@ struct Node {
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
   MemoryBytes bytes;
+  std::optional<std::uint64_t> listedSize;  // what an enumeration gives when it lags behind the file
   std::unique_ptr<FolderEntries> entries;   // of a folder; a link has none of its own
   std::unique_ptr<std::string> linkTarget;  // full path, of a folder that is a link
 
@@ -162,7 +164,14 @@ class MemoryDisk {
   // Writes at `position`, or at the handle's own position, and moves that behind the written bytes.
   DiskResult<void> write(Handle handle, std::optional<std::uint64_t> position, std::string_view bytes);
   const std::vector<Write>& writes() const { return writes_; }
+  // From now on writes are carried out but not noted: what is written need not fit into memory twice.
+  void forgetWrites() { notesWrites_ = false; }
   std::size_t openFiles() const { return open_.size(); }
+  bool isOpen(Handle handle) const { return open_.contains(handle); }
+
+  // --- Renaming
+  // Gives a file or folder another path, on another drive too. Its new folder must be there, and the name not taken.
+  DiskResult<void> move(const NodePtr& node, std::string_view path);
 
   // --- Removal
   // Removes a file, or a folder with all that is in it; stops at the first thing that cannot go. A link goes without
@@ -172,6 +181,9 @@ class MemoryDisk {
   DiskResult<void> recycle(const NodePtr& node);
   // Where the things in the Recycle Bin came from (full paths), in the order deleted.
   std::vector<std::string> recycleBin() const;
+  // Empties the Recycle Bin of the drive that `root` begins with, of all drives when it is empty; gives how many things
+  // lay in it.
+  std::size_t emptyRecycleBin(std::string_view root);
 
  private:
   struct DriveState {
@@ -208,6 +220,7 @@ class MemoryDisk {
   std::map<Handle, OpenFile> open_;
   Handle lastHandle_ = 0;
   std::vector<Write> writes_;
+  bool notesWrites_ = true;
   std::vector<Recycled> recycleBin_;
   int unspeakables_ = 0;
 };

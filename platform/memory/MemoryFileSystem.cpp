@@ -29,8 +29,9 @@ FindRecord recordOf(const Node& node, std::string_view name) {
   FindRecord record;
   record.attributes = node.reportedAttributes();
   record.created = record.accessed = record.written = kFileTime;
-  record.sizeHigh = static_cast<std::uint32_t>(node.bytes.size() >> 32);
-  record.sizeLow = static_cast<std::uint32_t>(node.bytes.size());
+  const std::uint64_t size = node.listedSize.value_or(node.bytes.size());
+  record.sizeHigh = static_cast<std::uint32_t>(size >> 32);
+  record.sizeLow = static_cast<std::uint32_t>(size);
   setText(record.name, name);
   setText(record.alternateName, node.alias);
   return record;
@@ -53,6 +54,13 @@ std::int32_t openingFailure(DiskError error) {
     default:
       return kPathFileAccess;
   }
+}
+
+// The classic number of a refused renaming or removal.
+std::int32_t changeFailure(DiskError error) {
+  if (error == DiskError::kFileNotFound) return kFileNotFound;
+  if (error == DiskError::kAlreadyExists) return kFileAlreadyExists;
+  return openingFailure(error);
 }
 
 }  // namespace
@@ -207,6 +215,44 @@ void MemoryFileSystem::closeFile(int number) {
   numbered_.erase(opened);
 }
 
+Result<int> MemoryFileSystem::freeFile() {
+  if (const auto fault = faults_.strike("freeFile", kTooManyFiles)) return failure(*fault);
+  int number = 1;
+  while (numbered_.contains(number)) ++number;
+  if (number > kLastFileNumber) return failure(kTooManyFiles);
+  return number;
+}
+
+bool MemoryFileSystem::flushFileBuffers(Handle handle) {
+  return !faults_.strike("flushFileBuffers") && disk_.isOpen(handle);
+}
+
+// --- Renaming and removing
+
+Result<std::string> MemoryFileSystem::getFullPathName(const std::string& path) {
+  if (const auto fault = faults_.strike("getFullPathName", kPathNotFound)) return failure(*fault);
+  const DiskResult<FullPath> full = disk_.fullPath(path);
+  if (!full) return failure(kPathNotFound);
+  return full->text();
+}
+
+Result<void> MemoryFileSystem::moveFile(const std::string& from, const std::string& to) {
+  if (const auto fault = faults_.strike("moveFile", kPathFileAccess)) return failure(*fault);
+  const DiskResult<NodePtr> node = disk_.find(from);
+  if (!node) return failure(changeFailure(node.error()));
+  const DiskResult<void> moved = disk_.move(*node, to);
+  return moved ? Result<void>{} : failure(changeFailure(moved.error()));
+}
+
+Result<void> MemoryFileSystem::remove(const std::string& path) {
+  if (const auto fault = faults_.strike("remove", kPathFileAccess)) return failure(*fault);
+  const DiskResult<NodePtr> node = disk_.find(path);
+  if (!node) return failure(changeFailure(node.error()));
+  if ((*node)->isFolder()) return failure(kPathFileAccess);
+  const DiskResult<void> removed = disk_.remove(*node, false);
+  return removed ? Result<void>{} : failure(changeFailure(removed.error()));
+}
+
 // --- Drives and folders
 
 std::vector<Drive> MemoryFileSystem::drives() {
@@ -228,13 +274,22 @@ Result<std::string> MemoryFileSystem::currentFolderOf(char letter) {
 
 Result<std::vector<std::string>> MemoryFileSystem::subfolders(const std::string& folder) {
   if (const auto fault = faults_.strike("subfolders", kDeviceUnavailable)) return failure(*fault);
+  return shownNames(folder, true);
+}
+
+Result<std::vector<std::string>> MemoryFileSystem::filesIn(const std::string& folder) {
+  if (const auto fault = faults_.strike("filesIn", kDeviceUnavailable)) return failure(*fault);
+  return shownNames(folder, false);
+}
+
+Result<std::vector<std::string>> MemoryFileSystem::shownNames(const std::string& folder, bool folders) const {
   const DiskResult<NodePtr> node = disk_.findFolder(folder);
   if (!node) return failure(isDriveError(node.error()) ? kDeviceUnavailable : kPathNotFound);
   std::vector<std::string> names;
   for (const NodePtr& entry : (*node)->entries->all()) {
     const bool concealed = (entry->attributes & (kHidden | kSystem)) != 0;
     const std::string_view name = reachableName(*entry);
-    if (entry->isFolder() && !concealed && !name.empty()) names.emplace_back(name);
+    if (entry->isFolder() == folders && !concealed && !name.empty()) names.emplace_back(name);
   }
   return names;
 }

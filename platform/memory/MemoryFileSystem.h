@@ -35,10 +35,18 @@ class MemoryFileSystem final : public FileSystem {
   Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) override;
   void closeFile(int number) override;
 
+  Result<int> freeFile() override;
+  bool flushFileBuffers(Handle handle) override;
+
+  Result<std::string> getFullPathName(const std::string& path) override;
+  Result<void> moveFile(const std::string& from, const std::string& to) override;
+  Result<void> remove(const std::string& path) override;
+
   std::vector<Drive> drives() override;
   std::string currentFolder() override;
   Result<std::string> currentFolderOf(char letter) override;
   Result<std::vector<std::string>> subfolders(const std::string& folder) override;
+  Result<std::vector<std::string>> filesIn(const std::string& folder) override;
 
   // How many enumerations have not been closed.
   std::size_t openEnumerations() const { return enumerations_.size(); }
@@ -58,6 +66,8 @@ class MemoryFileSystem final : public FileSystem {
   // Stores the next match in `record`; false at the end.
   static bool next(Enumeration& enumeration, FindRecord& record);
   static NodePtr nextNode(Enumeration& enumeration);
+  // The names in `folder` that lists show, sorted: of folders or of files.
+  Result<std::vector<std::string>> shownNames(const std::string& folder, bool folders) const;
   Result<void> write(int number, std::optional<std::uint64_t> position, std::string_view bytes);
 
   MemoryDisk& disk_;

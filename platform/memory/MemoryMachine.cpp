@@ -45,7 +45,10 @@ MemoryMachine::MemoryMachine()
       profiles_(disk_, faults_),
       scriptShell_(registry_, faults_),
       environment_(kProgramFolder, faults_),
-      ui_(faults_) {
+      ui_(disk_, faults_),
+      urlCache_(faults_),
+      urlHistory_(faults_),
+      calendar_(faults_) {
   addDrive('C');
   addFolder(kProgramFolder);
   setCurrentFolder(kProgramFolder);

@@ -6,9 +6,11 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryCalendar.h"
 #include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryEnvironment.h"
 #include "platform/memory/MemoryFaults.h"
@@ -19,6 +21,8 @@
 #include "platform/memory/MemoryScriptShell.h"
 #include "platform/memory/MemoryShell.h"
 #include "platform/memory/MemoryUi.h"
+#include "platform/memory/MemoryUrlCache.h"
+#include "platform/memory/MemoryUrlHistory.h"
 #include "platform/memory/MemoryVersion.h"
 
 namespace platform::memory {
@@ -40,6 +44,9 @@ class MemoryMachine final : public platform::Machine {
   platform::SystemVersion& version() override { return version_; }
   platform::Environment& environment() override { return environment_; }
   platform::Ui& ui() override { return ui_; }
+  platform::UrlCache& urlCache() override { return urlCache_; }
+  platform::UrlHistory& urlHistory() override { return urlHistory_; }
+  platform::Calendar& calendar() override { return calendar_; }
 
   // --- Disk. Missing parents are made. What is already there gets the new contents and attributes.
   void addDrive(char letter, const std::string& label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
@@ -47,6 +54,8 @@ class MemoryMachine final : public platform::Machine {
   void addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
   // A file of `size` zeros, of which none are held.
   void addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
+  // From now on enumerations give this size for the file, as a folder does that has not heard of the latest writes.
+  void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
   // A folder that is a link to the folder `target`, which need not exist.
   void addFolderLink(const std::string& path, const std::string& target) { disk_.addLink(path, target); }
   // A file whose name the code page cannot hold; only its 8.3 alias can be used. Empty: it has none.
@@ -73,8 +82,13 @@ class MemoryMachine final : public platform::Machine {
   std::vector<std::string> recycleBin() const { return disk_.recycleBin(); }
   // Every write since the start. Writing nothing is none.
   const std::vector<Write>& writes() const { return disk_.writes(); }
+  // From now on writes are carried out but not noted, for runs that write more than fits into memory.
+  void forgetWrites() { disk_.forgetWrites(); }
   // The handles, enumerations and file numbers that the program has not closed.
-  std::size_t openHandles() const { return disk_.openFiles() - locks_.size() + files_.openEnumerations(); }
+  std::size_t openHandles() const {
+    return disk_.openFiles() - locks_.size() + files_.openEnumerations() + urlCache_.openEnumerations() +
+           urlHistory_.liveObjects();
+  }
 
   // --- Faults. The n-th next call (1-based) of an operation, named as in its interface ("findFirstFile"), fails once.
   // `number` is the failure it gives; without it the operation's usual one. A closing that fails still closes.
@@ -87,12 +101,21 @@ class MemoryMachine final : public platform::Machine {
   void setTickCount(std::uint32_t ms) { environment_.setTickCount(ms); }
   void advance(std::uint32_t ms) { environment_.advance(ms); }
 
+  // The calendar and the time of day, as the user's formats show them; seconds since midnight.
+  void setDay(std::string dateText, std::string timeText, float seconds) {
+    environment_.setDay(std::move(dateText), std::move(timeText), seconds);
+  }
+  // --- Environment variables. There are none at first; case does not matter in names.
+  void setVariable(const std::string& name, const std::string& value) { environment_.setVariable(name, value); }
+
   // --- Version
   void setVersion(const VersionRecord& record) { version_.set(record); }
 
   // --- User interface; see MemoryUi.
   void answer(Answer answer) { ui_.answer(answer); }
   bool answersLeft() const { return ui_.answersLeft(); }
+  void chooseFile(const std::string& path) { ui_.chooseFile(path); }
+  const std::vector<OpenFileRequest>& fileDialogs() const { return ui_.fileDialogs(); }
   void onBox(std::function<void(const ShownBox&)> action) { ui_.onBox(std::move(action)); }
   const std::vector<ShownBox>& boxes() const { return ui_.boxes(); }
   void whenServing(std::function<void()> action) { ui_.whenServing(std::move(action)); }
@@ -121,6 +144,20 @@ class MemoryMachine final : public platform::Machine {
   const std::vector<std::string>& registryCalls() const { return registry_.calls(); }
   std::size_t openRegistryKeys() const { return registry_.openKeys(); }
 
+  const std::vector<BinEmptying>& binEmptyings() const { return shell_.binEmptyings(); }
+  // The list of recently used documents, by path, in the order of their use.
+  void useDocument(const std::string& path) { shell_.addToRecentDocs(kRecentByPath, path); }
+  const std::vector<std::string>& recentDocuments() const { return shell_.recentDocuments(); }
+
+  // --- The browser's cache and history; see MemoryUrlCache.
+  void addCachedPage(CachedPage page) { urlCache_.add(std::move(page)); }
+  void useCachedPage(const std::string& url) { urlCache_.use(url); }
+  std::vector<std::string> cachedUrls() const { return urlCache_.urls(); }
+  std::size_t memoryBlocks() const { return urlCache_.blocks(); }
+  void visit(const std::string& url) { urlHistory_.visit(url); }
+  const std::vector<std::string>& visitedUrls() const { return urlHistory_.visited(); }
+  void unregisterUrlHistory() { urlHistory_.unregister(); }
+
  private:
   NodePtr existing(const std::string& path) const;
   NodePtr existingFolder(const std::string& path) const;
@@ -136,6 +173,9 @@ class MemoryMachine final : public platform::Machine {
   MemoryScriptShell scriptShell_;
   MemoryEnvironment environment_;
   MemoryUi ui_;
+  MemoryUrlCache urlCache_;
+  MemoryUrlHistory urlHistory_;
+  MemoryCalendar calendar_;
   std::map<NodePtr, Handle> locks_;
 };
 

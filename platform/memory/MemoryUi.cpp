@@ -63,6 +63,15 @@ Answer MemoryUi::messageBox(const std::string& text, const std::string& title, s
   return answer;
 }
 
+Result<std::string> MemoryUi::openFileDialog(const OpenFileRequest& request) {
+  fileDialogs_.push_back(request);
+  if (const auto fault = faults_.strike("openFileDialog", kDialogCancelled)) return failure(*fault);
+  if (chosenFiles_.empty()) return failure(kDialogCancelled);
+  std::string path = takeFirst(chosenFiles_);
+  disk_.setCurrentFolder(MemoryDisk::split(path).folder);
+  return path;
+}
+
 void MemoryUi::serveEvents() {
   faults_.strike("serveEvents");
   if (!queued_.empty()) takeFirst(queued_)();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Ui.h"
+#include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryFaults.h"
 
 namespace platform::memory {
@@ -25,16 +26,22 @@ struct ShownBox {
 
 class MemoryUi final : public Ui {
  public:
-  explicit MemoryUi(MemoryFaults& faults) : faults_(faults) {}
+  MemoryUi(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
 
   // Queues the answer for a next box; a box without a queued answer gets its default button. An answer that the box
   // has no button for throws std::logic_error, for the script is then out of step with the program.
   void answer(Answer answer) { answers_.push_back(answer); }
-  bool answersLeft() const { return !answers_.empty(); }
+  bool answersLeft() const { return !answers_.empty() || !chosenFiles_.empty(); }
   // Runs the action while a box stands open, at each box from now on; an answer that it queues may be for this box.
   void onBox(std::function<void(const ShownBox&)> action) { onBox_ = std::move(action); }
   // In the order opened.
   const std::vector<ShownBox>& boxes() const { return boxes_; }
+
+  // Queues the full path of the file that the user chooses in a next open-file dialog, in a folder that is there.
+  // Without one the user cancels.
+  void chooseFile(const std::string& path) { chosenFiles_.push_back(path); }
+  // What the dialogs showed, in the order opened.
+  const std::vector<OpenFileRequest>& fileDialogs() const { return fileDialogs_; }
 
   // Queues an action of the user; each call of serveEvents carries out one of them.
   void whenServing(std::function<void()> action) { queued_.push_back(std::move(action)); }
@@ -45,6 +52,7 @@ class MemoryUi final : public Ui {
   void whenModal(std::function<void(controls::Form&)> action) { modal_.push_back(std::move(action)); }
 
   Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override;
+  Result<std::string> openFileDialog(const OpenFileRequest& request) override;
   void serveEvents() override;
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
@@ -52,10 +60,13 @@ class MemoryUi final : public Ui {
   [[noreturn]] void end() override;
 
  private:
+  MemoryDisk& disk_;
   MemoryFaults& faults_;
   std::deque<Answer> answers_;
   std::function<void(const ShownBox&)> onBox_;
   std::vector<ShownBox> boxes_;
+  std::deque<std::string> chosenFiles_;
+  std::vector<OpenFileRequest> fileDialogs_;
   std::deque<std::function<void()>> queued_;
   std::deque<std::function<void()>> always_;  // an action may add another: its own place must not move
   bool inAlways_ = false;

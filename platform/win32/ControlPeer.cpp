@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/Label.h"
+
 namespace platform::win32 {
 namespace {
 
@@ -20,8 +22,10 @@ char upper(char letter) { return letter >= 'a' && letter <= 'z' ? static_cast<ch
 std::string windowText(const controls::Control& control) {
   using controls::Kind;
   const Kind kind = control.kind();
-  const bool isNamed =
-      kind == Kind::kButton || kind == Kind::kPicture || kind == Kind::kListView || kind == Kind::kDirList;
+  const bool isBar =
+      kind == Kind::kLabel && static_cast<const controls::Label&>(control).ground() != controls::Ground::kWindow;
+  const bool isNamed = isBar || kind == Kind::kButton || kind == Kind::kPicture || kind == Kind::kListView ||
+                       kind == Kind::kDirList || kind == Kind::kFileList;
   return isNamed && control.caption().empty() ? control.name() : control.caption();
 }
 

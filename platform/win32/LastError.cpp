@@ -18,6 +18,9 @@ std::int32_t runTimeErrorNumber(std::uint32_t code) {
     case ERROR_INVALID_NAME:
     case ERROR_FILENAME_EXCED_RANGE:
       return kBadFileNumber;
+    case ERROR_ALREADY_EXISTS:
+    case ERROR_FILE_EXISTS:
+      return kFileAlreadyExists;
     case ERROR_NOT_READY:
     case ERROR_INVALID_DRIVE:
       return kDeviceUnavailable;

@@ -5,8 +5,8 @@
 
 namespace platform::win32 {
 
-// The run-time error number that opening or writing a file gives for the system error `code` (as GetLastError reports
-// it). A code without a number of its own gives 75 (path/file access).
+// The run-time error number that opening, writing or renaming a file gives for the system error `code` (as GetLastError
+// reports it). A code without a number of its own gives 75 (path/file access).
 std::int32_t runTimeErrorNumber(std::uint32_t code);
 
 }  // namespace platform::win32

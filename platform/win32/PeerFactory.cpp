@@ -4,6 +4,7 @@
 #include "platform/win32/CheckBoxPeer.h"
 #include "platform/win32/DirListPeer.h"
 #include "platform/win32/DriveListPeer.h"
+#include "platform/win32/FileListPeer.h"
 #include "platform/win32/FramePeer.h"
 #include "platform/win32/LabelPeer.h"
 #include "platform/win32/ListViewPeer.h"
@@ -42,6 +43,8 @@ std::unique_ptr<ControlPeer> makePeer(const Host& host, controls::Control& contr
       return make<DriveListPeer, controls::DriveList>(host, control);
     case Kind::kDirList:
       return make<DirListPeer, controls::DirList>(host, control);
+    case Kind::kFileList:
+      return make<FileListPeer, controls::FileList>(host, control);
   }
   return nullptr;
 }

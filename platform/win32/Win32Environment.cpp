@@ -20,10 +20,36 @@ std::string Win32Environment::programFolder() {
   return path.substr(0, isRoot ? end + 1 : end);
 }
 
+std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
+  // The room asked for counts the closing NUL, the length that then comes back does not.
+  std::string value(GetEnvironmentVariableA(name.c_str(), nullptr, 0), '\0');
+  value.resize(GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
+  return value;
+}
+
 std::string Win32Environment::upperCase(std::string_view text) {
   std::string result(text);
   CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));
   return result;
+}
+
+std::string Win32Environment::dateText() {
+  std::array<char, 256> text{};
+  GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, text.data(), text.size());
+  return text.data();
+}
+
+std::string Win32Environment::timeText() {
+  std::array<char, 256> text{};
+  GetTimeFormatA(LOCALE_USER_DEFAULT, 0, nullptr, nullptr, text.data(), text.size());
+  return text.data();
+}
+
+float Win32Environment::secondsSinceMidnight() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  const int milliseconds = ((now.wHour * 60 + now.wMinute) * 60 + now.wSecond) * 1000 + now.wMilliseconds;
+  return static_cast<float>(milliseconds / 1000.0);
 }
 
 }  // namespace platform::win32

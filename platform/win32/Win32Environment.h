@@ -1,7 +1,8 @@
-// The clock, the program's folder and the code page of the machine.
+// The clock, the program's folder, its variables and the code page of the machine.
 #pragma once
 
 #include "platform/Environment.h"
+#include "platform/UniformSequence.h"
 
 namespace platform::win32 {
 
@@ -9,7 +10,15 @@ class Win32Environment final : public Environment {
  public:
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
+  std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
+  std::string dateText() override;
+  std::string timeText() override;
+  float secondsSinceMidnight() override;
+  double nextUniform() override { return uniform_.next(); }
+
+ private:
+  UniformSequence uniform_;
 };
 
 }  // namespace platform::win32

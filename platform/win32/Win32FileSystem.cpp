@@ -97,23 +97,6 @@ std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
   return failed ? std::nullopt : std::optional<std::uint32_t>(length);
 }
 
-// The length that the folder tells, for files that cannot be opened at all.
-std::optional<std::uint32_t> lengthByEntry(const std::string& path) {
-  if (path.find_first_of("*?") != std::string::npos) {
-    return std::nullopt;
-  }
-  WIN32_FIND_DATAA found;
-  const HANDLE enumeration = FindFirstFileA(path.c_str(), &found);
-  if (enumeration == INVALID_HANDLE_VALUE) {
-    return std::nullopt;
-  }
-  FindClose(enumeration);
-  if (isDirectory(found.dwFileAttributes)) {
-    return std::nullopt;
-  }
-  return found.nFileSizeLow;
-}
-
 // A write that the disk has no room for may end short without failing.
 Result<void> writeAll(HANDLE file, std::string_view bytes) {
   // What a write of no bytes does is up to the file system, and some cut the file there.
@@ -175,10 +158,7 @@ bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t a
 }
 
 Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
-  std::optional<std::uint32_t> length = lengthByHandle(path);
-  if (!length) {
-    length = lengthByEntry(path);
-  }
+  const std::optional<std::uint32_t> length = lengthByHandle(path);
   return length ? Result<std::int32_t>(static_cast<std::int32_t>(*length)) : failure(kFileNotFound);
 }
 
@@ -261,6 +241,34 @@ void Win32FileSystem::closeFile(int number) {
   }
 }
 
+Result<int> Win32FileSystem::freeFile() {
+  for (int number = 1; number <= kHighestFileNumber; ++number) {
+    if (!isOpen(number)) {
+      return number;
+    }
+  }
+  return failure(kTooManyFiles);
+}
+
+bool Win32FileSystem::flushFileBuffers(Handle handle) { return FlushFileBuffers(native(handle)) != FALSE; }
+
+Result<std::string> Win32FileSystem::getFullPathName(const std::string& path) {
+  std::array<char, MAX_PATH + 1> full{};
+  const DWORD length = GetFullPathNameA(path.c_str(), full.size(), full.data(), nullptr);
+  if (length == 0 || length >= full.size()) {
+    return failure(kPathNotFound);
+  }
+  return std::string(full.data());
+}
+
+Result<void> Win32FileSystem::moveFile(const std::string& from, const std::string& to) {
+  return MoveFileA(from.c_str(), to.c_str()) != FALSE ? Result<void>{} : failure(runTimeErrorNumber(GetLastError()));
+}
+
+Result<void> Win32FileSystem::remove(const std::string& path) {
+  return DeleteFileA(path.c_str()) != FALSE ? Result<void>{} : failure(runTimeErrorNumber(GetLastError()));
+}
+
 std::vector<Drive> Win32FileSystem::drives() {
   std::vector<Drive> drives;
   const DWORD present = GetLogicalDrives();
@@ -292,17 +300,26 @@ Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
 }
 
 Result<std::vector<std::string>> Win32FileSystem::subfolders(const std::string& folder) {
+  return shownNames(folder, true);
+}
+
+Result<std::vector<std::string>> Win32FileSystem::filesIn(const std::string& folder) {
+  return shownNames(folder, false);
+}
+
+Result<std::vector<std::string>> Win32FileSystem::shownNames(const std::string& folder, bool folders) {
   if (startsWithDrive(folder) && !isReady(folder[0])) {
     return failure(kDeviceUnavailable);
   }
   if (!isDirectory(getFileAttributes(folder))) {
     return failure(kPathNotFound);
   }
+  const std::uint32_t shown = folders ? kDirectory : 0;
   std::vector<std::string> names;
   FindRecord record;
-  const Handle enumeration = findFirstFile(folder + (folder.ends_with('\\') ? "*" : "\\*"), record);
+  const Handle enumeration = findFirstFile(folder + (folder.ends_with('\\') ? "*.*" : "\\*.*"), record);
   for (bool more = enumeration != kInvalidHandle; more; more = findNextFile(enumeration, record)) {
-    const bool isShown = (record.attributes & (kDirectory | kHidden | kSystem)) == kDirectory;
+    const bool isShown = (record.attributes & (kDirectory | kHidden | kSystem)) == shown;
     if (isShown && !isDotEntry(record.name.data())) {
       names.emplace_back(record.name.data());
     }

@@ -28,15 +28,23 @@ class Win32FileSystem final : public FileSystem {
   Result<void> putBytes(int number, std::string_view bytes) override;
   Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) override;
   void closeFile(int number) override;
+  Result<int> freeFile() override;
+  bool flushFileBuffers(Handle handle) override;
+  Result<std::string> getFullPathName(const std::string& path) override;
+  Result<void> moveFile(const std::string& from, const std::string& to) override;
+  Result<void> remove(const std::string& path) override;
   std::vector<Drive> drives() override;
   std::string currentFolder() override;
   Result<std::string> currentFolderOf(char letter) override;
   Result<std::vector<std::string>> subfolders(const std::string& folder) override;
+  Result<std::vector<std::string>> filesIn(const std::string& folder) override;
 
  private:
   static constexpr int kHighestFileNumber = 511;
 
   bool isOpen(int number) const;
+  // The names of the folders, or of the files, in `folder` that are neither hidden nor system ones, sorted.
+  Result<std::vector<std::string>> shownNames(const std::string& folder, bool folders);
 
   // By file number; kInvalidHandle where the number is free. Number 0 is never used.
   std::array<Handle, kHighestFileNumber + 1> numbered_;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/Platform.h"
+#include "platform/win32/Win32Calendar.h"
 #include "platform/win32/Win32Environment.h"
 #include "platform/win32/Win32FileObjects.h"
 #include "platform/win32/Win32FileSystem.h"
@@ -11,6 +12,8 @@
 #include "platform/win32/Win32Registry.h"
 #include "platform/win32/Win32ScriptShell.h"
 #include "platform/win32/Win32Shell.h"
+#include "platform/win32/Win32UrlCache.h"
+#include "platform/win32/Win32UrlHistory.h"
 #include "platform/win32/Win32Version.h"
 
 namespace platform::win32 {
@@ -33,6 +36,9 @@ class Win32Machine final : public Machine {
   SystemVersion& version() override { return version_; }
   Environment& environment() override { return environment_; }
   Ui& ui() override { return *ui_; }
+  UrlCache& urlCache() override { return urlCache_; }
+  UrlHistory& urlHistory() override { return urlHistory_; }
+  Calendar& calendar() override { return calendar_; }
 
  private:
   // CoInitialize and CoUninitialize around everything below.
@@ -57,6 +63,9 @@ class Win32Machine final : public Machine {
   Win32Version version_;
   Win32Environment environment_;
   std::unique_ptr<Ui> ui_;
+  Win32UrlCache urlCache_;
+  Win32UrlHistory urlHistory_;
+  Win32Calendar calendar_;
 };
 
 }  // namespace platform::win32

@@ -4,6 +4,9 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
+#include <shlobj.h>
+
+#include "platform/win32/RunTimeBinding.h"
 
 namespace platform::win32 {
 namespace {
@@ -46,6 +49,16 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
   return {};
+}
+
+std::int32_t Win32Shell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {
+  // Came with the browser's desktop update.
+  static const auto empty = boundAtRunTime<decltype(&SHEmptyRecycleBinA)>("shell32.dll", "SHEmptyRecycleBinA");
+  return empty == nullptr ? E_NOTIMPL : empty(nullptr, root.c_str(), flags);
+}
+
+void Win32Shell::addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) {
+  SHAddToRecentDocs(flags, orNull(path));
 }
 
 }  // namespace platform::win32

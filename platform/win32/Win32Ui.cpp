@@ -2,6 +2,12 @@
 
 #include <windows.h>
 
+// Kept apart: the dialogs' header needs <windows.h> before it.
+#include <commdlg.h>
+
+#include <algorithm>
+#include <array>
+
 #include "controls/Form.h"
 #include "platform/win32/CommonControls.h"
 #include "platform/win32/FormWindow.h"
@@ -30,10 +36,24 @@ Win32Ui::~Win32Ui() = default;
 
 Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
   flush();
-  // In the background no window of this thread is active; the box still has to cover the topmost one.
-  HWND owner = GetActiveWindow();
-  if (owner == nullptr && !windows_.empty()) owner = windows_.back()->handle();
-  return static_cast<Answer>(MessageBoxA(owner, text.c_str(), title.c_str(), style));
+  return static_cast<Answer>(MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style));
+}
+
+Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
+  flush();
+  // The dialog wants the filter's parts closed by NULs, and the list of them by another, which the text has anyway.
+  std::string filter = request.filter + '\0';
+  std::ranges::replace(filter, '|', '\0');
+  std::array<char, MAX_PATH + 1> path{};
+  OPENFILENAMEA dialog = {};
+  // Windows 95 and NT 4 refuse the longer record of later systems.
+  dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
+  dialog.hwndOwner = activeWindow();
+  dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrFile = path.data();
+  dialog.nMaxFile = path.size();
+  dialog.lpstrTitle = request.title.c_str();
+  return GetOpenFileNameA(&dialog) != FALSE ? Result<std::string>(path.data()) : failure(kDialogCancelled);
 }
 
 void Win32Ui::serveEvents() {
@@ -67,6 +87,11 @@ void Win32Ui::runModal(controls::Form& form, controls::Form* owner) {
 }
 
 void Win32Ui::end() { ExitProcess(0); }
+
+HWND Win32Ui::activeWindow() const {
+  const HWND active = GetActiveWindow();
+  return active == nullptr && !windows_.empty() ? windows_.back()->handle() : active;
+}
 
 FormWindow* Win32Ui::windowOf(const controls::Form* form) const {
   for (const std::unique_ptr<FormWindow>& window : windows_) {

@@ -7,7 +7,9 @@
 
 #include "platform/Ui.h"
 
-struct tagMSG;  // MSG, without the system's headers
+// MSG and HWND, without the system's headers.
+struct tagMSG;
+struct HWND__;
 
 namespace platform::win32 {
 
@@ -25,6 +27,7 @@ class Win32Ui final : public Ui {
   // Cheap enough for loops over files: within one step of the tick count only the first call looks for events, and
   // controls that have changed are drawn anew at most every 50 milliseconds.
   void serveEvents() override;
+  Result<std::string> openFileDialog(const OpenFileRequest& request) override;
   void setPointer(Pointer pointer) override;
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form* owner) override;
@@ -32,6 +35,8 @@ class Win32Ui final : public Ui {
 
  private:
   FormWindow* windowOf(const controls::Form* form) const;
+  // The window that a box or dialog stands over: the active one or, in the background, the topmost one.
+  HWND__* activeWindow() const;
   // Brings the native controls of all windows in line with the forms.
   void flush();
   // Hands one message to the keyboard rules of its window, or to the window itself.

@@ -24,6 +24,8 @@ class Bed {
 
   // The working folder, without a closing backslash ("C:\contract"). It exists and is empty when the bed is made.
   virtual std::string root() const = 0;
+  // A folder on another drive ("D:\contract"), which comes, empty, when it is first asked for and goes with the bed.
+  virtual std::string onOtherDrive() = 0;
 
   // Makes a folder and its missing parents.
   virtual void makeFolder(const std::string& path) = 0;
@@ -53,6 +55,14 @@ class Bed {
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
   virtual std::size_t recycledItems() const = 0;
 
+  // Makes a folder that is a link to the folder `target`. Names in the working folder, without blanks.
+  virtual void makeFolderLink(const std::string& path, const std::string& target) = 0;
+  // Whether a program can take a link away. Where the system can only follow links, it cannot.
+  virtual bool letsLinksGo() const = 0;
+
+  // Sets an environment variable of this process; nothing takes it away.
+  virtual void setVariable(const std::string& name, const std::optional<std::string>& value) = 0;
+
   // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the bed is made, and
   // goes with the bed. Paths of the helpers are below HKEY_CURRENT_USER too.
   virtual std::string keyRoot() const = 0;
@@ -63,6 +73,15 @@ class Bed {
   virtual bool hasKey(const std::string& path) const = 0;
   // The bytes of a value; nothing when it is not there.
   virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
+
+  // Takes everything out of the Internet cache.
+  virtual void emptyCache() = 0;
+  // Puts a page with a file of its own into the Internet cache.
+  virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
+  // Another program reads the page, until the bed's end.
+  virtual void useCachedPage(const std::string& url) = 0;
+  // How many documents are on the list of recently used ones.
+  virtual std::size_t recentDocuments() const = 0;
 
   // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
   virtual bool hasShortNames() const = 0;

@@ -16,6 +16,11 @@ class MemoryBed final : public Bed {
 
   platform::Machine& machine() override { return machine_; }
   std::string root() const override { return kRoot; }
+  std::string onOtherDrive() override {
+    machine_.addDrive('D');
+    machine_.addFolder("D:\\contract");
+    return "D:\\contract";
+  }
 
   void makeFolder(const std::string& path) override { machine_.addFolder(path); }
   void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
@@ -33,6 +38,22 @@ class MemoryBed final : public Bed {
 
   void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
   std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    machine_.addFolderLink(path, target);
+  }
+  bool letsLinksGo() const override { return true; }
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    machine_.setVariable(name, value.value_or(""));
+  }
+  // It has never been filled.
+  void emptyCache() override {}
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    machine_.addCachedPage(
+        {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
+  }
+  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
+  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
+
   bool hasShortNames() const override { return true; }
 
   std::string keyRoot() const override { return "Software\\Contract"; }

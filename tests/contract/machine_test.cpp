@@ -1,5 +1,6 @@
 // Drives and current folders, the version, and what surrounds the program.
 #include <algorithm>
+#include <functional>
 
 #include "tests/contract/ContractTest.h"
 
@@ -46,6 +47,18 @@ TEST_F(Drives, ListTheSubfoldersThatPeopleSee) {
   EXPECT_THAT(files().subfolders(at("beta\\")).value(), ElementsAre("below"));
 }
 
+TEST_F(Drives, ListTheFilesThatPeopleSee) {
+  for (const char* name : {"b", "A.txt", "c.x.y", "B.txt"}) makeFile(name);
+  bed().setAttributes(makeFile("hidden.txt"), platform::kHidden);
+  bed().setAttributes(makeFile("system.txt"), platform::kSystem);
+  bed().setAttributes(makeFile("protected.txt"), platform::kReadOnly);
+  makeFolder("folder");
+  EXPECT_THAT(files().filesIn(bed().root()).value(), ElementsAre("A.txt", "b", "B.txt", "c.x.y", "protected.txt"));
+  EXPECT_THAT(files().filesIn(at("folder\\")).value(), ElementsAre());
+  EXPECT_EQ(numberOf(files().filesIn(at("missing"))), platform::kPathNotFound);
+  EXPECT_EQ(numberOf(files().filesIn(std::string(1, missingDrive()) + ":\\")), platform::kDeviceUnavailable);
+}
+
 TEST_F(Drives, ListNoSubfoldersOfWhatCannotBeRead) {
   makeFile("file");
   EXPECT_EQ(numberOf(files().subfolders(at("missing"))), platform::kPathNotFound);
@@ -77,10 +90,42 @@ TEST_F(Surroundings, ClockDoesNotGoBack) {
   EXPECT_LT(second - first, 60000u);
 }
 
+TEST_F(Surroundings, DayAndTimeHaveTexts) {
+  platform::Environment& environment = bed().machine().environment();
+  // Numbers with something between them, whatever the user's formats are.
+  for (const std::string& text : {environment.dateText(), environment.timeText()}) {
+    const auto isDigit = [](char letter) { return letter >= '0' && letter <= '9'; };
+    EXPECT_GE(std::ranges::count_if(text, isDigit), 3) << text;
+    EXPECT_GE(std::ranges::count_if(text, std::not_fn(isDigit)), 2) << text;
+  }
+  EXPECT_GE(environment.secondsSinceMidnight(), 0);
+  EXPECT_LT(environment.secondsSinceMidnight(), 24 * 60 * 60);
+}
+
+TEST_F(Surroundings, UniformNumbersAreTheSameOnEveryMachine) {
+  platform::Environment& environment = bed().machine().environment();
+  for (const double expected : {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948}) {
+    EXPECT_NEAR(environment.nextUniform(), expected, 5e-7);
+  }
+}
+
 TEST_F(Surroundings, ProgramFolderIsAFolder) {
   const std::string folder = bed().machine().environment().programFolder();
   EXPECT_TRUE(fileObjects().folderExists(folder)) << folder;
   EXPECT_TRUE(folder.size() == 3 || folder.back() != '\\') << folder;
+}
+
+TEST_F(Surroundings, VariablesAreFoundInAnyCase) {
+  platform::Environment& environment = bed().machine().environment();
+  const std::string name = "SCRUBHAVEN_Contract";
+  EXPECT_EQ(environment.getEnvironmentVariable(name), "");
+  const std::string longValue(1000, 'x');
+  for (const std::string& value : {std::string("C:\\a folder"), longValue, std::string()}) {
+    bed().setVariable(name, value);
+    EXPECT_EQ(environment.getEnvironmentVariable("scrubhaven_CONTRACT"), value);
+  }
+  bed().setVariable(name, std::nullopt);
+  EXPECT_EQ(environment.getEnvironmentVariable(name), "");
 }
 
 TEST_F(Surroundings, UpperCaseKeepsWhatIsNoSmallLetter) {

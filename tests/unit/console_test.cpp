@@ -3,6 +3,7 @@
 #include <set>
 
 #include "console/modOS.h"
+#include "tests/unit/LayoutTest.h"
 
 using platform::Pointer;
 using platform::memory::Ended;
@@ -119,41 +120,12 @@ TEST_F(Console, AbortAndCloseActWhileAScanRunsAndOtherToolsDoNot) {
 }
 
 TEST_F(Console, NothingOverlapsAtAnySizeAndTheListsGrow) {
-  struct FixedMetrics : controls::Metrics {
-    int pixelsX(int units) const override { return units * 6 / 4; }
-    int pixelsY(int units) const override { return units * 13 / 8; }
-    int textWidth(const std::string& text) const override { return static_cast<int>(text.size()) * 6; }
-  } metrics;
+  expectSoundLayout(form, {&form.ListView1, &form.ListView2, &form.lvCache});
+  const FixedMetrics metrics;
   const controls::Box box = form.layout();
-  const std::vector<controls::Control*> order = controls::tabOrder(box);
-  EXPECT_EQ(order.size(), form.controls().size());
-  EXPECT_EQ(std::set<controls::Control*>(order.begin(), order.end()).size(), order.size());
-
   const controls::Size least = controls::leastSize(box, metrics);
   EXPECT_LE(least.width, 780);
   EXPECT_LE(least.height, 540);
-  const auto isList = [this](const controls::Control* c) {
-    return c == &form.ListView1 || c == &form.ListView2 || c == &form.lvCache;
-  };
-  for (const controls::Size size : {controls::Size{1, 1}, controls::Size{1600, 1200}}) {
-    const controls::Places places = controls::arrange(box, metrics, size);
-    for (const auto& [a, ra] : places) {
-      EXPECT_GE(ra.x, 0);
-      EXPECT_GE(ra.y, 0);
-      EXPECT_LE(ra.right(), std::max(size.width, least.width)) << a->name();
-      EXPECT_LE(ra.bottom(), std::max(size.height, least.height)) << a->name();
-      for (const auto& [b, rb] : places) {
-        if (a == b || a->kind() == controls::Kind::kFrame || b->kind() == controls::Kind::kFrame) continue;
-        if (isList(a) && isList(b)) continue;
-        const bool apart = ra.right() <= rb.x || rb.right() <= ra.x || ra.bottom() <= rb.y || rb.bottom() <= ra.y;
-        EXPECT_TRUE(apart) << a->name() << " overlaps " << b->name();
-      }
-      if (a->frame() == nullptr) continue;
-      const controls::Rect frame = places.at(a->frame());
-      EXPECT_TRUE(ra.x > frame.x && ra.right() < frame.right() && ra.y > frame.y && ra.bottom() < frame.bottom())
-          << a->name() << " sticks out of its frame";
-    }
-  }
   const controls::Places small = controls::arrange(box, metrics, least);
   const controls::Places large = controls::arrange(box, metrics, {least.width + 100, least.height + 400});
   EXPECT_EQ(large.at(&form.ListView1).height, small.at(&form.ListView1).height + 300);
@@ -161,15 +133,7 @@ TEST_F(Console, NothingOverlapsAtAnySizeAndTheListsGrow) {
   EXPECT_EQ(large.at(&form.Dir1).height, small.at(&form.Dir1).height + 100);
 }
 
-TEST_F(Console, MnemonicsAreLettersOfTheirCaptionsAndUnique) {
-  std::set<char> used;
-  for (const controls::Control* control : form.controls()) {
-    if (control->mnemonic() == 0) continue;
-    EXPECT_TRUE(used.insert(control->mnemonic()).second) << control->name();
-    EXPECT_NE(machine.environment().upperCase(control->caption()).find(control->mnemonic()), std::string::npos)
-        << control->name();
-  }
-}
+TEST_F(Console, MnemonicsAreLettersOfTheirCaptionsAndUnique) { expectSoundMnemonics(form); }
 
 struct VersionCase {
   platform::VersionRecord record;

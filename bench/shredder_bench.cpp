@@ -1,0 +1,45 @@
+// The shredder's keystream, and whole files shredded on the in-memory machine.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+
+#include "platform/memory/MemoryMachine.h"
+#include "shredder/frmMain.h"
+#include "shredder/modMain.h"
+
+namespace {
+
+constexpr std::int64_t kBlock = 1 << 14;
+constexpr std::int64_t kMiB = 1 << 20;
+
+void Keystream(benchmark::State& state) {
+  SeedKeystream("benchmark");
+  for (auto _ : state) benchmark::DoNotOptimize(RandomBytes(static_cast<std::int32_t>(state.range(0)) - 1));
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(Keystream)->Arg(kBlock)->Arg(kMiB)->Arg(16 * kMiB)->Arg(256 * kMiB)->Complexity(benchmark::oN);
+
+// Bytes per second count the file once, though it is written 84 times.
+void ShredWholeFile(benchmark::State& state) {
+  platform::memory::MemoryMachine machine;
+  const platform::Use use(machine);
+  machine.forgetWrites();
+  frmMain window;
+  for (auto _ : state) {
+    state.PauseTiming();
+    machine.addSizedFile("C:\\file.bin", static_cast<std::uint64_t>(state.range(0)));
+    state.ResumeTiming();
+    ShredFile("C:\\file.bin", SHRED_ROUNDS, window);
+  }
+  state.SetBytesProcessed(state.iterations() * state.range(0));
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(ShredWholeFile)
+    ->Arg(kMiB)
+    ->Arg(16 * kMiB)
+    ->Arg(256 * kMiB)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity(benchmark::oN);
+
+}  // namespace

@@ -1,0 +1,19 @@
+#include "platform/Paths.h"
+
+#include <algorithm>
+
+namespace platform {
+
+char lowerLetter(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+std::size_t rootLength(std::string_view path) {
+  constexpr std::size_t kDriveRoot = 3;
+  if (path.size() >= 2 && path[1] == ':') return std::min(kDriveRoot, path.size());
+  const std::size_t share = path.find('\\', 2);
+  if (share == std::string_view::npos) return path.size();
+  return std::min(path.find('\\', share + 1), path.size());
+}
+
+}  // namespace platform

@@ -1,0 +1,150 @@
+#include "shredder/frmMain.h"
+
+#include "platform/Platform.h"
+#include "shredder/frmFolder.h"
+#include "shredder/modMain.h"
+
+using controls::Box;
+using controls::messageBox;
+using controls::place;
+using controls::Start;
+using platform::Answer;
+
+frmMain::frmMain()
+    : Form("Scrubhaven Pro - Shredder"),
+      Frame1(*this, "Frame1", Start{.caption = "Select Files to Shred"}),
+      ListView1(Frame1, "ListView1", Start{}, {{.title = "File Name and Path"}}, false),
+      cmdAddFile(*this, "cmdAddFile", Start{.caption = "Add File", .toolTip = "Add File to Shredder List"}),
+      cmdAddFolder(*this, "cmdAddFolder",
+                   Start{.caption = "Add Folder", .toolTip = "Add Contents of an Entire Folder to Shredder List"}),
+      cmdRemoveFile(*this, "cmdRemoveFile",
+                    Start{.caption = "Remove File", .toolTip = "Remove File From Shredder List"}),
+      cmdShred(*this, "cmdShred", Start{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
+      cmdCancel(*this, "cmdCancel", Start{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
+      cmdClose(*this, "cmdClose", Start{.caption = "Close", .toolTip = "Close Shredder"}),
+      lblBlue(*this, "lblBlue", Start{.visible = false}, controls::Ground::kFilled, 0),
+      lblGrey(*this, "lblGrey", Start{}, controls::Ground::kTrack) {
+  cmdAddFile.onClick = [this] { cmdAddFile_Click(); };
+  cmdAddFolder.onClick = [this] { cmdAddFolder_Click(); };
+  cmdRemoveFile.onClick = [this] { cmdRemoveFile_Click(); };
+  cmdShred.onClick = [this] { cmdShred_Click(); };
+  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  cmdClose.onClick = [this] { cmdClose_Click(); };
+  cmdAddFile.setMnemonic('A');
+  cmdAddFolder.setMnemonic('F');
+  cmdRemoveFile.setMnemonic('R');
+  cmdShred.setMnemonic('S');
+  cmdCancel.setMnemonic('C');
+  cmdClose.setMnemonic('L');
+  setCancelButton(cmdCancel);
+}
+
+Box frmMain::layout() {
+  const Box files = controls::framed(Frame1, place(ListView1).atLeast(230, 110).stretch(1, 1));
+  const Box commands =
+      controls::column({place(cmdAddFile), place(cmdAddFolder), place(cmdRemoveFile), controls::space().stretch(0, 1),
+                        place(cmdShred), place(cmdCancel), place(cmdClose)});
+  const Box bar = controls::stack({place(lblBlue), place(lblGrey)}).stretch(1, 0);
+  return controls::column({controls::row({files, commands}), bar});
+}
+
+void frmMain::formLoad() {
+  CancelShred = false;
+  ShredPercent = 0;
+  cmdShred.disable();
+  cmdCancel.disable();
+}
+
+// A cancelled dialog, like any failure, leaves list and buttons as they are.
+void frmMain::cmdAddFile_Click() {
+  dlgFile = {.title = "Select file(s) to shred", .filter = "All files (*.*)|*.*"};
+  const platform::Result<std::string> path = platform::machine().ui().openFileDialog(dlgFile);
+  if (!path) return;
+  ListView1.add(*path);
+  enableByList();
+}
+
+void frmMain::cmdAddFolder_Click() {
+  frmFolder picker(*this);
+  picker.showModal(this);
+  enableByList();
+}
+
+void frmMain::cmdRemoveFile_Click() {
+  if (const std::optional<std::size_t> row = ListView1.selected()) {
+    if (*row == 0) firstIsInProgress_ = false;
+    ListView1.remove(*row);
+  }
+  refresh();
+  enableByList();
+}
+
+void frmMain::enableByList() {
+  cmdShred.setEnabled(!ListView1.empty());
+  cmdRemoveFile.setEnabled(!ListView1.empty());
+}
+
+void frmMain::cmdShred_Click() {
+  // Files added during a run enable the button, but the engine can be at one file only.
+  if (running_) return;
+  constexpr const char* kQuestion =
+      "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!";
+  if (messageBox(kQuestion, platform::kBoxYesNo | platform::kBoxCritical) != Answer::kYes) return;
+  running_ = true;
+  enterRun();
+  leaveRun(shredListedFiles());
+  running_ = false;
+}
+
+void frmMain::enterRun() {
+  platform::machine().ui().setPointer(platform::Pointer::kHourglass);
+  platform::machine().ui().serveEvents();
+  cmdCancel.enable();
+  cmdShred.disable();
+}
+
+// The user may take rows away, add some, cancel or close the window whenever the engine serves events.
+frmMain::Outcome frmMain::shredListedFiles() {
+  const std::size_t count = ListView1.rowCount();
+  for (std::size_t n = 0; n < count; ++n) {
+    if (!isOpen()) return Outcome::kWindowClosed;
+    if (ListView1.empty()) return Outcome::kListEmptied;
+    shredFirstFile();
+    if (isOpen() && CancelShred) return Outcome::kCancelled;
+  }
+  return isOpen() ? Outcome::kAllShredded : Outcome::kWindowClosed;
+}
+
+void frmMain::shredFirstFile() {
+  ShredPercent = 0;
+  const std::string path = ListView1.text(0);
+  firstIsInProgress_ = true;
+  ShredFile(path, SHRED_ROUNDS, *this);
+  if (firstIsInProgress_) ListView1.remove(0);
+  firstIsInProgress_ = false;
+}
+
+void frmMain::leaveRun(Outcome outcome) {
+  platform::Ui& ui = platform::machine().ui();
+  if (outcome == Outcome::kAllShredded) ListView1.clear();
+  ui.setPointer(platform::Pointer::kDefault);
+  if (outcome == Outcome::kWindowClosed) return;
+  if (outcome == Outcome::kAllShredded) {
+    messageBox("The selected files have been shredded.", platform::kBoxInformation);
+  }
+  lblBlue.hide();
+  // After a full run both stay usable, though there is nothing left to shred or to cancel.
+  cmdCancel.setEnabled(outcome != Outcome::kCancelled);
+  cmdShred.enable();
+  if (outcome == Outcome::kCancelled) ui.serveEvents();
+}
+
+void frmMain::cmdCancel_Click() { CancelShred = true; }
+
+void frmMain::cmdClose_Click() { close(); }
+
+void frmMain::UpdateProgress() {
+  if (ShredPercent > 100) ShredPercent = 100;
+  lblBlue.show();
+  lblBlue.setWidthPercent(ShredPercent);
+}

@@ -1,0 +1,65 @@
+// The shredder window: the list of files to destroy, and the run that destroys them.
+#pragma once
+
+#include <cstdint>
+
+#include "controls/FlatButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ListView.h"
+
+// How often each file gets its fixed passes, its random ones, and a new name.
+inline constexpr std::int16_t SHRED_ROUNDS = 28;
+
+class frmMain final : public controls::Form {
+ public:
+  frmMain();
+
+  controls::Box layout() override;
+
+  // The current file's progress in percent; the engine writes it and then calls UpdateProgress.
+  std::int16_t ShredPercent = 0;
+  // Ends the run after the file in progress. Only opening the window anew takes it back.
+  bool CancelShred = false;
+
+  // Shows ShredPercent, at most 100, in the progress bar.
+  void UpdateProgress();
+
+  controls::Frame Frame1;
+  controls::ListView ListView1;
+  controls::FlatButton cmdAddFile;
+  controls::FlatButton cmdAddFolder;
+  controls::FlatButton cmdRemoveFile;
+  controls::FlatButton cmdShred;
+  controls::FlatButton cmdCancel;
+  controls::FlatButton cmdClose;
+  controls::Label lblBlue;
+  controls::Label lblGrey;
+
+  // What the open-file dialog shows.
+  platform::OpenFileRequest dlgFile;
+
+ protected:
+  void formLoad() override;
+
+ private:
+  // How a run came to its end.
+  enum class Outcome { kAllShredded, kCancelled, kListEmptied, kWindowClosed };
+
+  void cmdAddFile_Click();
+  void cmdAddFolder_Click();
+  void cmdRemoveFile_Click();
+  void cmdShred_Click();
+  void cmdCancel_Click();
+  void cmdClose_Click();
+
+  Outcome shredListedFiles();
+  void shredFirstFile();
+  void enterRun();
+  void leaveRun(Outcome outcome);
+  void enableByList();
+
+  bool running_ = false;
+  bool firstIsInProgress_ = false;  // the first row is the file that the engine is at
+};

@@ -1,0 +1,184 @@
+#include "shredder/modMain.h"
+
+#include <cstring>
+#include <exception>
+#include <utility>
+
+#include "platform/Conversions.h"
+#include "platform/Platform.h"
+#include "shredder/frmMain.h"
+
+namespace {
+
+constexpr int kNameDraws = 101;
+constexpr char kZeros = '\0';
+constexpr char kOnes = '\xFF';
+
+// One output step of RC4 on any permutation and indices.
+template <typename Permutation>
+inline std::uint32_t nextByte(Permutation& S, std::uint32_t& i, std::uint32_t& j) {
+  i = (i + 1) & 0xFF;
+  const std::uint32_t x = S[i];
+  j = (j + x) & 0xFF;
+  const std::uint32_t y = S[j];
+  S[i] = y;
+  S[j] = x;
+  return S[(x + y) & 0xFF];
+}
+
+// The keystream's next `count` bytes. A copy of the state that nothing else can reach, and whole words at a time, let
+// the compiler keep everything but the permutation in registers, also in the few of a 32-bit processor.
+void fillFromKeystream(char* out, std::size_t count) {
+  KeystreamState& state = keystream();
+  std::array<std::uint32_t, 256> S = state.S;
+  std::uint32_t i = state.i;
+  std::uint32_t j = state.j;
+  char* const end = out + count;
+  char* const wordsEnd = out + count / sizeof(std::uint32_t) * sizeof(std::uint32_t);
+  while (out != wordsEnd) {
+    std::uint32_t word = nextByte(S, i, j);
+    word |= nextByte(S, i, j) << 8;
+    word |= nextByte(S, i, j) << 16;
+    word |= nextByte(S, i, j) << 24;
+    std::memcpy(out, &word, sizeof(word));
+    out += sizeof(word);
+  }
+  while (out != end) *out++ = static_cast<char>(nextByte(S, i, j));
+  state.S = S;
+  state.i = i;
+  state.j = j;
+}
+
+// Makes `bytes` `count` bytes long, all written by `fill(bytes, count)`; room that they have already is used again.
+// Fails with 5 for a negative count, as the length of a file above 2 GB is, and with 7 when there is no memory for so
+// many; `bytes` is then as it was.
+template <typename Fill>
+platform::Result<void> replaceBytes(std::string& bytes, std::int64_t count, Fill fill) {
+  if (count < 0) return platform::failure(platform::kInvalidCall);
+  const auto size = static_cast<std::size_t>(count);
+  try {
+    // Some libraries offer more room than was asked for.
+    bytes.resize_and_overwrite(size, [&fill, size](char* out, std::size_t) {
+      fill(out, size);
+      return size;
+    });
+  } catch (const std::exception&) {  // no room, or more than any text may hold
+    return platform::failure(platform::kOutOfMemory);
+  }
+  return {};
+}
+
+platform::Result<void> replaceByKeystream(std::string& bytes, std::int32_t n) {
+  if (n < 0) return platform::failure(platform::kInvalidCall);
+  return replaceBytes(bytes, std::int64_t{n} + 1, fillFromKeystream);
+}
+
+// What cannot be made is empty, and writing nothing changes nothing.
+std::string repeated(char value, std::int32_t count) {
+  std::string bytes;
+  static_cast<void>(
+      replaceBytes(bytes, count, [value](char* out, std::size_t size) { std::memset(out, value, size); }));
+  return bytes;
+}
+
+// Differs from file to file by the clock; the drawn character is the same in every run.
+std::string keystreamKey() {
+  platform::Environment& environment = platform::machine().environment();
+  std::string key = environment.dateText();
+  key += platform::signedText(environment.secondsSinceMidnight());
+  key += environment.timeText();
+  key += static_cast<char>(platform::roundedHalfEven(environment.nextUniform() * 255));
+  return key;
+}
+
+void writeFixedPasses(const std::string& path, std::int32_t length, std::int16_t rounds) {
+  const std::string zeros = repeated(kZeros, length);
+  const std::string ones = repeated(kOnes, length);
+  for (std::int16_t round = 0; round < rounds; ++round) {
+    WritePass(path, zeros);
+    WritePass(path, ones);
+  }
+}
+
+void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_t rounds, frmMain& window) {
+  std::string data;
+  for (int pass = 1; pass <= rounds; ++pass) {
+    static_cast<void>(replaceByKeystream(data, length));
+    WritePass(path, data);
+    window.ShredPercent =
+        static_cast<std::int16_t>(platform::roundedHalfEven(static_cast<double>(pass) / rounds * 100));
+    window.UpdateProgress();
+    platform::machine().ui().serveEvents();
+  }
+}
+
+}  // namespace
+
+KeystreamState& keystream() {
+  static KeystreamState state;
+  return state;
+}
+
+void ShredFile(const std::string& path, std::int16_t rounds, frmMain& window) {
+  platform::FileSystem& files = platform::machine().files();
+  const std::int32_t length = files.fileLength(path).value_or(0);
+  writeFixedPasses(path, length, rounds);
+  SeedKeystream(keystreamKey());
+  writeRandomPasses(path, length, rounds, window);
+  std::string current = path;
+  for (std::int16_t round = 0; round < rounds; ++round) {
+    std::string name = RandomName();
+    static_cast<void>(files.rename(current, name));
+    current = std::move(name);
+  }
+  static_cast<void>(files.remove(current));
+}
+
+void WritePass(const std::string& path, std::string_view data) {
+  platform::FileSystem& files = platform::machine().files();
+  const platform::Result<int> number = files.freeFile();
+  if (!number || !files.openBinary(*number, path)) return;
+  // The small file number is no handle that the system knows, so nothing is flushed: closing is what sends the bytes
+  // to the disk.
+  const auto handle = static_cast<platform::Handle>(*number);
+  files.flushFileBuffers(handle);
+  static_cast<void>(files.putBytesAt(*number, 1, data));
+  files.flushFileBuffers(handle);
+  files.closeFile(*number);
+}
+
+// A fraction times 255, rounded, is the keystream's byte again.
+platform::Result<std::string> RandomBytes(std::int32_t n) {
+  std::string bytes;
+  const platform::Result<void> made = replaceByKeystream(bytes, n);
+  if (!made) return std::unexpected(made.error());
+  return bytes;
+}
+
+std::string RandomName() {
+  std::string name;
+  for (int draw = 0; draw < kNameDraws; ++draw) {
+    const double scaled = NextKeystreamFraction() * static_cast<double>(NAME_ALPHABET.size());
+    // The two highest bytes fall behind the alphabet and add nothing.
+    name += NAME_ALPHABET.substr(static_cast<std::size_t>(platform::roundedHalfEven(scaled)), 1);
+  }
+  return name + ".tmp";
+}
+
+void SeedKeystream(std::string_view key) {
+  KeystreamState& state = keystream();
+  for (std::uint32_t x = 0; x < state.S.size(); ++x) {
+    state.K[x] = static_cast<unsigned char>(key[x % key.size()]);
+    state.S[x] = x;
+  }
+  std::uint32_t y = 0;
+  for (std::uint32_t x = 0; x < state.S.size(); ++x) {
+    y = (state.S[x] + y + state.K[x]) & 0xFF;
+    std::swap(state.S[x], state.S[y]);
+  }
+}
+
+double NextKeystreamFraction() {
+  KeystreamState& state = keystream();
+  return nextByte(state.S, state.i, state.j) / 255.0;
+}

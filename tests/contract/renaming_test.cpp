@@ -1,0 +1,139 @@
+// Renaming within a drive and never across, deleting one file, and the way to a free file number.
+#include "tests/contract/ContractTest.h"
+
+namespace contract {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Renaming : public ContractTest {};
+
+TEST_F(Renaming, MovesAFileToItsNewNameAndFolder) {
+  makeFolder("folder");
+  const std::string file = makeFile("a.txt", "kept");
+  EXPECT_EQ(numberOf(files().rename(file, at("b.txt"))), 0);
+  EXPECT_EQ(numberOf(files().rename(at("b.txt"), at("folder\\c name .tmp"))), 0);
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("folder"));
+  EXPECT_EQ(bed().readBack(at("folder\\c name .tmp")), "kept");
+}
+
+TEST_F(Renaming, TakesABareNameForOneInTheCurrentFolder) {
+  const std::string file = makeFile("source\\a.txt", "kept");
+  bed().setCurrentFolder(makeFolder("here"));
+  EXPECT_EQ(numberOf(files().rename(file, "b.txt")), 0);
+  EXPECT_EQ(numberOf(files().rename("b.txt", "c.txt")), 0);
+  EXPECT_EQ(bed().readBack(at("here\\c.txt")), "kept");
+  EXPECT_THAT(bed().namesIn(at("source")), IsEmpty());
+  EXPECT_EQ(files().getFullPathName("c.txt").value(), at("here\\c.txt"));
+  EXPECT_EQ(files().getFullPathName("..\\x\\.\\y").value(), at("x\\y"));
+  EXPECT_FALSE(files().getFullPathName("").has_value());
+}
+
+TEST_F(Renaming, NeverCrossesDrives) {
+  const std::string file = makeFile("a.txt", "kept");
+  const std::string other = bed().onOtherDrive();
+  bed().makeFile(other + "\\there.txt", "there");
+  EXPECT_EQ(numberOf(files().rename(file, other + "\\b.txt")), platform::kDifferentDrive);
+  EXPECT_EQ(numberOf(files().rename(other + "\\there.txt", at("b.txt"))), platform::kDifferentDrive);
+  EXPECT_EQ(numberOf(files().rename(other + "\\there.txt", "bare.tmp")), platform::kDifferentDrive);
+  EXPECT_EQ(bed().readBack(file), "kept");
+  EXPECT_EQ(bed().readBack(other + "\\there.txt"), "there");
+  EXPECT_FALSE(bed().exists(other + "\\b.txt"));
+  EXPECT_FALSE(bed().exists(at("b.txt")));
+  // The drive's letter counts, not how it is written.
+  std::string lower = file;
+  lower[0] = static_cast<char>(lower[0] - 'A' + 'a');
+  EXPECT_EQ(numberOf(files().rename(lower, at("b.txt"))), 0);
+  // The system itself would have copied.
+  EXPECT_EQ(numberOf(files().moveFile(at("b.txt"), other + "\\b.txt")), 0);
+  EXPECT_EQ(bed().readBack(other + "\\b.txt"), "kept");
+  EXPECT_FALSE(bed().exists(at("b.txt")));
+}
+
+TEST_F(Renaming, LeavesReadOnlyFilesAsTheyAre) {
+  const std::string file = makeFile("a.txt", "kept");
+  bed().setAttributes(file, platform::kReadOnly);
+  EXPECT_EQ(numberOf(files().rename(file, at("b.txt"))), 0);
+  EXPECT_EQ(bed().readBack(at("b.txt")), "kept");
+  EXPECT_EQ(withoutArchive(bed().attributes(at("b.txt"))), platform::kReadOnly);
+}
+
+TEST_F(Renaming, IsRefusedWhereItCannotBe) {
+  const std::string file = makeFile("a.txt", "kept");
+  makeFile("taken.txt", "taken");
+  EXPECT_EQ(numberOf(files().rename(at("missing.txt"), at("b.txt"))), platform::kFileNotFound);
+  EXPECT_EQ(numberOf(files().rename(file, at("taken.txt"))), platform::kFileAlreadyExists);
+  EXPECT_EQ(numberOf(files().rename(file, at("missing\\b.txt"))), platform::kPathNotFound);
+  bed().lock(file);
+  EXPECT_EQ(numberOf(files().rename(file, at("b.txt"))), platform::kPermissionDenied);
+  bed().unlock(file);
+  EXPECT_EQ(bed().readBack(file), "kept");
+  EXPECT_EQ(bed().readBack(at("taken.txt")), "taken");
+}
+
+TEST_F(Renaming, AndRemovingTakeNoWildcards) {
+  makeFile("a.txt");
+  makeFile("b.txt");
+  EXPECT_FALSE(files().rename(at("*.txt"), at("c.txt")));
+  EXPECT_FALSE(files().remove(at("*.txt")));
+  EXPECT_FALSE(files().remove(at("?.txt")));
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("a.txt", "b.txt"));
+}
+
+class Removing : public ContractTest {};
+
+TEST_F(Removing, TakesOneFile) {
+  makeFile("a.txt");
+  makeFile("b.txt");
+  EXPECT_EQ(numberOf(files().remove(at("a.txt"))), 0);
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("b.txt"));
+  EXPECT_EQ(numberOf(files().remove(at("a.txt"))), platform::kFileNotFound);
+  EXPECT_EQ(numberOf(files().remove(at("missing\\a.txt"))), platform::kPathNotFound);
+}
+
+TEST_F(Removing, LeavesFoldersAndProtectedAndLockedFiles) {
+  makeFolder("folder");
+  const std::string file = makeFile("protected.txt", "kept");
+  bed().setAttributes(file, platform::kReadOnly);
+  const std::string locked = makeFile("locked.txt");
+  bed().lock(locked);
+  EXPECT_EQ(numberOf(files().remove(at("folder"))), platform::kPathFileAccess);
+  EXPECT_EQ(numberOf(files().remove(file)), platform::kPathFileAccess);
+  EXPECT_EQ(numberOf(files().remove(locked)), platform::kPermissionDenied);
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("folder", "locked.txt", "protected.txt"));
+}
+
+class FreeFileNumbers : public ContractTest {
+ protected:
+  void TearDown() override {
+    for (int number = 1; number <= 511; ++number) files().closeFile(number);
+  }
+};
+
+TEST_F(FreeFileNumbers, AreTheLowestUntilAllAreTaken) {
+  EXPECT_EQ(files().freeFile().value(), 1);
+  const std::string file = makeFile("file.bin");
+  ASSERT_TRUE(files().openBinary(1, file));
+  ASSERT_TRUE(files().openBinary(3, file));
+  EXPECT_EQ(files().freeFile().value(), 2);
+  for (int number = 1; number <= 511; ++number) static_cast<void>(files().openBinary(number, file));
+  EXPECT_EQ(numberOf(files().freeFile()), platform::kTooManyFiles);
+  files().closeFile(200);
+  EXPECT_EQ(files().freeFile().value(), 200);
+}
+
+TEST_F(FreeFileNumbers, AreNoHandlesThatCouldBeFlushed) {
+  const std::string file = makeFile("file.bin");
+  ASSERT_TRUE(files().openBinary(1, file));
+  EXPECT_FALSE(files().flushFileBuffers(1));
+  EXPECT_FALSE(files().flushFileBuffers(platform::kInvalidHandle));
+  const platform::Handle handle = files().createFile(file, {.access = platform::kGenericRead | platform::kGenericWrite,
+                                                            .share = platform::kShareRead | platform::kShareWrite});
+  ASSERT_NE(handle, platform::kInvalidHandle);
+  EXPECT_TRUE(files().flushFileBuffers(handle));
+  EXPECT_TRUE(files().closeHandle(handle));
+}
+
+}  // namespace
+}  // namespace contract
