@@ -11,9 +11,6 @@ using platform::Answer;
 
 namespace {
 
-constexpr const char* kSelectAll = "Select All";
-constexpr const char* kClearAll = "Clear All";
-
 constexpr std::size_t kSourceUrl = 0;  // among a row's sub-items
 
 }  // namespace
@@ -110,14 +107,7 @@ void frmFind::ShowCacheTip() {
 }
 
 void frmFind::cmdCleanCache_Click() {
-  if (lvCache.empty()) {
-    messageBox("Nothing to Delete");
-    return;
-  }
-  if (lvCache.tickedCount() == 0) {
-    messageBox("Nothing Selected");
-    return;
-  }
+  if (!anythingToDelete(lvCache)) return;
   constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
   if (messageBox("Delete Selected Cache Items?", kAsk) == Answer::kNo) return;
 
@@ -158,24 +148,17 @@ void frmFind::cmdSelect_Click() {
     messageBox("Nothing to Select");
     return;
   }
-  for (std::size_t i = 0; i < lvCache.rowCount(); ++i) lvCache.setTicked(i, tick);
+  tickAllRows(lvCache, tick);
   cmdSelect.setCaption(tick ? kClearAll : kSelectAll);
   cmdCleanCache.setEnabled(tick);
 }
 
 void frmFind::cmdCacheInvert_Click() {
-  for (std::size_t i = 0; i < lvCache.rowCount(); ++i) {
-    const bool wasTicked = lvCache.ticked(i);
-    lvCache.setTicked(i, !wasTicked);
-    // The caption follows the last row.
-    cmdSelect.setCaption(wasTicked ? kSelectAll : kClearAll);
-  }
+  invertRows(lvCache, cmdSelect);
   cmdCleanCache.setEnabled(lvCache.tickedCount() > 0);
 }
 
-// "Clear All" says that some row is ticked.
 void frmFind::lvCache_ItemCheck() {
-  const bool any = lvCache.tickedCount() > 0;
-  cmdCleanCache.setEnabled(any);
-  cmdSelect.setCaption(any ? kClearAll : kSelectAll);
+  cmdCleanCache.setEnabled(lvCache.tickedCount() > 0);
+  captionByTicks(cmdSelect, lvCache);
 }

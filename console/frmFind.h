@@ -219,6 +219,17 @@ class frmFind final : public controls::Form {
   // Whole seconds since the tick count was `startTick`, halves to the even one.
   static std::int32_t secondsSince(std::uint32_t startTick);
 
+  // ---- What the commands of all lists share ------------------------------------------------------------------------
+
+  // The two captions of a selection button, which acts by the one it shows.
+  static constexpr const char* kSelectAll = "Select All";
+  static constexpr const char* kClearAll = "Clear All";
+  static void tickAllRows(controls::ListView& list, bool tick);
+  // Flips every row's tick, from the first to the last; the selection button's caption ends up following the last.
+  static void invertRows(controls::ListView& list, controls::FlatButton& selection);
+  // "Clear All" says that some row is ticked.
+  static void captionByTicks(controls::FlatButton& selection, const controls::ListView& list);
+
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 
   void Scan_Click();

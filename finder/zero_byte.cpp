@@ -12,9 +12,6 @@ using controls::setVisible;
 
 namespace {
 
-constexpr const char* kSelectAll = "Select All";
-constexpr const char* kClearAll = "Clear All";
-
 // Whole seconds since the tick count was `startTick`, halves to the even one. Ticks are signed here: a scan during
 // which they pass from the highest to the lowest number fails with an overflow.
 platform::Result<std::int32_t> signedSecondsSince(std::uint32_t startTick) {
@@ -142,7 +139,7 @@ void frmFind::cmdSelectAll_Click() {
     messageBox("Nothing to select!");
     return;
   }
-  for (std::size_t i = 0; i < ListView2.rowCount(); ++i) ListView2.setTicked(i, tick);
+  tickAllRows(ListView2, tick);
   cmdSelectAll.setCaption(tick ? kClearAll : kSelectAll);
   optRecycle.disable();
   if (tick) optRecycle.show();
@@ -150,20 +147,14 @@ void frmFind::cmdSelectAll_Click() {
 }
 
 void frmFind::cmdZeroInvert_Click() {
-  for (std::size_t i = 0; i < ListView2.rowCount(); ++i) {
-    const bool wasTicked = ListView2.ticked(i);
-    ListView2.setTicked(i, !wasTicked);
-    // The caption follows the last row.
-    cmdSelectAll.setCaption(wasTicked ? kSelectAll : kClearAll);
-  }
+  invertRows(ListView2, cmdSelectAll);
   updateZeroDelete();
 }
 
-// "Clear All" says that some row is ticked.
 void frmFind::ListView2_ItemCheck() {
   if (const std::optional<std::size_t> row = ListView2.selected()) ListView2.setToolTip(ListView2.text(*row));
   updateZeroDelete();
-  cmdSelectAll.setCaption(ListView2.tickedCount() > 0 ? kClearAll : kSelectAll);
+  captionByTicks(cmdSelectAll, ListView2);
 }
 
 void frmFind::updateZeroDelete() { cmdZeroDelete.setEnabled(ListView2.tickedCount() > 0); }
