@@ -53,7 +53,12 @@ Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = path.size();
   dialog.lpstrTitle = request.title.c_str();
-  return GetOpenFileNameA(&dialog) != FALSE ? Result<std::string>(path.data()) : failure(kDialogCancelled);
+  std::array<char, MAX_PATH + 1> before{};
+  GetCurrentDirectoryA(before.size(), before.data());
+  const bool chosen = GetOpenFileNameA(&dialog) != FALSE;
+  // Not every system's dialog ends in the chosen file's folder, or where it began when it is cancelled.
+  SetCurrentDirectoryA(chosen ? std::string(path.data(), dialog.nFileOffset).c_str() : before.data());
+  return chosen ? Result<std::string>(path.data()) : failure(kDialogCancelled);
 }
 
 void Win32Ui::serveEvents() {

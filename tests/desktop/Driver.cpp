@@ -94,6 +94,10 @@ bool contains(const RECT& outer, const RECT& inner) {
          inner.bottom <= outer.bottom;
 }
 
+// Wine's desktop raises a window some time after it has become the active one, by then perhaps over a window that has
+// been opened in front of it. The screen shows the right order; only clicks would go astray.
+void putBackOnTop(HWND window) { SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE); }
+
 // Memory of another process, for messages that carry an address.
 class RemoteMemory {
  public:
@@ -212,8 +216,11 @@ POINT Control::centre() const {
 void Control::click() const {
   if (!visible()) throw Failed("cannot click \"" + text() + "\": it is hidden");
   const HWND root = GetAncestor(window_, GA_ROOT);
-  waitUntil("a free way to \"" + text() + "\"",
-            [this, root] { return GetAncestor(WindowFromPoint(centre()), GA_ROOT) == root; });
+  waitUntil("a free way to \"" + text() + "\"", [this, root] {
+    const HWND onTop = GetAncestor(WindowFromPoint(centre()), GA_ROOT);
+    if (onTop != root && onTop == GetWindow(root, GW_OWNER)) putBackOnTop(root);
+    return onTop == root;
+  });
   clickAt(centre());
 }
 
@@ -376,11 +383,9 @@ List Window::list(const std::vector<std::string>& columns) const {
   throw Failed("no list has the columns asked for, beginning with \"" + columns.front() + "\"");
 }
 
-FolderList Window::folderList() const {
-  const std::vector<Control> lists = all(Kind::kFolderList);
-  if (lists.size() != 1) throw Failed(std::to_string(lists.size()) + " folder lists");
-  return FolderList(lists.front());
-}
+FolderList Window::folderList() const { return FolderList(only(Kind::kFolderList, "Dir1")); }
+
+std::vector<std::string> Window::fileList() const { return FolderList(only(Kind::kFolderList, "File1")).entries(); }
 
 DriveList Window::driveList() const {
   const std::vector<Control> lists = all(Kind::kDriveList);

@@ -117,6 +117,8 @@ class Window {
   // The list with exactly these columns.
   List list(const std::vector<std::string>& columns) const;
   FolderList folderList() const;
+  // The names in the list of files.
+  std::vector<std::string> fileList() const;
   DriveList driveList() const;
   std::vector<Control> textBoxes() const;
   // The texts of the labels that can be seen.
