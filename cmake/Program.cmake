@@ -22,6 +22,9 @@ file(GLOB help_files CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/help/*.chm")
 install(TARGETS scrubhaven RUNTIME DESTINATION .)
 install(FILES ${sounds} DESTINATION resources)
 install(FILES ${help_files} DESTINATION .)
+# Scripts that the program has the system run at the next start.
+file(GLOB companions CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/companions/*.cmd")
+install(FILES ${companions} DESTINATION .)
 
 # Laid out afresh at every build, so that nothing stays behind from an earlier one.
 add_custom_target(app ALL

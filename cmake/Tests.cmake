@@ -28,10 +28,12 @@ if(NOT WIN32)
   add_test(NAME house.format COMMAND "${scripts}/format.sh" --check)
   add_test(NAME house.seal COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/seal_test.sh")
   set_tests_properties(house.format house.seal PROPERTIES TIMEOUT 120)
+  add_test(NAME wine.companions COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/companions_test.sh")
+  set_tests_properties(wine.companions PROPERTIES TIMEOUT 180 LABELS wine)
 else()
-  room_executable(contract_tests LINK win32_machine gmock_main SOURCES tests/contract tests/support
+  room_executable(contract_tests LINK win32_machine gmock_main wininet SOURCES tests/contract tests/support
     EXCLUDE "_memory\\.cpp$")
-  room_executable(desktop_tests LINK gmock_main user32 gdi32 comctl32 shell32 advapi32 SOURCES tests/desktop
+  room_executable(desktop_tests LINK gmock_main user32 gdi32 comctl32 shell32 advapi32 wininet SOURCES tests/desktop
     EXCLUDE "/demo_main\\.cpp$")
   room_executable(demo LINK user32 gdi32 comctl32 shell32 advapi32 SOURCES tests/desktop
     EXCLUDE "_test\\.cpp$")
@@ -40,5 +42,12 @@ else()
   if(TARGET desktop_tests)
     # A window grows no larger than its screen, and one of these must.
     set_tests_properties(wine.desktop_tests PROPERTIES ENVIRONMENT SCRUBHAVEN_SCREEN=1600x1200)
+  endif()
+  # The older family deletes keys with their subkeys and stores texts in its own way.
+  if(TARGET contract_tests)
+    add_test(NAME wine.registry_of_windows_98 COMMAND "${scripts}/wine_test.sh" 60 registry_of_windows_98
+      "$<TARGET_FILE:contract_tests>" "--gtest_filter=RegistryContract.*:ScriptContract.*")
+    set_tests_properties(wine.registry_of_windows_98 PROPERTIES TIMEOUT 120 LABELS wine
+      ENVIRONMENT SCRUBHAVEN_VERSION=win98)
   endif()
 endif()

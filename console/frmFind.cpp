@@ -64,10 +64,10 @@ frmFind::frmFind()
                 {{.title = "File Path and Name", .share = 6}, {.title = "Size", .share = 1, .rightAligned = true}}),
       ListView2(Frame2, "ListView2", Start{.visible = false}, {{.title = "File Path and Name"}}),
       lvCache(Frame2, "lvCache", Start{.visible = false},
-              {{.title = "File Name", .share = 3},
-               {.title = "Source URL", .share = 3},
-               {.title = "Expires", .share = 1},
-               {.title = "Last Access", .share = 1}}),
+              {{.title = "File Name", .share = 4},
+               {.title = "Source URL", .share = 4},
+               {.title = "Expires", .share = 3},
+               {.title = "Last Access", .share = 3}}),
 
       lblJunkCommands(Frame2, "lblJunkCommands", Start{.caption = "Junk files:"}),
       Select_All(Frame2, "Select_All",
@@ -109,6 +109,14 @@ frmFind::frmFind()
   bindShell();
   bindJunkScan();
   bindShredder();
+  bindZeroBytes();
+  bindTempFolders();
+  bindLists();
+  bindRestartAndPrefetch();
+  bindPagefile();
+  bindSystemRestore();
+  bindCachePage();
+  bindHistoryRecentBin();
 }
 
 void frmFind::bindShell() {

@@ -5,6 +5,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -143,6 +146,52 @@ class frmFind final : public controls::Form {
   // left alone without failure. A file that cannot be opened for writing is never removed.
   platform::Result<void> DeleteFile(const std::string& path);
 
+  // The files that FindTemps has found, as full paths under their numbers: the first is entry 1, entry 0 is never used.
+  // What stands above the FileCount of the last walk is of an earlier one.
+  std::vector<std::string> FoundFiles;
+
+  // Walks the tree below `path` (a closing backslash is added when it lacks one; an empty one names no folder) and puts
+  // every file that answers to `pattern` into FoundFiles, under the number to which it raises `FileCount`. Every folder
+  // entered becomes a row of ListView2 and counts in `DirCount`. Nothing stops it early. Gives the sum of the sizes,
+  // with the quirk of FindFilesAPI. FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+  std::int64_t FindTemps(std::string& path, const std::string& pattern, std::int32_t& FileCount,
+                         std::int32_t& DirCount);
+  // The same under the name of its siblings.
+  std::int64_t FindTempsAPI(std::string& path, const std::string& pattern, std::int32_t& FileCount,
+                            std::int32_t& DirCount);
+
+  // Walks the tree below `path` (a closing backslash is added when it lacks one) and lists in ListView2 the files that
+  // answer to `pattern` and have no bytes, but for those that Windows keeps empty. `FileCount` grows by the files
+  // looked at, `DirCount` by the folders entered, `total` by the sizes as FindFilesAPI counts them. Leaves early when
+  // AbortRequested is set. FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+  void FindZeros(std::string& path, const std::string& pattern, std::int32_t& FileCount, std::int32_t& DirCount,
+                 std::int64_t& total);
+
+  // Removes the folder at `path` with everything in it, read-only files too. A link in it goes without what it points
+  // to. Fails as the file objects' DeleteFolder does; what went before the failure is gone.
+  platform::Result<void> DelTree(const std::string& path);
+
+  // Registry access by full script paths ("HKEY_CURRENT_USER\Software\"; a closing backslash names a key).
+  // `ReadWriteDelete` is 1 to read, 2 to write.
+  //
+  // Shows the value (1), or writes `RegistryInformation` and says so (2); then, in every mode, deletes the value or key
+  // and says so, or that there was none. Other failures end it without a word. The script shell's RegRead, RegWrite,
+  // RegDelete.
+  void ReadWriteDeleteRegistry(const std::string& registrykey, const std::string& RegistryInformation,
+                               std::int16_t ReadWriteDelete);
+  // Asks whether the index files are to go at the next start; then writes `RegistryInformation` (2 only) and says so. A
+  // failing write is reported as unhandled. The script shell's RegWrite.
+  void ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
+                                std::int16_t ReadWriteDelete);
+  // Stores the value's text in `RegistryInformation` (1 only), which is left as it was on failure. The script shell's
+  // RegRead.
+  void ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
+                                std::int16_t ReadWriteDelete);
+
+  // Empties the Recycle Bin of the drive `RecycleBinDrive` ("C:\"), or of all drives when it is empty; when `Slient`
+  // without a question, a progress window and a sound. Gives the shell's answer: 0 on success. SHEmptyRecycleBinA.
+  std::int32_t EmptyRecycleBin(const std::string& RecycleBinDrive = "", bool Slient = false);
+
  protected:
   void formLoad() override;
 
@@ -169,6 +218,17 @@ class frmFind final : public controls::Form {
   void setCommandsEnabled(bool enabled);
   // Whole seconds since the tick count was `startTick`, halves to the even one.
   static std::int32_t secondsSince(std::uint32_t startTick);
+
+  // ---- What the commands of all lists share ------------------------------------------------------------------------
+
+  // The two captions of a selection button, which acts by the one it shows.
+  static constexpr const char* kSelectAll = "Select All";
+  static constexpr const char* kClearAll = "Clear All";
+  static void tickAllRows(controls::ListView& list, bool tick);
+  // Flips every row's tick, from the first to the last; the selection button's caption ends up following the last.
+  static void invertRows(controls::ListView& list, controls::FlatButton& selection);
+  // "Clear All" says that some row is ticked.
+  static void captionByTicks(controls::FlatButton& selection, const controls::ListView& list);
 
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 
@@ -200,9 +260,29 @@ class frmFind final : public controls::Form {
   };
   // Under which rows are compared: without outer blanks, in capitals.
   static std::string rowKey(std::string_view text);
-  std::vector<std::string> subfoldersToSearch(const std::string& folder, std::int32_t& DirCount);
-  std::int64_t listMatches(const std::string& folder, const std::string& pattern, std::int32_t& FileCount,
-                           std::int32_t& lastLen, SizeText& size, std::string& lastName);
+
+  // ---- Drive walks -------------------------------------------------------------------------------------------------
+
+  // Where a walk looks whether the user wants it to stop.
+  enum class AbortTest { kNowhere, kBeforeEachPattern, kBeforeEachFolderEntry };
+  // What one walk does otherwise than the others. Paths are full; a folder's files come before its subfolders'.
+  struct Walk {
+    std::span<const std::string> patterns;  // each is a pass of its own over a folder's files; blank ones are none
+    bool entersHiddenSystemFolders = true;
+    AbortTest abortTest = AbortTest::kNowhere;
+    bool repaintsAfterFolders = false;
+    std::function<void(const std::string& folder)> onSubfolder = {};
+    std::function<void()> onFilesBegin = {};
+    std::function<void(const std::string& file, const std::string& name, const platform::FindRecord&)> onFile = {};
+  };
+  // What all walks share: gives the sum of the files' sizes and counts in `DirCount` the folders entered.
+  std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const Walk& walk);
+  // The names of the folders directly in `folder` (which ends in a backslash) that the walk enters; nothing when the
+  // user has stopped it.
+  std::optional<std::vector<std::string>> subfoldersToEnter(const std::string& folder, std::int32_t& DirCount,
+                                                            const Walk& walk);
+  // Removes every folder directly in the user's Temp folder, and leaves that one's path in `path`, whatever it held.
+  void ClearTempSubfolders(std::string& path);
 
   // ---- Deleting found files ----------------------------------------------------------------------------------------
 
@@ -212,11 +292,90 @@ class frmFind final : public controls::Form {
   void deleteThroughShell();
   void deleteRowThroughShell(const std::string& path);
   void wipeTickedRows();
+  // Whether a list has ticked rows to delete; tells the user when not.
+  static bool anythingToDelete(const controls::ListView& list);
+  static bool userConfirmsDeletion();
+  // Whether a file with these attributes, as file objects give them, counts as read-only before a deletion.
+  static bool asksBeforeDeleting(std::uint32_t attributes);
+  static bool userGivesUpReadOnly(const std::string& path);
+  // The flags of a shell deletion as the user has chosen it: to the Recycle Bin or for good.
+  std::int32_t chosenDeletion() const;
+
+  // ---- Zero-byte files ---------------------------------------------------------------------------------------------
+
+  void bindZeroBytes();
+  void cmdZero_Click();
+  void enterZeroScan();
+  void leaveZeroScan();
+  void reportZeroScan(std::uint32_t startTick);
+  void cmdZeroDelete_Click();
+  platform::Result<void> deleteTickedZeroFiles();
+  platform::Result<void> deleteZeroFile(std::size_t row);
+  void cmdSelectAll_Click();
+  void cmdZeroInvert_Click();
+  void ListView2_ItemCheck();
+  void updateZeroDelete();
+
+  // ---- Temporary folders -------------------------------------------------------------------------------------------
+
+  void bindTempFolders();
+  void Del_Temps_Click();
+  void PurgeTempFolders();
+  // The folder that an environment variable names, with a closing backslash; empty when it names none that may be
+  // emptied.
+  static std::string tempFolder(const std::string& variable);
+  // Deletes the entries 1 to `count` of FoundFiles. Before a file with attributes that `isReadOnly` accepts goes, the
+  // user is asked.
+  void deleteFoundFiles(std::int32_t count, bool (*isReadOnly)(std::uint32_t attributes));
+  void deleteFoundFile(const std::string& path, bool (*isReadOnly)(std::uint32_t attributes));
 
   // ---- Shredder ----------------------------------------------------------------------------------------------------
 
   void bindShredder();
   void cmdFurnace_Click();
+
+  // ---- Registry lists and system settings --------------------------------------------------------------------------
+
+  void bindLists();
+  void cmdMRU_Click();
+  void cmdLists_Click();
+
+  void bindRestartAndPrefetch();
+  void cmdIndex_Click();
+  void cmdPrefetch_Click();
+
+  void bindPagefile();
+  void cmdSwap_Click();
+
+  void bindSystemRestore();
+  void cmdSysrestore_Click();
+
+  // ---- Internet cache ----------------------------------------------------------------------------------------------
+
+  void bindCachePage();
+  void Del_Cache_Click();
+  void openCachePage();
+  // Lists the cache's entries in lvCache.
+  void ScanCache();
+  platform::Result<void> listCacheEntries();
+  platform::Result<void> addCacheRow(const std::string& name);
+  void abortCacheScan();
+  void leaveCacheScan();
+  // The cache list's tooltip becomes the text of its selected row.
+  void ShowCacheTip();
+  void cmdCleanCache_Click();
+  void deleteTickedCacheEntries();
+  void leaveEmptyCachePage();
+  void cmdSelect_Click();
+  void cmdCacheInvert_Click();
+  void lvCache_ItemCheck();
+
+  // ---- History, recent documents, Recycle Bin ----------------------------------------------------------------------
+
+  void bindHistoryRecentBin();
+  void Del_History_Click();
+  void Del_Recent_Click();
+  void Del_Recycle_Click();
 
   bool toolRuns_ = false;
 };

@@ -27,15 +27,6 @@ constexpr std::array<unsigned char, 20> kWipeValues = {0x55, 0xAA, 0x4A, 0x63, 0
 
 constexpr std::uint32_t kReadOnlyArchive = platform::kReadOnly | platform::kArchive;
 
-// Only these two count as read-only when the user is asked; a hidden read-only file does not.
-bool asksBeforeDeleting(std::uint32_t attributes) {
-  return attributes == platform::kReadOnly || attributes == kReadOnlyArchive;
-}
-
-bool isNeverOverwritten(std::uint32_t attributes) {
-  return asksBeforeDeleting(attributes) || attributes == (kReadOnlyArchive | platform::kHidden);
-}
-
 bool isGone(const std::string& path) { return !platform::machine().files().anyFileMatches(path, kAnyFile); }
 
 // Writes the twenty values over the first 200 bytes, a byte at a time; what lies behind them stays.
@@ -123,7 +114,9 @@ platform::Result<void> frmFind::DeleteFile(const std::string& path) {
   for (std::size_t round = 0; round < rounds; ++round) {
     const platform::Result<platform::FileObject> file = objects.getFile(path);
     if (!file) return std::unexpected(file.error());
-    if (isNeverOverwritten(file->attributes) || FileIsOpen1(path)) break;
+    const bool neverOverwritten =
+        asksBeforeDeleting(file->attributes) || file->attributes == (kReadOnlyArchive | platform::kHidden);
+    if (neverOverwritten || FileIsOpen1(path)) break;
     if (const auto overwritten = overwriteStart(path); !overwritten) return overwritten;
     if (const auto removed = objects.deleteFile(path, true); !removed) return removed;
   }
@@ -131,17 +124,31 @@ platform::Result<void> frmFind::DeleteFile(const std::string& path) {
   return {};
 }
 
-void frmFind::Delete_Click() {
-  if (ListView1.empty()) {
-    messageBox("Nothing to Delete");
-    return;
-  }
-  if (ListView1.tickedCount() == 0) {
-    messageBox("Nothing Selected");
-    return;
-  }
+bool frmFind::anythingToDelete(const controls::ListView& list) {
+  if (list.tickedCount() > 0) return true;
+  messageBox(list.empty() ? "Nothing to Delete" : "Nothing Selected");
+  return false;
+}
+
+bool frmFind::userConfirmsDeletion() {
   constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
-  if (messageBox("Confirm file deletion?", kAsk, "Confirm Deletion") == Answer::kNo) return;
+  return messageBox("Confirm file deletion?", kAsk, "Confirm Deletion") != Answer::kNo;
+}
+
+// Only these two; a hidden read-only file does not ask.
+bool frmFind::asksBeforeDeleting(std::uint32_t attributes) {
+  return attributes == platform::kReadOnly || attributes == kReadOnlyArchive;
+}
+
+bool frmFind::userGivesUpReadOnly(const std::string& path) {
+  return messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") !=
+         Answer::kNo;
+}
+
+std::int32_t frmFind::chosenDeletion() const { return optRecycle.ticked() ? kToRecycleBin : kForGood; }
+
+void frmFind::Delete_Click() {
+  if (!anythingToDelete(ListView1) || !userConfirmsDeletion()) return;
   if (optWipe.ticked()) {
     wipeTickedRows();
   } else {
@@ -167,14 +174,10 @@ void frmFind::deleteThroughShell() {
 void frmFind::deleteRowThroughShell(const std::string& path) {
   const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
   if (!file) return;
-  if (asksBeforeDeleting(file->attributes) &&
-      messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") == Answer::kNo) {
-    return;
-  }
-  const std::int32_t flags = optRecycle.ticked() ? kToRecycleBin : kForGood;
+  if (asksBeforeDeleting(file->attributes) && !userGivesUpReadOnly(path)) return;
   if (FileIsOpen(path)) return;
   std::string source = path;
-  ShellDeleteOne(source, flags);
+  ShellDeleteOne(source, chosenDeletion());
 }
 
 void frmFind::wipeTickedRows() {

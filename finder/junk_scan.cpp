@@ -3,15 +3,15 @@
 #include <optional>
 
 #include "console/frmFind.h"
+#include "controls/ControlLists.h"
 #include "finder/frmChoose.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
+using controls::setEnabled;
+using controls::setVisible;
 
 namespace {
-
-constexpr const char* kSelectAll = "Select All";
-constexpr const char* kClearAll = "Clear All";
 
 struct FileType {
   const char* caption;
@@ -50,14 +50,6 @@ std::string patternOf(const FileType& type) {
 }
 
 bool isBlank(const std::string& text) { return platform::trimmed(text).empty(); }
-
-void setVisible(bool visible, std::initializer_list<controls::Control*> controls) {
-  for (controls::Control* control : controls) control->setVisible(visible);
-}
-
-void setEnabled(bool enabled, std::initializer_list<controls::Control*> controls) {
-  for (controls::Control* control : controls) control->setEnabled(enabled);
-}
 
 }  // namespace
 
@@ -205,30 +197,40 @@ void frmFind::Select_All_Click() {
     messageBox("Nothing to select!");
     return;
   }
-  for (std::size_t i = 0; i < ListView1.rowCount(); ++i) ListView1.setTicked(i, tick);
+  tickAllRows(ListView1, tick);
   Select_All.setCaption(tick ? kClearAll : kSelectAll);
   setDeletionChoiceEnabled(tick);
   if (tick) setDeletionChoiceVisible(true);
 }
 
-void frmFind::cmdInvert_Click() {
-  for (std::size_t i = 0; i < ListView1.rowCount(); ++i) {
-    const bool wasTicked = ListView1.ticked(i);
-    ListView1.setTicked(i, !wasTicked);
-    // The caption follows the last row.
-    Select_All.setCaption(wasTicked ? kSelectAll : kClearAll);
+void frmFind::tickAllRows(controls::ListView& list, bool tick) {
+  for (std::size_t i = 0; i < list.rowCount(); ++i) list.setTicked(i, tick);
+}
+
+void frmFind::invertRows(controls::ListView& list, controls::FlatButton& selection) {
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    const bool wasTicked = list.ticked(i);
+    list.setTicked(i, !wasTicked);
+    selection.setCaption(wasTicked ? kSelectAll : kClearAll);
   }
+}
+
+void frmFind::captionByTicks(controls::FlatButton& selection, const controls::ListView& list) {
+  selection.setCaption(list.tickedCount() > 0 ? kClearAll : kSelectAll);
+}
+
+void frmFind::cmdInvert_Click() {
+  invertRows(ListView1, Select_All);
   const bool any = ListView1.tickedCount() > 0;
   Delete.setEnabled(any);
   setDeletionChoiceEnabled(any);
 }
 
-// "Clear All" says that some row is ticked.
 void frmFind::ListView1_ItemCheck() {
   const bool any = ListView1.tickedCount() > 0;
   setDeletionChoiceEnabled(any);
   Delete.setEnabled(any);
-  Select_All.setCaption(any ? kClearAll : kSelectAll);
+  captionByTicks(Select_All, ListView1);
 }
 
 void frmFind::ListView1_ItemClick() {

@@ -1,12 +1,39 @@
 #include "platform/Conversions.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace platform {
+namespace {
+
+// `lowerCase` is in lower case.
+bool equalsWithoutCase(std::string_view text, std::string_view lowerCase) {
+  return std::ranges::equal(text, lowerCase, {}, [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; });
+}
+
+// The value as a number, of whatever size.
+Result<double> numberOf(const Variant& value) {
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? -1.0 : 0.0;
+  if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
+  std::string_view text = trimmed(std::get<std::string>(value));
+  if (equalsWithoutCase(text, "true")) return -1.0;
+  if (equalsWithoutCase(text, "false")) return 0.0;
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc::result_out_of_range) return failure(kOverflow);
+  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number)) return failure(kTypeMismatch);
+  return number;
+}
+
+}  // namespace
 
 std::string textOf(const Variant& value) {
+  if (const auto* truth = std::get_if<bool>(&value)) return *truth ? "True" : "False";
   const auto* number = std::get_if<std::int32_t>(&value);
   return number == nullptr ? std::get<std::string>(value) : std::to_string(*number);
 }
@@ -17,6 +44,21 @@ std::string signedText(float number) {
   std::string_view text = digits.data();
   if (text.starts_with("0.")) text.remove_prefix(1);
   return std::string(1, number < 0 ? '-' : ' ').append(text);
+}
+
+Result<bool> booleanOf(const Variant& value) {
+  const Result<double> number = numberOf(value);
+  if (!number) return std::unexpected(number.error());
+  return *number != 0;
+}
+
+Result<std::int16_t> shortOf(const Variant& value) {
+  const Result<double> number = numberOf(value);
+  if (!number) return std::unexpected(number.error());
+  // Beyond these the rounded number leaves the range, and a much larger one could not even be rounded.
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (*number < Limits::min() - 0.5 || *number >= Limits::max() + 0.5) return failure(kOverflow);
+  return static_cast<std::int16_t>(roundedHalfEven(*number));
 }
 
 std::string_view trimmed(std::string_view text) {

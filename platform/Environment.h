@@ -1,4 +1,4 @@
-// What surrounds the program: the clock, its own folder, the code page.
+// What surrounds the program: the clock, its own folder, variables, the code page.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +16,9 @@ class Environment {
   // The folder that the program was started from, without a closing backslash unless it is a drive's root.
   // GetModuleFileNameA.
   virtual std::string programFolder() = 0;
+  // GetEnvironmentVariableA. The value of the variable `name`, in which case does not matter; empty when it is empty or
+  // missing.
+  virtual std::string getEnvironmentVariable(const std::string& name) = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;
 

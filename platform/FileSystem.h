@@ -27,6 +27,11 @@ constexpr bool isDirectory(std::uint32_t attributes) {
   return attributes != kInvalidAttributes && (attributes & kDirectory) != 0;
 }
 
+// True when the query named a folder that holds its entries itself: a link to another place does not.
+constexpr bool isOwnFolder(std::uint32_t attributes) {
+  return isDirectory(attributes) && (attributes & kReparsePoint) == 0;
+}
+
 // 100-nanosecond steps since 1 January 1601, UTC, in the two halves that the system uses.
 struct FileTime {
   std::uint32_t low = 0;

@@ -13,6 +13,7 @@ constexpr std::array kTexts = {
     NumberAndText{kInvalidCall, "Invalid procedure call or argument"},
     NumberAndText{kOverflow, "Overflow"},
     NumberAndText{kOutOfMemory, "Out of memory"},
+    NumberAndText{kTypeMismatch, "Type mismatch"},
     NumberAndText{kBadFileNumber, "Bad file name or number"},
     NumberAndText{kFileNotFound, "File not found"},
     NumberAndText{kFileAlreadyOpen, "File already open"},

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/RuntimeError.h"
+
 namespace platform {
 
 inline constexpr std::uint32_t kShellDelete = 3;
@@ -32,6 +34,14 @@ struct ShellCommand {
   std::int32_t showCommand = 1;
 };
 
+// Flags of emptying the Recycle Bin.
+inline constexpr std::uint32_t kBinNoConfirmation = 1;
+inline constexpr std::uint32_t kBinNoProgress = 2;
+inline constexpr std::uint32_t kBinNoSound = 4;
+
+// A recent document is named by its path, an ANSI text.
+inline constexpr std::uint32_t kRecentByPath = 2;
+
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -40,6 +50,16 @@ class Shell {
   virtual std::int32_t fileOperation(const FileOperation& operation) = 0;
   // ShellExecuteA, with GetDesktopWindow where the command asks for it. Gives its result: above 32 on success.
   virtual std::int32_t execute(const ShellCommand& command) = 0;
+  // Starts a command line with a hidden window and does not wait for it. Fails with 53 when there is no such program.
+  // CreateProcessA.
+  virtual Result<void> launchHidden(const std::string& commandLine) = 0;
+
+  // SHEmptyRecycleBinA without an owner window. Empties the Recycle Bin of the drive that `root` lies on; of all drives
+  // when it is empty. Gives its result: 0 on success; a bin that is empty already may give a failure, and a Windows
+  // without the function does (0x80004001).
+  virtual std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) = 0;
+  // SHAddToRecentDocs. Puts the document on the list of recently used ones; an absent path empties the list.
+  virtual void addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) = 0;
 };
 
 }  // namespace platform

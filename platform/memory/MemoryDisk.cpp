@@ -418,4 +418,10 @@ std::vector<std::string> MemoryDisk::recycleBin() const {
   return origins;
 }
 
+std::size_t MemoryDisk::emptyRecycleBin(std::string_view root) {
+  return std::erase_if(recycleBin_, [root](const Recycled& recycled) {
+    return root.empty() || upper(root.substr(0, 1)) == upper(recycled.origin.substr(0, 1));
+  });
+}
+
 }  // namespace platform::memory

@@ -99,6 +99,7 @@ struct Node {
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
   MemoryBytes bytes;
+  std::optional<std::uint64_t> listedSize;  // what an enumeration gives when it lags behind the file
   std::unique_ptr<FolderEntries> entries;   // of a folder; a link has none of its own
   std::unique_ptr<std::string> linkTarget;  // full path, of a folder that is a link
 
@@ -180,6 +181,9 @@ class MemoryDisk {
   DiskResult<void> recycle(const NodePtr& node);
   // Where the things in the Recycle Bin came from (full paths), in the order deleted.
   std::vector<std::string> recycleBin() const;
+  // Empties the Recycle Bin of the drive that `root` begins with, of all drives when it is empty; gives how many things
+  // lay in it.
+  std::size_t emptyRecycleBin(std::string_view root);
 
  private:
   struct DriveState {

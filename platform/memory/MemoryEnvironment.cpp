@@ -4,7 +4,8 @@
 
 namespace platform::memory {
 
-// These cannot fail on a real machine; their calls are counted all the same.
+// The clock, the folder, the code page and the generator cannot fail on a real machine; their calls are counted all the
+// same.
 
 std::uint32_t MemoryEnvironment::getTickCount() {
   faults_.strike("getTickCount");
@@ -14,6 +15,16 @@ std::uint32_t MemoryEnvironment::getTickCount() {
 std::string MemoryEnvironment::programFolder() {
   faults_.strike("programFolder");
   return programFolder_;
+}
+
+void MemoryEnvironment::setVariable(std::string_view name, std::string value) {
+  variables_[upper(name)] = std::move(value);
+}
+
+std::string MemoryEnvironment::getEnvironmentVariable(const std::string& name) {
+  if (faults_.strike("getEnvironmentVariable")) return {};
+  const auto found = variables_.find(upper(name));
+  return found == variables_.end() ? std::string() : found->second;
 }
 
 std::string MemoryEnvironment::upperCase(std::string_view text) {

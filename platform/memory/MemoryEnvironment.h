@@ -1,7 +1,9 @@
 // What surrounds the program on the in-memory machine: a clock that stands still until it is moved, code page 1252.
 #pragma once
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/Environment.h"
@@ -25,9 +27,12 @@ class MemoryEnvironment final : public Environment {
     timeText_ = std::move(timeText);
     seconds_ = seconds;
   }
+  // An empty value is not the same as none for other programs, but for this one it is.
+  void setVariable(std::string_view name, std::string value);
 
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
+  std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
   std::string dateText() override;
   std::string timeText() override;
@@ -42,6 +47,7 @@ class MemoryEnvironment final : public Environment {
   std::string timeText_ = "12:00:00 PM";
   float seconds_ = 43200;
   UniformSequence uniform_;
+  std::map<std::string, std::string> variables_;  // by name in upper case
 };
 
 }  // namespace platform::memory

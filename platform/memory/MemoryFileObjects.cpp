@@ -29,4 +29,12 @@ Result<void> MemoryFileObjects::deleteFile(const std::string& path, bool force) 
   return {};
 }
 
+Result<void> MemoryFileObjects::deleteFolder(const std::string& path, bool force) {
+  if (const auto fault = faults_.strike("deleteFolder", kPermissionDenied)) return failure(*fault);
+  const DiskResult<NodePtr> node = disk_.find(path);
+  if (!node || !(*node)->isFolder()) return failure(kPathNotFound);
+  if (!disk_.remove(*node, force)) return failure(kPermissionDenied);
+  return {};
+}
+
 }  // namespace platform::memory

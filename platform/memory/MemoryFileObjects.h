@@ -16,6 +16,7 @@ class MemoryFileObjects final : public FileObjects {
   bool folderExists(const std::string& path) override;
   Result<FileObject> getFile(const std::string& path) override;
   Result<void> deleteFile(const std::string& path, bool force) override;
+  Result<void> deleteFolder(const std::string& path, bool force) override;
 
  private:
   MemoryDisk& disk_;

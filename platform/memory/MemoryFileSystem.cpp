@@ -29,8 +29,9 @@ FindRecord recordOf(const Node& node, std::string_view name) {
   FindRecord record;
   record.attributes = node.reportedAttributes();
   record.created = record.accessed = record.written = kFileTime;
-  record.sizeHigh = static_cast<std::uint32_t>(node.bytes.size() >> 32);
-  record.sizeLow = static_cast<std::uint32_t>(node.bytes.size());
+  const std::uint64_t size = node.listedSize.value_or(node.bytes.size());
+  record.sizeHigh = static_cast<std::uint32_t>(size >> 32);
+  record.sizeLow = static_cast<std::uint32_t>(size);
   setText(record.name, name);
   setText(record.alternateName, node.alias);
   return record;

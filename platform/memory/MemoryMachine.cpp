@@ -41,8 +41,14 @@ MemoryMachine::MemoryMachine()
       fileObjects_(disk_, faults_),
       shell_(disk_, faults_),
       version_(faults_),
+      registry_(version_, faults_),
+      profiles_(disk_, faults_),
+      scriptShell_(registry_, faults_),
       environment_(kProgramFolder, faults_),
-      ui_(disk_, faults_) {
+      ui_(disk_, faults_),
+      urlCache_(faults_),
+      urlHistory_(faults_),
+      calendar_(faults_) {
   addDrive('C');
   addFolder(kProgramFolder);
   setCurrentFolder(kProgramFolder);
@@ -117,6 +123,13 @@ void MemoryMachine::unlock(const std::string& path) {
 }
 
 void MemoryMachine::denyWriting(const std::string& path) { existing(path)->deniesWriting = true; }
+
+// Numbers are stored lowest byte first.
+void MemoryMachine::setRegistryNumber(const std::string& path, const std::string& name, std::uint32_t number) {
+  std::string bytes;
+  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);
+  registry_.set(path, name, {kRegistryNumber, bytes});
+}
 
 void MemoryMachine::failAt(const std::string& operation, int n, std::optional<std::int32_t> number) {
   faults_.failAt(operation, n, number);

@@ -6,16 +6,23 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryCalendar.h"
 #include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryEnvironment.h"
 #include "platform/memory/MemoryFaults.h"
 #include "platform/memory/MemoryFileObjects.h"
 #include "platform/memory/MemoryFileSystem.h"
+#include "platform/memory/MemoryProfileFile.h"
+#include "platform/memory/MemoryRegistry.h"
+#include "platform/memory/MemoryScriptShell.h"
 #include "platform/memory/MemoryShell.h"
 #include "platform/memory/MemoryUi.h"
+#include "platform/memory/MemoryUrlCache.h"
+#include "platform/memory/MemoryUrlHistory.h"
 #include "platform/memory/MemoryVersion.h"
 
 namespace platform::memory {
@@ -31,9 +38,15 @@ class MemoryMachine final : public platform::Machine {
   platform::FileSystem& files() override { return files_; }
   platform::FileObjects& fileObjects() override { return fileObjects_; }
   platform::Shell& shell() override { return shell_; }
+  platform::Registry& registry() override { return registry_; }
+  platform::ProfileFile& profiles() override { return profiles_; }
+  platform::ScriptShell& scriptShell() override { return scriptShell_; }
   platform::SystemVersion& version() override { return version_; }
   platform::Environment& environment() override { return environment_; }
   platform::Ui& ui() override { return ui_; }
+  platform::UrlCache& urlCache() override { return urlCache_; }
+  platform::UrlHistory& urlHistory() override { return urlHistory_; }
+  platform::Calendar& calendar() override { return calendar_; }
 
   // --- Disk. Missing parents are made. What is already there gets the new contents and attributes.
   void addDrive(char letter, const std::string& label = "", bool ready = true) { disk_.addDrive(letter, label, ready); }
@@ -41,6 +54,8 @@ class MemoryMachine final : public platform::Machine {
   void addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
   // A file of `size` zeros, of which none are held.
   void addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
+  // From now on enumerations give this size for the file, as a folder does that has not heard of the latest writes.
+  void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
   // A folder that is a link to the folder `target`, which need not exist.
   void addFolderLink(const std::string& path, const std::string& target) { disk_.addLink(path, target); }
   // A file whose name the code page cannot hold; only its 8.3 alias can be used. Empty: it has none.
@@ -70,7 +85,10 @@ class MemoryMachine final : public platform::Machine {
   // From now on writes are carried out but not noted, for runs that write more than fits into memory.
   void forgetWrites() { disk_.forgetWrites(); }
   // The handles, enumerations and file numbers that the program has not closed.
-  std::size_t openHandles() const { return disk_.openFiles() - locks_.size() + files_.openEnumerations(); }
+  std::size_t openHandles() const {
+    return disk_.openFiles() - locks_.size() + files_.openEnumerations() + urlCache_.openEnumerations() +
+           urlHistory_.liveObjects();
+  }
 
   // --- Faults. The n-th next call (1-based) of an operation, named as in its interface ("findFirstFile"), fails once.
   // `number` is the failure it gives; without it the operation's usual one. A closing that fails still closes.
@@ -87,6 +105,8 @@ class MemoryMachine final : public platform::Machine {
   void setDay(std::string dateText, std::string timeText, float seconds) {
     environment_.setDay(std::move(dateText), std::move(timeText), seconds);
   }
+  // --- Environment variables. There are none at first; case does not matter in names.
+  void setVariable(const std::string& name, const std::string& value) { environment_.setVariable(name, value); }
 
   // --- Version
   void setVersion(const VersionRecord& record) { version_.set(record); }
@@ -105,6 +125,38 @@ class MemoryMachine final : public platform::Machine {
   // --- Shell: what it has been asked for since the start, failed calls too.
   const std::vector<ShellCommand>& shellCommands() const { return shell_.commands(); }
   const std::vector<FileOperation>& fileOperations() const { return shell_.fileOperations(); }
+  const std::vector<std::string>& launches() const { return shell_.launches(); }
+
+  // --- Registry; see MemoryRegistry. Paths begin with a root's short name: "HKCU\Software".
+  void addRegistryKey(const std::string& path) { registry_.addKey(path); }
+  void setRegistryText(const std::string& path, const std::string& name, const std::string& text) {
+    registry_.set(path, name, {kRegistryText, text + '\0'});
+  }
+  void setRegistryNumber(const std::string& path, const std::string& name, std::uint32_t number);
+  void setRegistryValue(const std::string& path, const std::string& name, RegistryValue value) {
+    registry_.set(path, name, std::move(value));
+  }
+  std::optional<RegistryValue> registryValue(const std::string& path, const std::string& name) const {
+    return registry_.value(path, name);
+  }
+  bool hasRegistryKey(const std::string& path) const { return registry_.hasKey(path); }
+  std::vector<std::string> registryContents(const std::string& path) const { return registry_.contents(path); }
+  const std::vector<std::string>& registryCalls() const { return registry_.calls(); }
+  std::size_t openRegistryKeys() const { return registry_.openKeys(); }
+
+  const std::vector<BinEmptying>& binEmptyings() const { return shell_.binEmptyings(); }
+  // The list of recently used documents, by path, in the order of their use.
+  void useDocument(const std::string& path) { shell_.addToRecentDocs(kRecentByPath, path); }
+  const std::vector<std::string>& recentDocuments() const { return shell_.recentDocuments(); }
+
+  // --- The browser's cache and history; see MemoryUrlCache.
+  void addCachedPage(CachedPage page) { urlCache_.add(std::move(page)); }
+  void useCachedPage(const std::string& url) { urlCache_.use(url); }
+  std::vector<std::string> cachedUrls() const { return urlCache_.urls(); }
+  std::size_t memoryBlocks() const { return urlCache_.blocks(); }
+  void visit(const std::string& url) { urlHistory_.visit(url); }
+  const std::vector<std::string>& visitedUrls() const { return urlHistory_.visited(); }
+  void unregisterUrlHistory() { urlHistory_.unregister(); }
 
  private:
   NodePtr existing(const std::string& path) const;
@@ -116,8 +168,14 @@ class MemoryMachine final : public platform::Machine {
   MemoryFileObjects fileObjects_;
   MemoryShell shell_;
   MemoryVersion version_;
+  MemoryRegistry registry_;
+  MemoryProfileFile profiles_;
+  MemoryScriptShell scriptShell_;
   MemoryEnvironment environment_;
   MemoryUi ui_;
+  MemoryUrlCache urlCache_;
+  MemoryUrlHistory urlHistory_;
+  MemoryCalendar calendar_;
   std::map<NodePtr, Handle> locks_;
 };
 

@@ -10,6 +10,7 @@ namespace {
 constexpr std::int32_t kErrorFileNotFound = 2;
 constexpr std::int32_t kErrorAccessDenied = 5;
 constexpr std::int32_t kErrorInvalidParameter = 87;
+constexpr std::int32_t kUnexpected = static_cast<std::int32_t>(0x8000FFFF);
 constexpr std::int32_t kExecuted = 33;
 constexpr std::int32_t kNoAssociation = 31;
 
@@ -47,6 +48,25 @@ std::int32_t MemoryShell::fileOperation(const FileOperation& operation) {
 std::int32_t MemoryShell::execute(const ShellCommand& command) {
   commands_.push_back(command);
   return faults_.strike("execute", kNoAssociation).value_or(kExecuted);
+}
+
+Result<void> MemoryShell::launchHidden(const std::string& commandLine) {
+  launches_.push_back(commandLine);
+  const auto fault = faults_.strike("launchHidden", kFileNotFound);
+  return fault ? failure(*fault) : Result<void>{};
+}
+
+std::int32_t MemoryShell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {
+  binEmptyings_.push_back({root, flags});
+  if (const auto fault = faults_.strike("emptyRecycleBin", kUnexpected)) return *fault;
+  return disk_.emptyRecycleBin(root) > 0 ? 0 : kUnexpected;
+}
+
+void MemoryShell::addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) {
+  if (faults_.strike("addToRecentDocs") || flags != kRecentByPath) return;
+  if (!path) return recentDocuments_.clear();
+  std::erase(recentDocuments_, *path);
+  recentDocuments_.push_back(*path);
 }
 
 }  // namespace platform::memory

@@ -13,6 +13,7 @@ class MemoryVersion final : public SystemVersion {
 
   // What the next queries fill in; `size` does not matter.
   void set(const VersionRecord& record) { record_ = record; }
+  const VersionRecord& record() const { return record_; }
 
   bool getVersionEx(VersionRecord& record) override;
 

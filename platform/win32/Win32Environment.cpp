@@ -20,6 +20,13 @@ std::string Win32Environment::programFolder() {
   return path.substr(0, isRoot ? end + 1 : end);
 }
 
+std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
+  // The room asked for counts the closing NUL, the length that then comes back does not.
+  std::string value(GetEnvironmentVariableA(name.c_str(), nullptr, 0), '\0');
+  value.resize(GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
+  return value;
+}
+
 std::string Win32Environment::upperCase(std::string_view text) {
   std::string result(text);
   CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));

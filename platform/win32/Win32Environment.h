@@ -1,4 +1,4 @@
-// The clock, the program's folder and the code page of the machine.
+// The clock, the program's folder, its variables and the code page of the machine.
 #pragma once
 
 #include "platform/Environment.h"
@@ -10,6 +10,7 @@ class Win32Environment final : public Environment {
  public:
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
+  std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
   std::string dateText() override;
   std::string timeText() override;

@@ -1,10 +1,14 @@
 #include "platform/win32/Win32FileObjects.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "platform/win32/DispatchObject.h"
+#include "platform/win32/Win32FileSystem.h"
 
 namespace platform::win32 {
 namespace {
@@ -26,6 +30,56 @@ RuntimeError lookupError(const RuntimeError& error) {
 // Some objects have no word for a file that is in use.
 RuntimeError deletionError(const RuntimeError& error) {
   return isAnyOf(error, {kUnspecifiedFailure}) ? runtimeError(kPermissionDenied) : lookupError(error);
+}
+
+std::string fullPath(const std::string& path) {
+  std::string full(GetFullPathNameA(path.c_str(), 0, nullptr, nullptr), '\0');
+  full.resize(GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  while (full.ends_with('\\')) {
+    full.pop_back();
+  }
+  return full;
+}
+
+// Above a root there is only the root.
+bool isRoot(const std::string& folder) { return fullPath(folder) == fullPath(folder + "\\.."); }
+
+std::vector<std::string> namesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  Win32FileSystem files;
+  FindRecord record;
+  const Handle enumeration = files.findFirstFile(folder + "\\*", record);
+  for (bool more = enumeration != kInvalidHandle; more; more = files.findNextFile(enumeration, record)) {
+    const std::string name = record.name.data();
+    if (name != "." && name != "..") {
+      names.push_back(name);
+    }
+  }
+  if (enumeration != kInvalidHandle) {
+    files.findClose(enumeration);
+  }
+  return names;
+}
+
+// Whether the system can open the link itself. One that can only follow it would remove the folder that it points to.
+bool opensAsLink(const std::string& link) {
+  const HANDLE handle = CreateFileA(link.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  BY_HANDLE_FILE_INFORMATION info = {};
+  const BOOL known = GetFileInformationByHandle(handle, &info);
+  CloseHandle(handle);
+  return known != FALSE && (info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+// Removes a folder that holds nothing (any more), or a link.
+Result<void> removeEntry(const std::string& path, std::uint32_t attributes) {
+  if ((attributes & kReadOnly) != 0) {
+    SetFileAttributesA(path.c_str(), attributes & ~kReadOnly);
+  }
+  return RemoveDirectoryA(path.c_str()) != FALSE ? Result<void>{} : failure(kPermissionDenied);
 }
 
 }  // namespace
@@ -79,6 +133,39 @@ Result<void> Win32FileObjects::deleteFile(const std::string& path, bool force) {
   }
   const auto deleted = (*object)->call(L"DeleteFile", {AutomationValue(path), AutomationValue(force)});
   return deleted ? Result<void>{} : std::unexpected(deletionError(deleted.error()));
+}
+
+Result<void> Win32FileObjects::deleteFolder(const std::string& path, bool force) {
+  if (const auto object = this->object(); !object) {
+    return std::unexpected(object.error());
+  }
+  if (!isDirectory(GetFileAttributesA(path.c_str()))) {
+    return failure(kPathNotFound);
+  }
+  if (isRoot(path)) {
+    return failure(kPermissionDenied);
+  }
+  return deleteTree(fullPath(path), force);
+}
+
+// Goes through the tree itself: some objects enter links and delete what they find there.
+Result<void> Win32FileObjects::deleteTree(const std::string& folder, bool force) {
+  const std::uint32_t attributes = GetFileAttributesA(folder.c_str());
+  if (!isDirectory(attributes) || (!force && (attributes & kReadOnly) != 0)) {
+    return failure(kPermissionDenied);
+  }
+  if (!isOwnFolder(attributes)) {
+    return opensAsLink(folder) ? removeEntry(folder, attributes) : failure(kPermissionDenied);
+  }
+  for (const std::string& name : namesIn(folder)) {
+    const std::string path = folder + '\\' + name;
+    const bool isFolder = isDirectory(GetFileAttributesA(path.c_str()));
+    const Result<void> deleted = isFolder ? deleteTree(path, force) : deleteFile(path, force);
+    if (!deleted) {
+      return failure(kPermissionDenied);
+    }
+  }
+  return removeEntry(folder, attributes);
 }
 
 Result<DispatchObject*> Win32FileObjects::object() {

@@ -19,10 +19,13 @@ class Win32FileObjects final : public FileObjects {
   bool folderExists(const std::string& path) override;
   Result<FileObject> getFile(const std::string& path) override;
   Result<void> deleteFile(const std::string& path, bool force) override;
+  Result<void> deleteFolder(const std::string& path, bool force) override;
 
  private:
   // The one object that serves all calls, created at the first of them. Fails with 429.
   Result<DispatchObject*> object();
+  // Deletes a folder that is no root.
+  Result<void> deleteTree(const std::string& folder, bool force);
 
   std::unique_ptr<DispatchObject> object_;
 };

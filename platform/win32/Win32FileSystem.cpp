@@ -97,23 +97,6 @@ std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
   return failed ? std::nullopt : std::optional<std::uint32_t>(length);
 }
 
-// The length that the folder tells, for files that cannot be opened at all.
-std::optional<std::uint32_t> lengthByEntry(const std::string& path) {
-  if (path.find_first_of("*?") != std::string::npos) {
-    return std::nullopt;
-  }
-  WIN32_FIND_DATAA found;
-  const HANDLE enumeration = FindFirstFileA(path.c_str(), &found);
-  if (enumeration == INVALID_HANDLE_VALUE) {
-    return std::nullopt;
-  }
-  FindClose(enumeration);
-  if (isDirectory(found.dwFileAttributes)) {
-    return std::nullopt;
-  }
-  return found.nFileSizeLow;
-}
-
 // A write that the disk has no room for may end short without failing.
 Result<void> writeAll(HANDLE file, std::string_view bytes) {
   // What a write of no bytes does is up to the file system, and some cut the file there.
@@ -175,10 +158,7 @@ bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t a
 }
 
 Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
-  std::optional<std::uint32_t> length = lengthByHandle(path);
-  if (!length) {
-    length = lengthByEntry(path);
-  }
+  const std::optional<std::uint32_t> length = lengthByHandle(path);
   return length ? Result<std::int32_t>(static_cast<std::int32_t>(*length)) : failure(kFileNotFound);
 }
 

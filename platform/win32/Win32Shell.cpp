@@ -4,6 +4,9 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
+#include <shlobj.h>
+
+#include "platform/win32/RunTimeBinding.h"
 
 namespace platform::win32 {
 namespace {
@@ -29,6 +32,33 @@ std::int32_t Win32Shell::execute(const ShellCommand& command) {
   const HINSTANCE result = ShellExecuteA(owner, orNull(command.verb), command.file.c_str(), orNull(command.parameters),
                                          orNull(command.folder), command.showCommand);
   return static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(result));
+}
+
+Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
+  STARTUPINFOA start = {};
+  start.cb = sizeof(start);
+  start.dwFlags = STARTF_USESHOWWINDOW;
+  start.wShowWindow = SW_HIDE;
+  PROCESS_INFORMATION process = {};
+  // The system writes into the command line.
+  std::string writable = commandLine;
+  if (CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
+      FALSE) {
+    return failure(kFileNotFound);
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return {};
+}
+
+std::int32_t Win32Shell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {
+  // Came with the browser's desktop update.
+  static const auto empty = boundAtRunTime<decltype(&SHEmptyRecycleBinA)>("shell32.dll", "SHEmptyRecycleBinA");
+  return empty == nullptr ? E_NOTIMPL : empty(nullptr, root.c_str(), flags);
+}
+
+void Win32Shell::addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) {
+  SHAddToRecentDocs(flags, orNull(path));
 }
 
 }  // namespace platform::win32

@@ -9,6 +9,9 @@ class Win32Shell final : public Shell {
  public:
   std::int32_t fileOperation(const FileOperation& operation) override;
   std::int32_t execute(const ShellCommand& command) override;
+  Result<void> launchHidden(const std::string& commandLine) override;
+  std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override;
+  void addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) override;
 };
 
 }  // namespace platform::win32

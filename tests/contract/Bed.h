@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,34 @@ class Bed {
 
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
   virtual std::size_t recycledItems() const = 0;
+
+  // Makes a folder that is a link to the folder `target`. Names in the working folder, without blanks.
+  virtual void makeFolderLink(const std::string& path, const std::string& target) = 0;
+  // Whether a program can take a link away. Where the system can only follow links, it cannot.
+  virtual bool letsLinksGo() const = 0;
+
+  // Sets an environment variable of this process; nothing takes it away.
+  virtual void setVariable(const std::string& name, const std::optional<std::string>& value) = 0;
+
+  // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the bed is made, and
+  // goes with the bed. Paths of the helpers are below HKEY_CURRENT_USER too.
+  virtual std::string keyRoot() const = 0;
+  // Makes a key with its missing parents, and stores a value in it.
+  virtual void makeKey(const std::string& path) = 0;
+  virtual void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                          const std::string& bytes) = 0;
+  virtual bool hasKey(const std::string& path) const = 0;
+  // The bytes of a value; nothing when it is not there.
+  virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
+
+  // Takes everything out of the Internet cache.
+  virtual void emptyCache() = 0;
+  // Puts a page with a file of its own into the Internet cache.
+  virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
+  // Another program reads the page, until the bed's end.
+  virtual void useCachedPage(const std::string& url) = 0;
+  // How many documents are on the list of recently used ones.
+  virtual std::size_t recentDocuments() const = 0;
 
   // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
   virtual bool hasShortNames() const = 0;

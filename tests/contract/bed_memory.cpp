@@ -38,7 +38,35 @@ class MemoryBed final : public Bed {
 
   void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
   std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    machine_.addFolderLink(path, target);
+  }
+  bool letsLinksGo() const override { return true; }
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    machine_.setVariable(name, value.value_or(""));
+  }
+  // It has never been filled.
+  void emptyCache() override {}
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    machine_.addCachedPage(
+        {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
+  }
+  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
+  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
+
   bool hasShortNames() const override { return true; }
+
+  std::string keyRoot() const override { return "Software\\Contract"; }
+  void makeKey(const std::string& path) override { machine_.addRegistryKey("HKCU\\" + path); }
+  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                  const std::string& bytes) override {
+    machine_.setRegistryValue("HKCU\\" + path, name, {type, bytes});
+  }
+  bool hasKey(const std::string& path) const override { return machine_.hasRegistryKey("HKCU\\" + path); }
+  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    const auto value = machine_.registryValue("HKCU\\" + path, name);
+    return value ? std::optional(value->data) : std::nullopt;
+  }
 
  private:
   platform::memory::MemoryMachine machine_;

@@ -3,20 +3,24 @@
 
 // Kept apart: the shell's headers need <windows.h> before them.
 #include <shellapi.h>
+#include <wininet.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <map>
 
 #include "platform/win32/Win32Machine.h"
 #include "tests/contract/Bed.h"
+#include "tests/support/HostLink.h"
 
 namespace contract {
 namespace {
 
 constexpr const char* kRoot = "C:\\contract";
+constexpr const char* kKeyRoot = "Software\\Contract";
 constexpr const char* kOnOtherDrive = "D:\\contract";
 
 // Ends the program when `done` is false.
@@ -82,6 +86,57 @@ HANDLE makeNew(const std::string& path) {
   return file;
 }
 
+void removeKeys(HKEY parent, const std::string& path) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
+    return;
+  }
+  std::array<char, MAX_PATH + 1> name{};
+  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) {
+    removeKeys(key, name.data());
+  }
+  RegCloseKey(key);
+  require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
+}
+
+HKEY makeAndOpenKey(const std::string& path) {
+  HKEY key = nullptr;
+  require(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS, "make the key", path);
+  return key;
+}
+
+std::vector<std::string> cachedUrls() {
+  std::vector<std::string> urls;
+  std::vector<char> block(1 << 16);
+  auto* entry = reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data());
+  auto size = static_cast<DWORD>(block.size());
+  const HANDLE walk = FindFirstUrlCacheEntryA(nullptr, entry, &size);
+  if (walk == nullptr) return urls;
+  do {
+    urls.emplace_back(entry->lpszSourceUrlName);
+    size = static_cast<DWORD>(block.size());
+  } while (FindNextUrlCacheEntryA(walk, entry, &size) != FALSE);
+  FindCloseUrlCache(walk);
+  return urls;
+}
+
+// The list's values, beside which one keeps their order.
+std::size_t recentValues() {
+  HKEY key = nullptr;
+  constexpr const char* kList = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs";
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
+  std::size_t count = 0;
+  std::array<char, MAX_PATH> name{};
+  auto size = static_cast<DWORD>(name.size());
+  for (DWORD i = 0; RegEnumValueA(key, i, name.data(), &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+       ++i) {
+    if (!std::string(name.data()).starts_with("MRUList")) ++count;
+    size = static_cast<DWORD>(name.size());
+  }
+  RegCloseKey(key);
+  return count;
+}
+
 class Win32Bed final : public Bed {
  public:
   Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
@@ -89,17 +144,26 @@ class Win32Bed final : public Bed {
       removeTree(kRoot);
     }
     makeFolders(kRoot);
+    removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   ~Win32Bed() override {
     for (const auto& [path, handle] : locks_) {
       CloseHandle(handle);
     }
+    for (const std::string& url : usedPages_) {
+      UnlockUrlCacheEntryFileA(url.c_str(), 0);
+    }
     SetCurrentDirectoryA(firstFolder_.c_str());
+    for (const std::string& link : links_) {
+      const std::size_t end = link.rfind('\\');
+      require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
+    }
     if (isThere(kOnOtherDrive)) {
       removeTree(kOnOtherDrive);
     }
     removeTree(kRoot);
+    removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   platform::Machine& machine() override { return machine_; }
@@ -189,6 +253,54 @@ class Win32Bed final : public Bed {
     return static_cast<std::size_t>(info.i64NumItems);
   }
 
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    const std::size_t end = path.rfind('\\');
+    const std::string folder = path.substr(0, end);
+    makeFolders(folder);
+    // One step up for each folder between the working folder and the link.
+    std::string way;
+    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) {
+      way += folder[i] == '\\' ? "..\\" : "";
+    }
+    way += target.substr(std::strlen(kRoot) + 1);
+    require(support::makeFolderLink(folder, path.substr(end + 1), way), "make the link", path);
+    links_.push_back(path);
+  }
+
+  // Wine opens what the link points to, whatever it is asked for.
+  bool letsLinksGo() const override { return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") == nullptr; }
+
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    const BOOL done = SetEnvironmentVariableA(name.c_str(), value ? value->c_str() : nullptr);
+    require(done != FALSE || !value, "set the variable", name);
+  }
+
+  void emptyCache() override {
+    for (const std::string& url : cachedUrls()) {
+      require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
+    }
+  }
+
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    std::array<char, MAX_PATH + 1> file{};
+    require(CreateUrlCacheEntryA(url.c_str(), 4, "htm", file.data(), 0) != FALSE, "cache", url);
+    makeFile(file.data(), "page");
+    const BOOL done = CommitUrlCacheEntryA(url.c_str(), file.data(), {expires.low, expires.high}, {},
+                                           NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
+    require(done != FALSE, "cache", url);
+  }
+
+  void useCachedPage(const std::string& url) override {
+    std::vector<char> block(1 << 16);
+    auto size = static_cast<DWORD>(block.size());
+    const BOOL done =
+        RetrieveUrlCacheEntryFileA(url.c_str(), reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data()), &size, 0);
+    require(done != FALSE, "read", url);
+    usedPages_.push_back(url);
+  }
+
+  std::size_t recentDocuments() const override { return recentValues(); }
+
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
@@ -198,6 +310,43 @@ class Win32Bed final : public Bed {
     FindClose(enumeration);
     require(DeleteFileA(probe.c_str()) != FALSE, "delete", probe);
     return found.cAlternateFileName[0] != '\0';
+  }
+
+  std::string keyRoot() const override { return kKeyRoot; }
+
+  void makeKey(const std::string& path) override { RegCloseKey(makeAndOpenKey(path)); }
+
+  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                  const std::string& bytes) override {
+    const HKEY key = makeAndOpenKey(path);
+    // What stands behind the bytes must not be taken for a closing NUL.
+    const std::string guarded = bytes + 'x';
+    const LONG code = RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(guarded.data()),
+                                     static_cast<DWORD>(bytes.size()));
+    RegCloseKey(key);
+    require(code == ERROR_SUCCESS, "store the value", name);
+  }
+
+  bool hasKey(const std::string& path) const override {
+    HKEY key = nullptr;
+    const bool isThere = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
+    if (isThere) {
+      RegCloseKey(key);
+    }
+    return isThere;
+  }
+
+  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+      return std::nullopt;
+    }
+    std::string bytes(1000, '\0');
+    DWORD size = bytes.size();
+    const LONG code =
+        RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()), &size);
+    RegCloseKey(key);
+    return code == ERROR_SUCCESS ? std::optional(bytes.substr(0, size)) : std::nullopt;
   }
 
  private:
@@ -210,6 +359,8 @@ class Win32Bed final : public Bed {
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;
+  std::vector<std::string> links_;
+  std::vector<std::string> usedPages_;
 };
 
 }  // namespace

@@ -115,6 +115,19 @@ TEST_F(Surroundings, ProgramFolderIsAFolder) {
   EXPECT_TRUE(folder.size() == 3 || folder.back() != '\\') << folder;
 }
 
+TEST_F(Surroundings, VariablesAreFoundInAnyCase) {
+  platform::Environment& environment = bed().machine().environment();
+  const std::string name = "SCRUBHAVEN_Contract";
+  EXPECT_EQ(environment.getEnvironmentVariable(name), "");
+  const std::string longValue(1000, 'x');
+  for (const std::string& value : {std::string("C:\\a folder"), longValue, std::string()}) {
+    bed().setVariable(name, value);
+    EXPECT_EQ(environment.getEnvironmentVariable("scrubhaven_CONTRACT"), value);
+  }
+  bed().setVariable(name, std::nullopt);
+  EXPECT_EQ(environment.getEnvironmentVariable(name), "");
+}
+
 TEST_F(Surroundings, UpperCaseKeepsWhatIsNoSmallLetter) {
   EXPECT_EQ(bed().machine().environment().upperCase("ntUser.bak_7 ~[x]"), "NTUSER.BAK_7 ~[X]");
   EXPECT_EQ(bed().machine().environment().upperCase(""), "");

@@ -66,6 +66,64 @@ TEST_F(FileObjectsContract, DeleteEveryFileThatMatches) {
   EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("c.txt"));
 }
 
+TEST_F(FileObjectsContract, DeleteFoldersWithAllInThem) {
+  makeFile("tree\\deep\\a.txt", "bytes");
+  bed().setAttributes(makeFile("tree\\deep\\hidden.txt"), platform::kHidden | platform::kSystem);
+  bed().setAttributes(makeFolder("tree\\hidden"), platform::kHidden | platform::kSystem);
+  makeFile("tree kept\\a.txt");
+  EXPECT_TRUE(fileObjects().deleteFolder(at("tree"), false));
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("tree kept"));
+  EXPECT_TRUE(fileObjects().deleteFolder(at("TREE KEPT\\"), true));
+  EXPECT_THAT(bed().namesIn(bed().root()), IsEmpty());
+}
+
+TEST_F(FileObjectsContract, DeleteFoldersWithProtectedFilesOnlyByForce) {
+  bed().setAttributes(makeFile("tree\\deep\\protected.txt"), platform::kReadOnly | platform::kHidden);
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), false)), platform::kPermissionDenied);
+  EXPECT_TRUE(bed().exists(at("tree\\deep\\protected.txt")));
+  EXPECT_TRUE(fileObjects().deleteFolder(at("tree"), true));
+  EXPECT_FALSE(bed().exists(at("tree")));
+}
+
+TEST_F(FileObjectsContract, DeleteNoFolderWhereThereIsNoneAndNoRoot) {
+  makeFile("tree\\file.txt");
+  for (const std::string name : {"missing", "missing\\tree", "tree\\file.txt", "tr*", "tr?e"}) {
+    EXPECT_EQ(numberOf(fileObjects().deleteFolder(at(name), true)), platform::kPathNotFound) << name;
+  }
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder("", true)), platform::kPathNotFound);
+  const std::string drive = bed().root().substr(0, 2);
+  for (const std::string& root : {drive + "\\", drive + "\\.", at("..\\")}) {
+    EXPECT_EQ(numberOf(fileObjects().deleteFolder(root, true)), platform::kPermissionDenied) << root;
+  }
+  EXPECT_TRUE(bed().exists(at("tree\\file.txt")));
+}
+
+TEST_F(FileObjectsContract, DeleteFoldersUpToAFileInUse) {
+  const std::string file = makeFile("tree\\locked.txt", "kept");
+  bed().lock(file);
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), platform::kPermissionDenied);
+  EXPECT_TRUE(bed().exists(file));
+}
+
+TEST_F(FileObjectsContract, DeleteFoldersWithoutWhatTheirLinksPointTo) {
+  makeFile("outside\\full\\kept.txt", "kept");
+  makeFolder("outside\\empty");
+  bed().makeFolderLink(at("tree\\deep\\toFull"), at("outside\\full"));
+  bed().makeFolderLink(at("toEmpty"), at("outside\\empty"));
+  for (const std::string name : {"tree\\deep\\toFull", "toEmpty"}) {
+    const std::uint32_t attributes = files().getFileAttributes(at(name));
+    EXPECT_TRUE(platform::isDirectory(attributes) && !platform::isOwnFolder(attributes)) << name;
+  }
+  EXPECT_TRUE(fileObjects().folderExists(at("toEmpty")));
+  const std::int32_t expected = bed().letsLinksGo() ? 0 : platform::kPermissionDenied;
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), expected);
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("toEmpty"), true)), expected);
+  EXPECT_EQ(bed().exists(at("tree")), !bed().letsLinksGo());
+  EXPECT_EQ(bed().exists(at("toEmpty")), !bed().letsLinksGo());
+  EXPECT_EQ(bed().readBack(at("outside\\full\\kept.txt")), "kept");
+  EXPECT_TRUE(bed().exists(at("outside\\empty")));
+}
+
 class ShellContract : public ContractTest {
  protected:
   // Deletes what the paths name, and gives the shell's result.

@@ -170,14 +170,13 @@ TEST_F(ConsoleTest, AbortStopsALongScanAtOnce) {
 
   waitForResults(listed);
   const Window window = console();
-  waitUntil("the scan button", [&window] { return window.button("Scan").visible(); });
-  EXPECT_TRUE(window.button("Scan").enabled());
-  EXPECT_FALSE(abort.visible());
+  // The window shows one control's new state after the other.
+  waitUntil("the console to look as after a scan", [&] {
+    return window.button("Scan").visible() && window.button("Scan").enabled() && !abort.visible() &&
+           window.buttonAfter("Junk files:", "Select All").enabled() && window.button("Shredder").enabled() &&
+           window.checkBox(".bak").enabled() && window.checkBox("Shred Files?").visible();
+  });
   EXPECT_FALSE(window.button("Delete Files").enabled());
-  EXPECT_TRUE(window.buttonAfter("Junk files:", "Select All").enabled());
-  EXPECT_TRUE(window.button("Shredder").enabled());
-  EXPECT_TRUE(window.checkBox(".bak").enabled());
-  EXPECT_TRUE(window.checkBox("Shred Files?").visible());
 }
 
 }  // namespace

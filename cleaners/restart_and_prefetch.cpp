@@ -1,0 +1,64 @@
+// What cannot go while Windows runs, and what lies in a folder of the system: the browser's index files, which a script
+// deletes at the next start, and the Prefetch folder.
+#include "console/frmFind.h"
+#include "platform/Platform.h"
+
+using controls::messageBox;
+using platform::Answer;
+
+namespace {
+
+constexpr std::int16_t kRead = 1;
+constexpr std::int16_t kWrite = 2;
+
+// Fixed, wherever the Windows folder is.
+constexpr const char* kPrefetchFolder = "c:\\windows\\prefetch\\";
+
+}  // namespace
+
+void frmFind::bindRestartAndPrefetch() {
+  bindTool(cmdIndex, &frmFind::cmdIndex_Click);
+  bindTool(cmdPrefetch, &frmFind::cmdPrefetch_Click);
+}
+
+void frmFind::cmdIndex_Click() {
+  ReadWriteDeleteRegistry1("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce\\",
+                           platform::machine().environment().programFolder() + "\\delindex.cmd", kWrite);
+}
+
+void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
+                                       std::int16_t ReadWriteDelete) {
+  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
+  const Answer answer = messageBox(
+      "Deleting index.dat files requires that you restart your system.\r\n"
+      "Would you like to schedule this event for next time you restart?",
+      kAsk, "Index.dat File Deletion");
+  if (answer == Answer::kNo || ReadWriteDelete != kWrite) return;
+  const platform::Result<void> written = platform::machine().scriptShell().regWrite(registrykey, RegistryInformation);
+  if (!written) return reportUnhandled(written.error());
+  messageBox("All relevant index.dat files will be deleted on next system restart", platform::kBoxInformation,
+             "Index.dat Files");
+}
+
+void frmFind::ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
+                                       std::int16_t ReadWriteDelete) {
+  if (ReadWriteDelete != kRead) return;
+  const platform::Result<std::string> value = platform::machine().scriptShell().regRead(registrykey);
+  if (value) RegistryInformation = *value;
+}
+
+void frmFind::cmdPrefetch_Click() {
+  platform::FileObjects& objects = platform::machine().fileObjects();
+  if (!objects.folderExists(kPrefetchFolder)) {
+    messageBox("This system has no Prefetch folder.", platform::kBoxCritical, "No Such Folder");
+    return;
+  }
+  if (messageBox("Delete contents of the Windows Prefetch Folder?", platform::kBoxYesNo | platform::kBoxQuestion,
+                 "Clear Prefetch Folder") != Answer::kYes) {
+    return;
+  }
+  if (!objects.folderExists(kPrefetchFolder)) return;
+  // Files in use stay, and what is behind them; nobody is told.
+  static_cast<void>(objects.deleteFile(std::string(kPrefetchFolder) + "*.*", true));
+  messageBox("The Prefetch folder has been cleared.", platform::kBoxInformation, " Folder Cleared");
+}

@@ -1,0 +1,50 @@
+@echo off
+rem Deletes the index files of Internet Explorer's cache, cookies and history of every profile, and nothing else. Runs
+rem once after a restart, before anything holds them open. Says nothing; does nothing where the folders are not there.
+rem Names go to the routines in variables: as arguments of a call they would be read a second time.
+setlocal
+
+set "PARENT=C:\Documents and Settings"
+call :profiles
+set "PARENT=C:\WINNT\Profiles"
+call :profiles
+set "PARENT=C:\WINDOWS\Profiles"
+call :profiles
+set "PROFILE=C:\WINDOWS"
+call :profile
+exit /b 0
+
+:profiles
+for /f "delims=" %%p in ('dir /b /ad "%PARENT%" 2^>nul') do (
+  set "PROFILE=%PARENT%\%%p"
+  call :profile
+)
+exit /b 0
+
+:profile
+set "FOLDER=%PROFILE%\Cookies"
+call :index
+set "FOLDER=%PROFILE%\Temporary Internet Files\Content.IE5"
+call :index
+set "FOLDER=%PROFILE%\Local Settings\Temporary Internet Files\Content.IE5"
+call :index
+set "HISTORY=%PROFILE%\History\History.IE5"
+call :history
+set "HISTORY=%PROFILE%\Local Settings\History\History.IE5"
+call :history
+exit /b 0
+
+:history
+set "FOLDER=%HISTORY%"
+call :index
+for /f "delims=" %%h in ('dir /b /ad "%HISTORY%\MSHist01*" 2^>nul') do (
+  set "FOLDER=%HISTORY%\%%h"
+  call :index
+)
+exit /b 0
+
+:index
+if not exist "%FOLDER%\index.dat" exit /b 0
+attrib -r -h -s "%FOLDER%\index.dat" >nul 2>&1
+del /f /q "%FOLDER%\index.dat" >nul 2>&1
+exit /b 0

@@ -1,0 +1,90 @@
+// The registry of the in-memory machine.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Registry.h"
+#include "platform/memory/MemoryFaults.h"
+#include "platform/memory/MemoryVersion.h"
+
+namespace platform::memory {
+
+// A value as it is stored.
+struct RegistryValue {
+  std::uint32_t type = kRegistryText;
+  std::string data;
+
+  bool operator==(const RegistryValue&) const = default;
+};
+
+class MemoryRegistry final : public Registry {
+ public:
+  // What differs between the two families follows the version that `version` says.
+  MemoryRegistry(const MemoryVersion& version, MemoryFaults& faults) : version_(version), faults_(faults) {}
+
+  // --- What another program does. Paths begin with a root's short name: "HKCU\Software". Any other beginning throws
+  // std::logic_error.
+  void addKey(const std::string& path) { make(path); }
+  void set(const std::string& path, const std::string& name, RegistryValue value);
+  std::optional<RegistryValue> value(const std::string& path, const std::string& name) const;
+  bool hasKey(const std::string& path) const { return peek(path) != nullptr; }
+  // Every key below `path` and every value in it and them, in the order of their names: "Sub\", "Sub\Name=4:0a000000"
+  // (the type, the bytes in hexadecimal digits).
+  std::vector<std::string> contents(const std::string& path) const;
+  // Every call since the start as a line, failed calls too: its name and what was passed, sizes and access rights in
+  // decimal: "openKey HKLM SYSTEM\Select 1", "queryValue Current 32", "setValue Current 4 4" (type, size),
+  // "deleteKey Sub". Closing is not among them.
+  const std::vector<std::string>& calls() const { return calls_; }
+  // How many keys have been opened and not closed.
+  std::size_t openKeys() const { return open_.size(); }
+
+  std::int32_t openKey(RegistryKey key, const std::string& path, std::uint32_t access, RegistryKey& opened) override;
+  std::int32_t createKey(RegistryKey key, const std::string& path, std::uint32_t access, RegistryKey& opened) override;
+  std::int32_t queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, std::span<char> buffer,
+                          std::uint32_t& size) override;
+  std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type, const std::string& data) override;
+  std::int32_t deleteKey(RegistryKey key, const std::string& path) override;
+  std::int32_t deleteValue(RegistryKey key, const std::string& name) override;
+  std::int32_t closeKey(RegistryKey key) override;
+
+ private:
+  struct WithoutCase {
+    bool operator()(const std::string& a, const std::string& b) const;
+  };
+  struct Key {
+    std::map<std::string, std::shared_ptr<Key>, WithoutCase> keys;
+    std::map<std::string, RegistryValue, WithoutCase> values;
+    bool deleted = false;
+  };
+  using KeyPtr = std::shared_ptr<Key>;
+  struct OpenKey {
+    KeyPtr key;
+    std::uint32_t access = 0;
+  };
+
+  bool isNtLine() const;
+  // The key behind a handle that was opened for `access`.
+  std::int32_t find(RegistryKey handle, std::uint32_t access, KeyPtr& key);
+  RegistryKey open(const KeyPtr& key, std::uint32_t access);
+  KeyPtr root(RegistryKey key);
+  KeyPtr make(const std::string& path);
+  KeyPtr peek(const std::string& path) const;
+  static void list(const Key& key, const std::string& prefix, std::vector<std::string>& lines);
+  static void markDeleted(Key& key);
+
+  const MemoryVersion& version_;
+  MemoryFaults& faults_;
+  std::map<RegistryKey, KeyPtr> roots_;
+  std::map<RegistryKey, OpenKey> open_;
+  RegistryKey lastHandle_ = 0x100;
+  std::vector<std::string> calls_;
+};
+
+}  // namespace platform::memory

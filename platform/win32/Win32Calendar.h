@@ -1,0 +1,14 @@
+// The machine's calendar and the way in which its locale writes dates.
+#pragma once
+
+#include "platform/Calendar.h"
+
+namespace platform::win32 {
+
+class Win32Calendar final : public Calendar {
+ public:
+  bool fileTimeToSystemTime(const FileTime& time, SystemTime& fields) override;
+  std::string textOf(Date date) override;
+};
+
+}  // namespace platform::win32

@@ -1,0 +1,60 @@
+#include "settings/toggle_window.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "console/modOS.h"
+#include "settings/modRegistry.h"
+
+using controls::messageBox;
+using controls::place;
+using controls::Start;
+
+namespace {
+
+// Compared letter for letter: "Windows Me", as the version is named, passes.
+constexpr std::array kRefusedVersions = {"Windows ME", "Windows 98SE", "Windows 98 SE", "Windows 98", "Windows 95"};
+
+constexpr int kButtonWidth = 50;
+
+}  // namespace
+
+ToggleWindow::ToggleWindow(std::string caption, std::string toggleToolTip)
+    : Form(std::move(caption)),
+      Frame1(*this, "Frame1", Start{}),
+      cmdToggle(*this, "cmdToggle", Start{.caption = kToggleCaption, .toolTip = std::move(toggleToolTip)}),
+      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
+  cmdToggle.onClick = [this] { cmdToggle_Click(); };
+  cmd_Cancel.onClick = [this] { close(); };
+  cmdToggle.setMnemonic('E');
+  cmd_Cancel.setMnemonic('C');
+  setCancelButton(cmd_Cancel);
+}
+
+controls::Box ToggleWindow::layoutAround(controls::Label& state, std::vector<std::string> states) {
+  const controls::Box text = place(state).reserve(std::move(states)).stretch(1, 1);
+  const controls::Box buttons =
+      controls::row({controls::space().stretch(1, 0),
+                     place(cmdToggle).reserve({kEnableCaption, kDisableCaption}).atLeast(kButtonWidth, 0),
+                     place(cmd_Cancel).atLeast(kButtonWidth, 0)});
+  return controls::column({controls::framed(Frame1, text), buttons});
+}
+
+bool runsOnNtLine() {
+  const std::string version = GetWindowsVersionName();
+  if (std::ranges::find(kRefusedVersions, version) == kRefusedVersions.end()) return true;
+  messageBox("Sorry, this tool is for Windows NT/2000/XP only.", platform::kBoxExclamation, "Windows NT/2000/XP Only");
+  return false;
+}
+
+std::string readSetting(const std::string& keyPath, const std::string& valueName) {
+  platform::Variant value;
+  ReadRegistryValue("HKLM", keyPath, valueName, "D", "", value);
+  std::string text = platform::textOf(value);
+  if (text.empty()) {
+    messageBox("The registry has reported that this key does not exist or is corrupted.", platform::kBoxCritical,
+               "Registry Access Error");
+  }
+  return text;
+}
