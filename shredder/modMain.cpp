@@ -14,25 +14,28 @@ constexpr int kNameDraws = 101;
 constexpr char kZeros = '\0';
 constexpr char kOnes = '\xFF';
 
-// One output step of RC4 on any permutation and indices.
-template <typename Permutation>
-inline std::uint32_t nextByte(Permutation& S, std::uint32_t& i, std::uint32_t& j) {
-  i = (i + 1) & 0xFF;
+using Permutation = std::array<std::uint32_t, 256>;
+
+constexpr std::uint8_t low8(std::uint32_t number) { return static_cast<std::uint8_t>(number); }
+
+// One output step of RC4. The second index is a byte, because each step waits for it: adding bytes needs no masking.
+inline std::uint32_t nextByte(Permutation& S, std::uint32_t& i, std::uint8_t& j) {
+  i = low8(i + 1);
   const std::uint32_t x = S[i];
-  j = (j + x) & 0xFF;
+  j = low8(j + x);
   const std::uint32_t y = S[j];
   S[i] = y;
   S[j] = x;
-  return S[(x + y) & 0xFF];
+  return S[low8(x + y)];
 }
 
 // The keystream's next `count` bytes. A copy of the state that nothing else can reach, and whole words at a time, let
 // the compiler keep everything but the permutation in registers, also in the few of a 32-bit processor.
 void fillFromKeystream(char* out, std::size_t count) {
   KeystreamState& state = keystream();
-  std::array<std::uint32_t, 256> S = state.S;
+  Permutation S = state.S;
   std::uint32_t i = state.i;
-  std::uint32_t j = state.j;
+  std::uint8_t j = low8(state.j);
   char* const end = out + count;
   char* const wordsEnd = out + count / sizeof(std::uint32_t) * sizeof(std::uint32_t);
   while (out != wordsEnd) {
@@ -180,5 +183,8 @@ void SeedKeystream(std::string_view key) {
 
 double NextKeystreamFraction() {
   KeystreamState& state = keystream();
-  return nextByte(state.S, state.i, state.j) / 255.0;
+  std::uint8_t j = low8(state.j);
+  const std::uint32_t byte = nextByte(state.S, state.i, j);
+  state.j = j;
+  return byte / 255.0;
 }
