@@ -14,42 +14,43 @@ constexpr int kNameDraws = 101;
 constexpr char kZeros = '\0';
 constexpr char kOnes = '\xFF';
 
-using Permutation = std::array<std::uint32_t, 256>;
+// How many steps stand in a row in the machine code.
+constexpr std::size_t kStretch = 256;
+
+// Its tables begin with a line of the cache.
+alignas(64) constinit KeystreamState stream;
 
 constexpr std::uint8_t low8(std::uint32_t number) { return static_cast<std::uint8_t>(number); }
 
-// One output step of RC4. The second index is a byte, because each step waits for it: adding bytes needs no masking.
-inline std::uint32_t nextByte(Permutation& S, std::uint32_t& i, std::uint8_t& j) {
-  i = low8(i + 1);
-  const std::uint32_t x = S[i];
+// One output step of RC4.
+inline std::uint32_t nextByte(std::uint8_t& i, std::uint32_t& j) {
+  ++i;
+  const std::uint32_t x = stream.S[i];
   j = low8(j + x);
-  const std::uint32_t y = S[j];
-  S[i] = y;
-  S[j] = x;
-  return S[low8(x + y)];
+  const std::uint32_t y = stream.S[j];
+  stream.S[j] = x;
+  stream.S[i] = y;
+  return stream.S[low8(x + y)];
 }
 
-// The keystream's next `count` bytes. A copy of the state that nothing else can reach, and whole words at a time, let
-// the compiler keep everything but the permutation in registers, also in the few of a 32-bit processor.
+// The keystream's next `count` bytes. Almost every step reads where an earlier one may still be writing. A processor
+// learns for each instruction whether its read may go ahead, and guesses better the less often each one runs, so a long
+// stretch of steps is faster than a short loop. Bytes go out in pairs, which suits few and many registers alike.
 void fillFromKeystream(char* out, std::size_t count) {
-  KeystreamState& state = keystream();
-  Permutation S = state.S;
-  std::uint32_t i = state.i;
-  std::uint8_t j = low8(state.j);
+  std::uint8_t i = low8(stream.i);
+  std::uint32_t j = stream.j;
   char* const end = out + count;
-  char* const wordsEnd = out + count / sizeof(std::uint32_t) * sizeof(std::uint32_t);
-  while (out != wordsEnd) {
-    std::uint32_t word = nextByte(S, i, j);
-    word |= nextByte(S, i, j) << 8;
-    word |= nextByte(S, i, j) << 16;
-    word |= nextByte(S, i, j) << 24;
-    std::memcpy(out, &word, sizeof(word));
-    out += sizeof(word);
+  for (char* const stretchesEnd = end - count % kStretch; out != stretchesEnd; out += kStretch) {
+#pragma GCC unroll 128
+    for (std::size_t k = 0; k < kStretch; k += sizeof(std::uint16_t)) {
+      auto pair = static_cast<std::uint16_t>(nextByte(i, j));
+      pair |= static_cast<std::uint16_t>(nextByte(i, j) << 8);
+      std::memcpy(out + k, &pair, sizeof(pair));
+    }
   }
-  while (out != end) *out++ = static_cast<char>(nextByte(S, i, j));
-  state.S = S;
-  state.i = i;
-  state.j = j;
+  while (out != end) *out++ = static_cast<char>(nextByte(i, j));
+  stream.i = i;
+  stream.j = j;
 }
 
 // Makes `bytes` `count` bytes long, all written by `fill(bytes, count)`; room that they have already is used again.
@@ -117,10 +118,7 @@ void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_
 
 }  // namespace
 
-KeystreamState& keystream() {
-  static KeystreamState state;
-  return state;
-}
+KeystreamState& keystream() { return stream; }
 
 void ShredFile(const std::string& path, std::int16_t rounds, frmMain& window) {
   platform::FileSystem& files = platform::machine().files();
@@ -169,22 +167,22 @@ std::string RandomName() {
 }
 
 void SeedKeystream(std::string_view key) {
-  KeystreamState& state = keystream();
-  for (std::uint32_t x = 0; x < state.S.size(); ++x) {
-    state.K[x] = static_cast<unsigned char>(key[x % key.size()]);
-    state.S[x] = x;
+  for (std::uint32_t x = 0; x < stream.S.size(); ++x) {
+    stream.K[x] = static_cast<unsigned char>(key[x % key.size()]);
+    stream.S[x] = x;
   }
   std::uint32_t y = 0;
-  for (std::uint32_t x = 0; x < state.S.size(); ++x) {
-    y = (state.S[x] + y + state.K[x]) & 0xFF;
-    std::swap(state.S[x], state.S[y]);
+  for (std::uint32_t x = 0; x < stream.S.size(); ++x) {
+    y = low8(stream.S[x] + y + stream.K[x]);
+    std::swap(stream.S[x], stream.S[y]);
   }
 }
 
 double NextKeystreamFraction() {
-  KeystreamState& state = keystream();
-  std::uint8_t j = low8(state.j);
-  const std::uint32_t byte = nextByte(state.S, state.i, j);
-  state.j = j;
+  std::uint8_t i = low8(stream.i);
+  std::uint32_t j = stream.j;
+  const std::uint32_t byte = nextByte(i, j);
+  stream.i = i;
+  stream.j = j;
   return byte / 255.0;
 }
