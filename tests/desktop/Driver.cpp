@@ -17,7 +17,6 @@ constexpr DWORD kAnswerLimit = 5000;   // milliseconds for one message
 constexpr DWORD kStartLimit = 20000;   // milliseconds: the first start in a prefix starts Wine's services too
 constexpr DWORD kToolTipLimit = 3000;  // milliseconds
 constexpr int kTextRoom = 1024;
-constexpr int kTickedImage = 2;  // state images of a list with check boxes: 1 without a tick, 2 with one
 
 using Sender = decltype(&SendMessageTimeoutA);
 
@@ -30,33 +29,21 @@ LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0, Sender send =
   return static_cast<LRESULT>(answer);
 }
 
-// What the window says when it is asked: text boxes and tooltips keep their text to themselves.
+// What the window says when it is asked: some controls keep their text to themselves.
 std::string askedText(HWND window) {
   std::array<char, kTextRoom> text{};
   ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   return text.data();
 }
 
-// What the system knows to be the window's text. Costs the program nothing, and a window may go meanwhile.
+// What the system knows to be the window's text, without the mark of its letter. Costs the program nothing, and a
+// window may go meanwhile.
 std::string textOf(HWND window) {
-  std::array<char, kTextRoom> text{};
-  GetWindowTextA(window, text.data(), static_cast<int>(text.size()));
-  return text.data();
-}
-
-// The lines of a list box or drop-down. Asked for in wide characters, because Wine answers in
-// them across processes however it is asked.
-std::vector<std::string> lines(HWND window, UINT countMessage, UINT textMessage) {
-  std::vector<std::string> lines;
-  const auto count = ask(window, countMessage);
-  for (int i = 0; i < count; ++i) {
-    std::array<wchar_t, kTextRoom> wide{};
-    ask(window, textMessage, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()), SendMessageTimeoutW);
-    std::array<char, kTextRoom> text{};
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
-    lines.emplace_back(text.data());
-  }
-  return lines;
+  std::array<char, kTextRoom> buffer{};
+  GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
+  std::string text = buffer.data();
+  std::erase(text, '&');
+  return text;
 }
 
 std::string classOf(HWND window) {
@@ -71,96 +58,60 @@ DWORD processOf(HWND window) {
   return process;
 }
 
-Kind kindOfButton(HWND window) {
-  switch (GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK) {
-    case BS_GROUPBOX:
-      return Kind::kFrame;
-    case BS_CHECKBOX:
-    case BS_AUTOCHECKBOX:
-      return Kind::kCheckBox;
-    default:
-      return Kind::kButton;
-  }
-}
-
-const char* nameOf(Kind kind) {
-  constexpr std::array<const char*, 9> kNames = {"button", "check box",   "frame",      "label",        "text box",
-                                                 "list",   "folder list", "drive list", "other control"};
-  return kNames[static_cast<std::size_t>(kind)];
-}
-
-bool contains(const RECT& outer, const RECT& inner) {
-  return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-         inner.bottom <= outer.bottom;
-}
-
-// Wine's desktop raises a window some time after it has become the active one, by then perhaps over a window that has
-// been opened in front of it. The screen shows the right order; only clicks would go astray.
-void putBackOnTop(HWND window) { SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE); }
-
-// Memory of another process, for messages that carry an address.
-class RemoteMemory {
+// A record in the memory of another process, for messages that carry an address, with room for a text behind it.
+template <typename Record>
+class RemoteRecord {
  public:
-  RemoteMemory(HWND window, SIZE_T size)
-      : process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processOf(window))),
-        address_(static_cast<char*>(VirtualAllocEx(process_, nullptr, size, MEM_COMMIT, PAGE_READWRITE))) {
+  explicit RemoteRecord(HWND window)
+      : window_(window),
+        process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processOf(window))),
+        address_(static_cast<char*>(
+            VirtualAllocEx(process_, nullptr, sizeof(Record) + kTextRoom, MEM_COMMIT, PAGE_READWRITE))) {
     if (address_ == nullptr) throw Failed("no memory in the program");
   }
-  ~RemoteMemory() {
+  ~RemoteRecord() {
     VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
     CloseHandle(process_);
   }
-  RemoteMemory(const RemoteMemory&) = delete;
-  RemoteMemory& operator=(const RemoteMemory&) = delete;
+  RemoteRecord(const RemoteRecord&) = delete;
+  RemoteRecord& operator=(const RemoteRecord&) = delete;
 
-  char* address() const { return address_; }
-
-  template <typename T>
-  void write(const T& value) {
-    WriteProcessMemory(process_, address_, &value, sizeof(value), nullptr);
+  // Sends the message with the record, and gives what it has become.
+  Record exchange(UINT message, int index, Record record) const {
+    WriteProcessMemory(process_, address_, &record, sizeof(record), nullptr);
+    ask(window_, message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(address_));
+    ReadProcessMemory(process_, address_, &record, sizeof(record), nullptr);
+    return record;
   }
 
-  template <typename T>
-  T read() const {
-    T value;
-    ReadProcessMemory(process_, address_, &value, sizeof(value), nullptr);
-    return value;
-  }
-
-  std::string readText(SIZE_T offset) const {
+  // The same with a record that has a text, which is what it gives.
+  std::string textBy(UINT message, int index, Record record) const {
+    record.pszText = address_ + sizeof(record);
+    record.cchTextMax = kTextRoom - 1;
+    exchange(message, index, record);
     std::array<char, kTextRoom> text{};
-    ReadProcessMemory(process_, address_ + offset, text.data(), text.size() - 1, nullptr);
+    ReadProcessMemory(process_, address_ + sizeof(record), text.data(), text.size() - 1, nullptr);
     return text.data();
   }
 
  private:
+  HWND window_;
   HANDLE process_;
   char* address_;
 };
 
-// What an enumeration of the visible windows of one process finds.
-struct Found {
-  DWORD process;
-  std::vector<HWND> windows;
-};
-
-BOOL CALLBACK keepOwn(HWND window, LPARAM found) {
-  auto& own = *reinterpret_cast<Found*>(found);
-  if (processOf(window) == own.process && IsWindowVisible(window)) own.windows.push_back(window);
-  return TRUE;
-}
-
 std::vector<HWND> visibleWindows(DWORD process) {
-  Found found{process, {}};
-  EnumWindows(keepOwn, reinterpret_cast<LPARAM>(&found));
-  return found.windows;
+  std::vector<HWND> windows;
+  for (HWND window = GetTopWindow(nullptr); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+    if (processOf(window) == process && IsWindowVisible(window)) windows.push_back(window);
+  }
+  return windows;
 }
 
-HWND visibleToolTip(DWORD process) {
-  for (const HWND window : visibleWindows(process)) {
-    if (classOf(window) == TOOLTIPS_CLASSA) return window;
-  }
-  return nullptr;
+HWND visibleOfClass(DWORD process, const std::string& name) {
+  const std::vector<HWND> windows = visibleWindows(process);
+  const auto found = std::ranges::find(windows, name, classOf);
+  return found == windows.end() ? nullptr : *found;
 }
 
 // The control that has the keyboard in the thread of `window`, or null.
@@ -177,27 +128,21 @@ HWND keyboardOwner(HWND window) {
 
 Kind Control::kind() const {
   const std::string name = classOf(window_);
-  if (lstrcmpiA(name.c_str(), "Button") == 0) return kindOfButton(window_);
-  const std::array<std::pair<const char*, Kind>, 5> kinds = {{{"Static", Kind::kLabel},
-                                                              {"Edit", Kind::kTextBox},
-                                                              {WC_LISTVIEWA, Kind::kList},
-                                                              {"ListBox", Kind::kFolderList},
-                                                              {"ComboBox", Kind::kDriveList}}};
-  const auto* known =
-      std::ranges::find_if(kinds, [&name](const auto& entry) { return lstrcmpiA(name.c_str(), entry.first) == 0; });
-  return known == kinds.end() ? Kind::kOther : known->second;
+  if (name == "Button") {
+    const LONG type = GetWindowLongA(window_, GWL_STYLE) & BS_TYPEMASK;
+    if (type == BS_GROUPBOX) return Kind::kFrame;
+    return type == BS_CHECKBOX || type == BS_AUTOCHECKBOX ? Kind::kCheckBox : Kind::kButton;
+  }
+  if (name == "Static") return Kind::kLabel;
+  if (name == "Edit") return Kind::kTextBox;
+  if (name == WC_LISTVIEWA) return Kind::kList;
+  if (name == "ListBox") return Kind::kLines;
+  return name == "ComboBox" ? Kind::kDriveList : Kind::kOther;
 }
 
-std::string Control::text() const { return kind() == Kind::kTextBox ? askedText(window_) : textOf(window_); }
-
-bool Control::visible() const { return IsWindowVisible(window_) != FALSE; }
-
-bool Control::enabled() const {
-  const HWND root = GetAncestor(window_, GA_ROOT);
-  for (HWND window = window_; window != nullptr && window != root; window = GetParent(window)) {
-    if (!IsWindowEnabled(window)) return false;
-  }
-  return true;
+std::string Control::text() const {
+  const bool isAsked = kind() == Kind::kTextBox || kind() == Kind::kDriveList;
+  return isAsked ? askedText(window_) : textOf(window_);
 }
 
 bool Control::ticked() const { return ask(window_, BM_GETCHECK) == BST_CHECKED; }
@@ -216,33 +161,33 @@ POINT Control::centre() const {
 void Control::click() const {
   if (!visible()) throw Failed("cannot click \"" + text() + "\": it is hidden");
   const HWND root = GetAncestor(window_, GA_ROOT);
+  // Wine's desktop raises a window some time after it has become the active one, by then perhaps over a window that has
+  // been opened in front of it. The screen shows the right order; only clicks would go astray.
   waitUntil("a free way to \"" + text() + "\"", [this, root] {
     const HWND onTop = GetAncestor(WindowFromPoint(centre()), GA_ROOT);
-    if (onTop != root && onTop == GetWindow(root, GW_OWNER)) putBackOnTop(root);
+    if (onTop != root && onTop == GetWindow(root, GW_OWNER)) {
+      SetWindowPos(root, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
     return onTop == root;
   });
   clickAt(centre());
 }
 
-// ---- List -----------------------------------------------------------------------------------------------------------
-
-List::List(Control control) : Control(control) {
-  if (kind() != Kind::kList) throw Failed("this is no list");
+void Control::flip() const {
+  const bool before = ticked();
+  click();
+  waitUntil("another tick in \"" + text() + "\"", [&] { return ticked() != before; });
 }
 
-std::vector<std::string> List::columns() const {
+// ---- List -----------------------------------------------------------------------------------------------------------
+
+Texts List::columns() const {
   const auto header = reinterpret_cast<HWND>(ask(handle(), LVM_GETHEADER));
-  const auto count = ask(header, HDM_GETITEMCOUNT);
-  RemoteMemory memory(header, sizeof(HDITEMA) + kTextRoom);
-  std::vector<std::string> titles;
-  for (int i = 0; i < count; ++i) {
-    HDITEMA item = {};
-    item.mask = HDI_TEXT;
-    item.pszText = memory.address() + sizeof(item);
-    item.cchTextMax = kTextRoom - 1;
-    memory.write(item);
-    ask(header, HDM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(memory.address()));
-    titles.push_back(memory.readText(sizeof(item)));
+  HDITEMA item = {};
+  item.mask = HDI_TEXT;
+  Texts titles;
+  for (int i = 0; i < ask(header, HDM_GETITEMCOUNT); ++i) {
+    titles.push_back(RemoteRecord<HDITEMA>(header).textBy(HDM_GETITEMA, i, item));
   }
   return titles;
 }
@@ -250,91 +195,48 @@ std::vector<std::string> List::columns() const {
 int List::rowCount() const { return static_cast<int>(ask(handle(), LVM_GETITEMCOUNT)); }
 
 std::string List::cell(int row, int column) const {
-  RemoteMemory memory(handle(), sizeof(LVITEMA) + kTextRoom);
   LVITEMA item = {};
   item.iSubItem = column;
-  item.pszText = memory.address() + sizeof(item);
-  item.cchTextMax = kTextRoom - 1;
-  memory.write(item);
-  ask(handle(), LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.address()));
-  return memory.readText(sizeof(item));
+  return RemoteRecord<LVITEMA>(handle()).textBy(LVM_GETITEMTEXTA, row, item);
 }
 
 bool List::ticked(int row) const {
+  constexpr int kTickedImage = 2;  // state images of a list with check boxes: 1 without a tick, 2 with one
   const LRESULT state = ask(handle(), LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
   return state == INDEXTOSTATEIMAGEMASK(kTickedImage);
 }
 
-std::vector<Row> List::rows() const {
-  std::vector<Row> rows;
+Texts List::texts(int column) const {
+  Texts texts;
   const int count = rowCount();
-  for (int i = 0; i < count; ++i) rows.push_back({cell(i, 0), cell(i, 1), ticked(i)});
-  return rows;
-}
-
-int List::find(const std::string& text) const {
-  const int count = rowCount();
-  for (int i = 0; i < count; ++i) {
-    if (cell(i, 0) == text) return i;
-  }
-  throw Failed("no row \"" + text + "\" is listed");
+  for (int row = 0; row < count; ++row) texts.push_back(cell(row, column));
+  return texts;
 }
 
 RECT List::part(int row, int code) const {
-  RemoteMemory memory(handle(), sizeof(RECT));
-  memory.write(RECT{code, 0, 0, 0});
-  ask(handle(), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.address()));
-  auto part = memory.read<RECT>();
+  ask(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  RECT part = RemoteRecord<RECT>(handle()).exchange(LVM_GETITEMRECT, row, {code, 0, 0, 0});
   MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&part), 2);
   return part;
 }
 
-void List::clickTick(int row) const {
-  ask(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  const RECT whole = part(row, LVIR_BOUNDS);
-  const RECT label = part(row, LVIR_LABEL);
-  clickAt({(whole.left + label.left) / 2, (whole.top + whole.bottom) / 2});
-}
-
-void List::clickText(int row) const {
+void List::clickRow(int row) const {
   constexpr int kInsideText = 12;  // pixels behind the start of the text
-  ask(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
   const RECT label = part(row, LVIR_LABEL);
   clickAt({label.left + kInsideText, (label.top + label.bottom) / 2});
 }
 
-// ---- FolderList, DriveList ------------------------------------------------------------------------------------------
-
-std::vector<std::string> FolderList::entries() const { return lines(handle(), LB_GETCOUNT, LB_GETTEXT); }
-
-void FolderList::open(const std::string& entry) const {
-  const std::vector<std::string> before = entries();
-  const auto line = std::ranges::find(before, entry);
-  if (line == before.end()) throw Failed("the folder list does not show \"" + entry + "\"");
-  const auto index = static_cast<WPARAM>(line - before.begin());
-  ask(handle(), LB_SETTOPINDEX, index);
-  RECT at = {};
-  ask(handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&at));
-  MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&at), 2);
-  doubleClickAt({(at.left + at.right) / 2, (at.top + at.bottom) / 2});
-  waitUntil("the folder list of \"" + entry + "\"", [this, &before] { return entries() != before; });
-}
-
-std::vector<std::string> DriveList::entries() const { return lines(handle(), CB_GETCOUNT, CB_GETLBTEXT); }
-
-std::string DriveList::chosen() const {
-  const auto index = ask(handle(), CB_GETCURSEL);
-  const std::vector<std::string> all = entries();
-  return index < 0 ? std::string() : all.at(static_cast<std::size_t>(index));
+void List::flip(const std::string& text) const {
+  const Texts all = texts();
+  const auto row = static_cast<int>(std::ranges::find(all, text) - all.begin());
+  if (row == static_cast<int>(all.size())) throw Failed("no row \"" + text + "\" is listed");
+  const bool before = ticked(row);
+  const RECT label = part(row, LVIR_LABEL);
+  clickAt({(part(row, LVIR_BOUNDS).left + label.left) / 2, (label.top + label.bottom) / 2});
+  waitUntil("another tick at \"" + text + "\"", [&] { return ticked(row) != before; });
 }
 
 // ---- Window ---------------------------------------------------------------------------------------------------------
-
-std::string Window::title() const { return textOf(window_); }
-
-bool Window::isOpen() const { return IsWindow(window_) && IsWindowVisible(window_); }
-
-bool Window::takesInput() const { return IsWindowEnabled(window_) != FALSE; }
 
 std::vector<Control> Window::controls() const {
   std::vector<Control> controls;
@@ -351,52 +253,58 @@ std::vector<Control> Window::all(Kind kind) const {
 }
 
 Control Window::only(Kind kind, const std::string& text) const {
-  std::vector<Control> found = controls();
-  std::erase_if(found,
-                [&](const Control& control) { return textOf(control.handle()) != text || control.kind() != kind; });
+  std::vector<Control> found = all(kind);
+  std::erase_if(found, [&](const Control& control) { return textOf(control.handle()) != text; });
   if (found.size() == 1) return found.front();
-  throw Failed(std::to_string(found.size()) + " controls instead of one are the " + nameOf(kind) + " \"" + text + "\"");
+  throw Failed(std::to_string(found.size()) + " controls of the kind asked for are \"" + text + "\", instead of one");
 }
 
-Control Window::buttonAfter(const std::string& label, const std::string& text) const {
+Control Window::buttonAfter(const std::string& before, const std::string& text) const {
   bool passed = false;
   for (const Control& control : controls()) {
-    if (control.kind() == Kind::kLabel && control.text() == label) passed = true;
     if (passed && control.kind() == Kind::kButton && control.text() == text) return control;
+    passed = passed || control.text() == before;
   }
-  throw Failed("no button \"" + text + "\" after \"" + label + "\"");
+  throw Failed("no button \"" + text + "\" after \"" + before + "\"");
 }
 
-Control Window::buttonIn(const std::string& frame, const std::string& text) const {
-  const RECT around = this->frame(frame).place();
-  for (const Control& control : all(Kind::kButton)) {
-    if (control.text() == text && contains(around, control.place())) return control;
-  }
-  throw Failed("no button \"" + text + "\" in \"" + frame + "\"");
-}
-
-List Window::list(const std::vector<std::string>& columns) const {
+List Window::list(const Texts& columns) const {
   for (const Control& control : all(Kind::kList)) {
-    const List list(control);
-    if (list.columns() == columns) return list;
+    if (List(control).columns() == columns) return List(control);
   }
   throw Failed("no list has the columns asked for, beginning with \"" + columns.front() + "\"");
 }
 
-FolderList Window::folderList() const { return FolderList(only(Kind::kFolderList, "Dir1")); }
-
-std::vector<std::string> Window::fileList() const { return FolderList(only(Kind::kFolderList, "File1")).entries(); }
-
-DriveList Window::driveList() const {
-  const std::vector<Control> lists = all(Kind::kDriveList);
-  if (lists.size() != 1) throw Failed(std::to_string(lists.size()) + " drive lists");
-  return DriveList(lists.front());
+// Asked for in wide characters, because Wine answers in them across processes however it is asked.
+Texts Window::linesOf(const std::string& list) const {
+  const HWND lines = only(Kind::kLines, list).handle();
+  const LRESULT count = ask(lines, LB_GETCOUNT);
+  Texts texts;
+  for (int i = 0; i < count; ++i) {
+    std::array<wchar_t, kTextRoom> wide{};
+    ask(lines, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()), SendMessageTimeoutW);
+    std::array<char, kTextRoom> text{};
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
+    texts.emplace_back(text.data());
+  }
+  return texts;
 }
 
-std::vector<Control> Window::textBoxes() const { return all(Kind::kTextBox); }
+void Window::openFolder(const std::string& line) const {
+  const HWND list = only(Kind::kLines, "Dir1").handle();
+  const Texts before = folders();
+  const auto index = static_cast<WPARAM>(std::ranges::find(before, line) - before.begin());
+  if (index == before.size()) throw Failed("the folder list does not show \"" + line + "\"");
+  ask(list, LB_SETTOPINDEX, index);
+  RECT at = {};
+  ask(list, LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&at));
+  MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&at), 2);
+  clickAt({(at.left + at.right) / 2, (at.top + at.bottom) / 2}, 2);
+  waitUntil("the folder list of \"" + line + "\"", [this, &before] { return folders() != before; });
+}
 
-std::vector<std::string> Window::labelTexts() const {
-  std::vector<std::string> texts;
+Texts Window::labelTexts() const {
+  Texts texts;
   for (const Control& label : all(Kind::kLabel)) {
     if (label.visible()) texts.push_back(label.text());
   }
@@ -404,16 +312,15 @@ std::vector<std::string> Window::labelTexts() const {
 }
 
 std::string Window::toolTipOf(const Control& control) const {
-  const DWORD process = processOf(window_);
+  const auto shown = [process = processOf(window_)] { return visibleOfClass(process, TOOLTIPS_CLASSA); };
   const RECT inner = inside();
   // Two pixels from the window's corner there is nothing to tell about.
   movePointer({inner.left + 2, inner.top + 2});
-  waitUntil("the last tooltip to go", [process] { return visibleToolTip(process) == nullptr; });
+  waitUntil("the last tooltip to go", [&shown] { return shown() == nullptr; });
   const DWORD start = GetTickCount();
   while (GetTickCount() - start < kToolTipLimit) {
     if (!isPointerAt(control.centre())) movePointer(control.centre());
-    const HWND toolTip = visibleToolTip(process);
-    if (toolTip != nullptr) return askedText(toolTip);
+    if (const HWND toolTip = shown()) return askedText(toolTip);
     Sleep(10);
   }
   return "";
@@ -429,8 +336,7 @@ RECT Window::inside() const {
 void Window::resize(int width, int height) const {
   SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
   waitUntil("the window to take its size", [this, width, height] {
-    RECT place = {};
-    GetWindowRect(window_, &place);
+    const RECT place = Control(window_).place();
     return place.right - place.left == width && place.bottom - place.top == height;
   });
 }
@@ -438,58 +344,29 @@ void Window::resize(int width, int height) const {
 void Window::waitUntilDrawn() const {
   // Drawing reaches the screen a little later than it leaves the program.
   constexpr DWORD kReachesScreen = 150;  // milliseconds
-  const std::vector<Control> all = controls();
-  waitUntil("the window to be drawn", [this, &all] {
-    return !GetUpdateRect(window_, nullptr, FALSE) && std::ranges::none_of(all, [](const Control& control) {
-      return GetUpdateRect(control.handle(), nullptr, FALSE) != FALSE;
-    });
-  });
+  const auto isDrawn = [](HWND window) { return GetUpdateRect(window, nullptr, FALSE) == FALSE; };
+  waitUntil("the window to be drawn",
+            [&] { return isDrawn(window_) && std::ranges::all_of(controls(), isDrawn, &Control::handle); });
   Sleep(kReachesScreen);
 }
 
 std::vector<DWORD> Window::picture() const {
-  RECT place = {};
-  GetWindowRect(window_, &place);
+  const RECT place = Control(window_).place();
   const int width = place.right - place.left;
   const int height = place.bottom - place.top;
-  BITMAPINFO format = {};
-  format.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-  format.bmiHeader.biWidth = width;
-  format.bmiHeader.biHeight = -height;  // the first line on top
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
+  BITMAPINFO format = {{sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+  std::vector<DWORD> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   const HDC screen = GetDC(nullptr);
   const HDC copy = CreateCompatibleDC(screen);
-  void* bits = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
   const HGDIOBJ before = SelectObject(copy, bitmap);
   BitBlt(copy, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-  GdiFlush();
-  const auto* pixels = static_cast<const DWORD*>(bits);
-  std::vector<DWORD> picture(pixels, pixels + static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   SelectObject(copy, before);
+  GetDIBits(screen, bitmap, 0, static_cast<UINT>(height), pixels.data(), &format, DIB_RGB_COLORS);
   DeleteObject(bitmap);
   DeleteDC(copy);
   ReleaseDC(nullptr, screen);
-  return picture;
-}
-
-void Window::redraw() const {
-  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
-  waitUntilDrawn();
-}
-
-void Window::clickTitleBarClose() const {
-  RECT place = {};
-  GetWindowRect(window_, &place);
-  const int y = (place.top + inside().top) / 2;
-  for (int x = place.right; x > place.left; --x) {
-    if (ask(window_, WM_NCHITTEST, 0, MAKELPARAM(x, y)) != HTCLOSE) continue;
-    constexpr int kInsideButton = 5;
-    clickAt({x - kInsideButton, y});
-    return;
-  }
-  throw Failed("the title bar has no close button");
+  return pixels;
 }
 
 // ---- Box ------------------------------------------------------------------------------------------------------------
@@ -499,125 +376,82 @@ std::string Box::message() const {
   return textOf(GetDlgItem(handle(), kMessage));
 }
 
-std::vector<std::string> Box::buttons() const {
-  std::vector<Control> found = controls();
-  std::erase_if(found, [](const Control& control) { return control.kind() != Kind::kButton || !control.visible(); });
-  std::ranges::sort(found, {}, [](const Control& control) { return control.place().left; });
-  std::vector<std::string> texts;
-  for (const Control& control : found) {
-    std::string text = control.text();
-    std::erase(text, '&');
-    texts.push_back(text);
-  }
-  return texts;
-}
-
-std::string Box::defaultButton() const {
-  std::string text = Control(keyboardOwner(handle())).text();
-  std::erase(text, '&');
-  return text;
-}
+std::string Box::defaultButton() const { return textOf(keyboardOwner(handle())); }
 
 void Box::press(const std::string& button) const {
-  for (const Control& control : controls()) {
-    if (control.kind() != Kind::kButton || !control.visible()) continue;
-    std::string text = control.text();
-    std::erase(text, '&');
-    if (text != button) continue;
-    control.click();
-    waitUntil("the box to go after \"" + button + "\"", [this] { return !isOpen(); });
-    return;
-  }
-  throw Failed("the box has no button \"" + button + "\"");
+  this->button(button).click();
+  waitUntil("the box to go after \"" + button + "\"", [this] { return !isOpen(); });
 }
 
 // ---- Program --------------------------------------------------------------------------------------------------------
 
-Program::Program() : job_(CreateJobObjectA(nullptr, nullptr)) {
+Program::Program() : Program(CreateJobObjectA(nullptr, nullptr)) {
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
   limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
   SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof(limits));
-
-  try {
-    start();
-    waitForWindow(kConsoleTitle, false, kStartLimit);
-    focused();
-  } catch (...) {
-    end();
-    throw;
-  }
-}
-
-Program::~Program() { end(); }
-
-// Suspended until it is in the job, so that it never runs outside.
-void Program::start() {
   STARTUPINFOA how = {};
   how.cb = sizeof(how);
-  std::string command = std::string("\"") + kProgram + "\"";
-  if (!CreateProcessA(kProgram, command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, kProgramFolder,
-                      &how, &process_)) {
+  // Suspended until it is in the job, so that it never runs outside.
+  if (!CreateProcessA(kProgram, nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, kProgramFolder, &how,
+                      &process_)) {
     throw Failed(std::string("cannot start ") + kProgram + " (error " + std::to_string(GetLastError()) + ")");
   }
   AssignProcessToJobObject(job_, process_.hProcess);
   ResumeThread(process_.hThread);
+  await(kConsoleTitle, false, kStartLimit);
+  focused();
 }
 
-void Program::end() {
-  if (process_.hProcess != nullptr) {
-    TerminateProcess(process_.hProcess, 1);
-    WaitForSingleObject(process_.hProcess, kPatience);
-    CloseHandle(process_.hThread);
-    CloseHandle(process_.hProcess);
-  }
+Program::~Program() {
+  TerminateJobObject(job_, 1);
+  WaitForSingleObject(process_.hProcess, kPatience);
+  CloseHandle(process_.hThread);
+  CloseHandle(process_.hProcess);
   CloseHandle(job_);
 }
-
-bool Program::running() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
 
 void Program::waitForEnd() const {
   waitUntil("the program to end", [this] { return !running(); });
 }
 
-HWND Program::find(const std::string& title, bool boxes) const {
-  for (const HWND window : visibleWindows(process_.dwProcessId)) {
-    if ((classOf(window) == kBoxClass) == boxes && textOf(window) == title) return window;
+std::string Program::resultLine() const {
+  for (const std::string& text : console().labelTexts()) {
+    if (text.find("Results: ") < 2) return text;
   }
-  return nullptr;
+  return "";
 }
 
-void Program::waitForWindow(const std::string& title, bool boxes, DWORD limit) const {
-  waitUntil((boxes ? "the message box \"" : "the window \"") + title + "\"",
-            [&] {
-              if (!running()) throw Failed("the program has ended while \"" + title + "\" was awaited");
-              return find(title, boxes) != nullptr;
-            },
-            limit);
+void Program::waitForConsole() const {
+  waitUntil("the console to take input", [this] { return console().takesInput(); });
 }
 
-Window Program::window(const std::string& title) const {
-  waitForWindow(title, false, kPatience);
-  return Window(find(title, false));
+HWND Program::await(const std::string& title, bool isBox, DWORD limit) const {
+  HWND found = nullptr;
+  const auto search = [&] {
+    if (!running()) throw Failed("the program has ended while \"" + title + "\" was awaited");
+    for (const HWND window : visibleWindows(process_.dwProcessId)) {
+      if ((classOf(window) == kBoxClass) == isBox && textOf(window) == title) found = window;
+    }
+    return found != nullptr;
+  };
+  waitUntil((isBox ? "the message box \"" : "the window \"") + title + "\"", search, limit);
+  return found;
 }
 
-Box Program::box(const std::string& title, DWORD limit) const {
-  waitForWindow(title, true, limit);
-  return Box(find(title, true));
-}
+bool Program::showsBox() const { return visibleOfClass(process_.dwProcessId, kBoxClass) != nullptr; }
 
-std::vector<std::string> Program::titles() const {
-  std::vector<std::string> titles;
-  for (const HWND window : visibleWindows(process_.dwProcessId)) {
-    const std::string title = textOf(window);
-    if (!title.empty() && classOf(window) != TOOLTIPS_CLASSA) titles.push_back(title);
-  }
-  return titles;
+void Program::answer(const std::string& title, const std::string& message, const std::string& button,
+                     DWORD limit) const {
+  const Box next = box(title, limit);
+  const std::string said = next.message();
+  if (said != message) throw Failed("the box \"" + title + "\" says \"" + said + "\" instead of \"" + message + "\"");
+  next.press(button);
 }
 
 Control Program::focused() const {
-  const HWND console = find(kConsoleTitle, false);
-  waitUntil("a control to have the keyboard", [console] { return keyboardOwner(console) != nullptr; });
-  return Control(keyboardOwner(console));
+  const HWND window = console().handle();
+  waitUntil("a control to have the keyboard", [window] { return keyboardOwner(window) != nullptr; });
+  return Control(keyboardOwner(window));
 }
 
 }  // namespace desktop

@@ -7,7 +7,6 @@
 
 #include <windows.h>
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,20 +14,23 @@
 
 namespace desktop {
 
+using Texts = std::vector<std::string>;
+
 inline constexpr const char* kConsoleTitle = "Velmatrix Scrubhaven Pro 1.32";
 
-enum class Kind { kButton, kCheckBox, kFrame, kLabel, kTextBox, kList, kFolderList, kDriveList, kOther };
+enum class Kind { kButton, kCheckBox, kFrame, kLabel, kTextBox, kList, kLines, kDriveList, kOther };
 
 // One control of the program. It stays the same control when its text changes.
 class Control {
  public:
   explicit Control(HWND window) : window_(window) {}
+  bool operator==(const Control&) const = default;
 
   HWND handle() const { return window_; }
   Kind kind() const;
   std::string text() const;
-  bool visible() const;
-  bool enabled() const;
+  bool visible() const { return IsWindowVisible(window_) != FALSE; }
+  bool enabled() const { return IsWindowEnabled(window_) != FALSE; }
   // Whether a check box is ticked.
   bool ticked() const;
   // In screen coordinates.
@@ -38,57 +40,32 @@ class Control {
   // Moves the pointer to the middle of the control and clicks. Fails when the control is hidden or something else
   // stands over it; a disabled control is clicked all the same.
   void click() const;
+  // Clicks a check box and waits until its tick has come or gone.
+  void flip() const;
 
  private:
   HWND window_;
 };
 
-struct Row {
-  std::string path;
-  std::string size;
-  bool ticked = false;
-  bool operator==(const Row&) const = default;
-};
-
 // A report list. Rows and columns count from 0.
 class List : public Control {
  public:
-  explicit List(Control control);
+  explicit List(Control control) : Control(control) {}
 
-  std::vector<std::string> columns() const;
+  Texts columns() const;
   int rowCount() const;
-  std::string cell(int row, int column) const;
+  std::string cell(int row, int column = 0) const;
   bool ticked(int row) const;
-  // All rows with their first two columns, from the first to the last.
-  std::vector<Row> rows() const;
-  // The row whose first column is `text`.
-  int find(const std::string& text) const;
+  // A column's texts, from the first row to the last.
+  Texts texts(int column = 0) const;
 
-  // Clicks the check mark of a row, or its text; scrolls there first.
-  void clickTick(int row) const;
-  void clickText(int row) const;
+  // Clicks a row's text; scrolls there first.
+  void clickRow(int row) const;
+  // Clicks the check mark of the row with that text in its first column, and waits until it has come or gone.
+  void flip(const std::string& text) const;
 
  private:
   RECT part(int row, int code) const;
-};
-
-// A list of lines of which one can be opened: the folder list.
-class FolderList : public Control {
- public:
-  explicit FolderList(Control control) : Control(control) {}
-
-  std::vector<std::string> entries() const;
-  // Double-clicks a line and waits until the list is that folder's.
-  void open(const std::string& entry) const;
-};
-
-// The drop-down list of drives.
-class DriveList : public Control {
- public:
-  explicit DriveList(Control control) : Control(control) {}
-
-  std::vector<std::string> entries() const;
-  std::string chosen() const;
 };
 
 // A top-level window of the program.
@@ -97,33 +74,28 @@ class Window {
   explicit Window(HWND window) : window_(window) {}
 
   HWND handle() const { return window_; }
-  std::string title() const;
-  bool isOpen() const;
+  bool isOpen() const { return IsWindow(window_) && IsWindowVisible(window_); }
   // Whether it takes input: no box or window stands over it.
-  bool takesInput() const;
+  bool takesInput() const { return IsWindowEnabled(window_) != FALSE; }
 
   // All its controls, hidden ones too, in tab order.
   std::vector<Control> controls() const;
-
+  std::vector<Control> all(Kind kind) const;
   // The one control of that kind and text.
   Control button(const std::string& text) const { return only(Kind::kButton, text); }
   Control checkBox(const std::string& text) const { return only(Kind::kCheckBox, text); }
-  Control frame(const std::string& text) const { return only(Kind::kFrame, text); }
   Control label(const std::string& text) const { return only(Kind::kLabel, text); }
-  // The button of that text among several: the next one after a label, or the one inside a frame.
-  Control buttonAfter(const std::string& label, const std::string& text) const;
-  Control buttonIn(const std::string& frame, const std::string& text) const;
-
+  // The button of that text among several: the next one after a control of another text.
+  Control buttonAfter(const std::string& before, const std::string& text) const;
   // The list with exactly these columns.
-  List list(const std::vector<std::string>& columns) const;
-  FolderList folderList() const;
-  // The names in the list of files.
-  std::vector<std::string> fileList() const;
-  DriveList driveList() const;
-  std::vector<Control> textBoxes() const;
+  List list(const Texts& columns) const;
+  // The lines of the list of folders, and of the list of files.
+  Texts folders() const { return linesOf("Dir1"); }
+  Texts files() const { return linesOf("File1"); }
+  // Double-clicks a folder's line and waits until the list is that folder's.
+  void openFolder(const std::string& line) const;
   // The texts of the labels that can be seen.
-  std::vector<std::string> labelTexts() const;
-
+  Texts labelTexts() const;
   // The tooltip that shows when the pointer rests on the control; empty when none shows for long.
   std::string toolTipOf(const Control& control) const;
 
@@ -135,14 +107,10 @@ class Window {
   void waitUntilDrawn() const;
   // What the screen shows of the window, pixel by pixel.
   std::vector<DWORD> picture() const;
-  // Has the whole window drawn anew.
-  void redraw() const;
-  // Clicks the close button of the title bar.
-  void clickTitleBarClose() const;
 
  private:
   Control only(Kind kind, const std::string& text) const;
-  std::vector<Control> all(Kind kind) const;
+  Texts linesOf(const std::string& list) const;
 
   HWND window_;
 };
@@ -152,10 +120,7 @@ class Box : public Window {
  public:
   explicit Box(HWND window) : Window(window) {}
 
-  // The message.
   std::string message() const;
-  // The texts of its buttons, from the left.
-  std::vector<std::string> buttons() const;
   // The text of the button that Enter presses: the one that has the keyboard.
   std::string defaultButton() const;
   // Clicks the button with that text and waits until the box is gone.
@@ -171,27 +136,33 @@ class Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  bool running() const;
-  // Waits until the program has ended by itself.
   void waitForEnd() const;
 
   Window console() const { return window(kConsoleTitle); }
-  // The visible window of that title, waited for.
-  Window window(const std::string& title) const;
-  // The message box of that title, waited for.
-  Box box(const std::string& title, DWORD limit = kPatience) const;
-  // The titles of all visible windows with a title.
-  std::vector<std::string> titles() const;
+  // The list of the junk scan.
+  List junk() const { return console().list({"File Path and Name", "Size"}); }
+  // The console's label that begins with "Results: ", or nothing.
+  std::string resultLine() const;
+  // Presses a button of the console.
+  void press(const std::string& button) const { console().button(button).click(); }
+  void waitForConsole() const;
+
+  // The visible window, or the message box, of that title, waited for.
+  Window window(const std::string& title) const { return Window(await(title, false)); }
+  Box box(const std::string& title, DWORD limit = kPatience) const { return Box(await(title, true, limit)); }
+  bool showsBox() const;
+  // The next box of that title must say this; presses its button.
+  void answer(const std::string& title, const std::string& message, const std::string& button = "OK",
+              DWORD limit = kPatience) const;
   // The control that has the keyboard, waited for.
   Control focused() const;
 
  private:
-  void start();
-  void end();
-  HWND find(const std::string& title, bool boxes) const;
-  void waitForWindow(const std::string& title, bool boxes, DWORD limit) const;
+  explicit Program(HANDLE job) : job_(job) {}
+  bool running() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
+  HWND await(const std::string& title, bool isBox, DWORD limit = kPatience) const;
 
-  HANDLE job_ = nullptr;  // ends the program with this process, however that ends
+  HANDLE job_;  // ends the program with this process, however that ends
   PROCESS_INFORMATION process_ = {};
 };
 

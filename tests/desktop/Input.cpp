@@ -19,25 +19,6 @@ LONG absolute(LONG pixel, int screenLength) {
   return (pixel * kSteps + screenLength - 1) / screenLength;
 }
 
-// All presses bear the place and the same time: neither a pointer that the system moves late, nor how busy this machine
-// is, may turn them into other clicks.
-void press(POINT point, int times) {
-  std::vector<INPUT> inputs;
-  const DWORD now = GetTickCount();
-  for (int i = 0; i < times; ++i) {
-    for (const DWORD change : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-      INPUT input = {};
-      input.type = INPUT_MOUSE;
-      input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | change;
-      input.mi.dx = absolute(point.x, GetSystemMetrics(SM_CXSCREEN));
-      input.mi.dy = absolute(point.y, GetSystemMetrics(SM_CYSCREEN));
-      input.mi.time = now;
-      inputs.push_back(input);
-    }
-  }
-  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
-}
-
 }  // namespace
 
 void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit) {
@@ -61,14 +42,24 @@ bool isPointerAt(POINT point) {
   return GetCursorPos(&now) && now.x == point.x && now.y == point.y;
 }
 
-void clickAt(POINT point) {
+// All presses bear the place and the same time: neither a pointer that the system moves late, nor how busy this machine
+// is, may turn them into other clicks.
+void clickAt(POINT point, int times) {
   movePointer(point);
-  press(point, 1);
-}
-
-void doubleClickAt(POINT point) {
-  movePointer(point);
-  press(point, 2);
+  std::vector<INPUT> inputs;
+  const DWORD now = GetTickCount();
+  for (int i = 0; i < times; ++i) {
+    for (const DWORD change : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+      INPUT input = {};
+      input.type = INPUT_MOUSE;
+      input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | change;
+      input.mi.dx = absolute(point.x, GetSystemMetrics(SM_CXSCREEN));
+      input.mi.dy = absolute(point.y, GetSystemMetrics(SM_CYSCREEN));
+      input.mi.time = now;
+      inputs.push_back(input);
+    }
+  }
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
 void pressKey(BYTE key, BYTE held) {

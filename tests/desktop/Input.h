@@ -22,11 +22,10 @@ inline constexpr DWORD kPatience = 5000;
 // Returns as soon as `condition` holds; throws Failed, naming `what` was waited for, after `limit` milliseconds.
 void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit = kPatience);
 
-// Screen coordinates. Moves the pointer there; the click is pressed and released there.
+// Screen coordinates. Moves the pointer there; the button is pressed and released there, twice for a double click.
 void movePointer(POINT point);
 bool isPointerAt(POINT point);
-void clickAt(POINT point);
-void doubleClickAt(POINT point);
+void clickAt(POINT point, int times = 1);
 
 // Presses and releases a key (VK_...), with `held` pressed meanwhile when it is not 0.
 void pressKey(BYTE key, BYTE held = 0);
