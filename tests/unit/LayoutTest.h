@@ -54,12 +54,3 @@ inline void expectSoundWindow(controls::Form& form, const std::set<const control
     EXPECT_TRUE(std::ranges::any_of(control->caption(), isLetter)) << control->name();
   }
 }
-
-// The names of the form's disabled controls.
-inline std::set<std::string> disabledIn(const controls::Form& form) {
-  std::set<std::string> names;
-  for (const controls::Control* control : form.controls()) {
-    if (!control->enabled()) names.insert(control->name());
-  }
-  return names;
-}

@@ -63,7 +63,7 @@ TEST_F(ShredderWindow, OpensFromTheConsoleEachTimeEmpty) {
       EXPECT_EQ(shredder.caption(), "Scrubhaven Pro - Shredder");
       EXPECT_FALSE(console.acceptsInput() || shredder.CancelShred || shredder.lblBlue.visible());
       EXPECT_TRUE(shredder.ListView1.empty() && !shredder.ListView1.checkBoxes());
-      EXPECT_EQ(disabledIn(shredder), (std::set<std::string>{"cmdCancel", "cmdShred"}));
+      EXPECT_FALSE(shredder.cmdCancel.enabled() || shredder.cmdShred.enabled());
       shredder.ListView1.add("C:\\left.over");
       shredder.CancelShred = true;
       shredder.cmdClose.click();
