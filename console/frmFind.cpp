@@ -1,8 +1,6 @@
 // The console's shell: its controls, start-up, help, web site, abort, close and drive change.
 #include "console/frmFind.h"
 
-#include <cmath>
-
 #include "platform/Platform.h"
 #include "shredder/frmMain.h"
 
@@ -120,7 +118,7 @@ frmFind::frmFind()
 }
 
 void frmFind::bindShell() {
-  bindTool(cmdHelp, &frmFind::cmdHelp_Click);
+  cmdHelp.onClick = [this] { cmdHelp_Click(); };
   Picture1.onClick = [this] { Picture1_Click(); };
   cmdExit.onClick = [this] { cmdExit_Click(); };
   cmdAbort.onClick = [this] { requestAbort(); };

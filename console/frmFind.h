@@ -150,7 +150,7 @@ class frmFind final : public controls::Form {
   // What stands above the FileCount of the last walk is of an earlier one.
   std::vector<std::string> FoundFiles;
 
-  // Walks the tree below `path` (a closing backslash is added when it lacks one; an empty one names no folder) and puts
+  // Walks the tree below `path` (a closing backslash is added when it lacks one) and puts
   // every file that answers to `pattern` into FoundFiles, under the number to which it raises `FileCount`. Every folder
   // entered becomes a row of ListView2 and counts in `DirCount`. Nothing stops it early. Gives the sum of the sizes,
   // with the quirk of FindFilesAPI. FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
@@ -275,7 +275,8 @@ class frmFind final : public controls::Form {
     std::function<void()> onFilesBegin = {};
     std::function<void(const std::string& file, const std::string& name, const platform::FindRecord&)> onFile = {};
   };
-  // What all walks share: gives the sum of the files' sizes and counts in `DirCount` the folders entered.
+  // What all walks share: gives the sum of the files' sizes and counts in `DirCount` the folders entered. An empty
+  // `path` names no folder.
   std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const Walk& walk);
   // The names of the folders directly in `folder` (which ends in a backslash) that the walk enters; nothing when the
   // user has stopped it.

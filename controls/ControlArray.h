@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <utility>
 
 namespace controls {
 

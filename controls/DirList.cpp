@@ -1,5 +1,6 @@
 #include "controls/DirList.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/Paths.h"

@@ -1,6 +1,7 @@
 #include "controls/DriveList.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/Paths.h"
 #include "platform/Platform.h"
@@ -31,7 +32,7 @@ void DriveList::reload() {
   for (const platform::Drive& drive : platform::machine().files().drives()) items_.push_back(driveText(drive));
   const auto same = [letter](const std::string& item) { return item.front() == letter; };
   const auto found = std::find_if(items_.begin(), items_.end(), same);
-  chosen_ = found == items_.end() ? 0 : static_cast<std::size_t>(found - items_.begin());
+  chosen_ = static_cast<std::size_t>(found - items_.begin());
   notify(Change::kValue);
 }
 

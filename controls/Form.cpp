@@ -14,15 +14,16 @@ void Form::load() {
 }
 
 void Form::showModal(Form* owner) {
+  owner_ = owner;
+  if (owner_ != nullptr) owner_->covered_ = true;
   load();
-  if (owner != nullptr) owner->covered_ = true;
   platform::machine().ui().runModal(*this, owner);
-  if (owner != nullptr) owner->covered_ = false;
 }
 
 void Form::close() {
   if (!open_) return;
   open_ = false;
+  if (owner_ != nullptr) owner_->covered_ = false;
   notify(Change::kClosed);
 }
 

@@ -39,9 +39,10 @@ class Form {
   FlatButton* cancelButton() const { return cancelButton_; }
 
   // Loads the form, shows it as a window over `owner` (null for the first window) and returns when it has been closed.
-  // The owner takes no input meanwhile.
+  // The owner takes no input until then.
   void showModal(Form* owner);
-  // Takes the window away. showModal returns once the handlers that run have ended.
+  // Takes the window away; from then on its owner takes input again. showModal returns once the handlers that run have
+  // ended.
   void close();
   bool isOpen() const { return open_; }
   // Whether a person can use the form: it is loaded and no other window stands over it.
@@ -82,6 +83,7 @@ class Form {
   std::vector<Control*> controls_;
   FlatButton* defaultButton_ = nullptr;
   FlatButton* cancelButton_ = nullptr;
+  Form* owner_ = nullptr;  // the window under this one
   bool open_ = false;
   bool covered_ = false;
   Peer* peer_ = nullptr;

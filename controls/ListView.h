@@ -1,5 +1,5 @@
-// A report list with check boxes. It counts its ticked rows and can tell whether a text is among its rows without
-// walking them.
+// A report list, with check boxes or without. It counts its ticked rows and can tell whether a text is among its rows
+// without walking them.
 #pragma once
 
 #include <cstddef>

@@ -78,7 +78,9 @@ bool canMatch(const std::string& pattern) {
 bool frmFind::IsFolder(const std::string& path) { return platform::machine().fileObjects().folderExists(path); }
 
 std::int64_t frmFind::walkTree(std::string& path, std::int32_t& DirCount, const Walk& walk) {
-  if (path.empty() || path.back() != '\\') path += '\\';
+  // With a backslash, no folder would become the root of the current drive.
+  if (path.empty()) return 0;
+  if (path.back() != '\\') path += '\\';
   std::int64_t total = 0;
   const std::optional<std::vector<std::string>> subfolders = subfoldersToEnter(path, DirCount, walk);
   if (!subfolders) {
@@ -156,8 +158,6 @@ std::int64_t frmFind::FindFilesAPI(std::string& path, const ScanPatternList& pat
 
 std::int64_t frmFind::FindTemps(std::string& path, const std::string& pattern, std::int32_t& FileCount,
                                 std::int32_t& DirCount) {
-  // With the backslash that walks add, no folder would become the root of the drive.
-  if (path.empty()) return 0;
   return walkTree(path, DirCount,
                   {.patterns = {&pattern, 1},
                    .onSubfolder = [this](const std::string& folder) { ListView2.add(folder); },

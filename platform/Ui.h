@@ -25,7 +25,8 @@ inline constexpr std::uint32_t kBoxSecondButtonDefault = 256;
 // What a message box answers.
 enum class Answer : std::int32_t { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 
-// The screen-wide pointer. kDefault is what the window under it wants.
+// The screen-wide pointer. kDefault is what the control under it wants; kArrow, too, leaves a control the shape of its
+// own.
 enum class Pointer { kDefault, kArrow, kHourglass };
 
 // What an open-file dialog shows. The filter is pairs of a description and its patterns, all separated by "|".
@@ -39,7 +40,7 @@ class Ui {
   virtual ~Ui() = default;
 
   // MessageBoxA, owned by the active window. Gives the button pressed; closing the box answers Cancel, or OK where OK
-  // is the only button.
+  // is the only button. A box that cannot be shown answers No, Cancel, or OK where OK is the only button.
   virtual Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) = 0;
 
   // GetOpenFileNameA without flags, owned by the active window: gives the full path of one file, which need not be

@@ -36,7 +36,7 @@ frmMain::frmMain()
   cmdShred.setMnemonic('S');
   cmdCancel.setMnemonic('C');
   cmdClose.setMnemonic('L');
-  setCancelButton(cmdCancel);
+  // Esc presses nothing: after a run Cancel is still enabled, and would end every later run after one file.
 }
 
 Box frmMain::layout() {
@@ -92,8 +92,10 @@ void frmMain::cmdShred_Click() {
   if (messageBox(kQuestion, platform::kBoxYesNo | platform::kBoxCritical) != Answer::kYes) return;
   running_ = true;
   enterRun();
-  leaveRun(shredListedFiles());
+  const Outcome outcome = shredListedFiles();
+  // Before events are served again: Shred is a new run's from here on.
   running_ = false;
+  leaveRun(outcome);
 }
 
 void frmMain::enterRun() {

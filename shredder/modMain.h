@@ -36,8 +36,8 @@ void ShredFile(const std::string& path, std::int16_t rounds, frmMain& window);
 // Overwrites the file from its first byte on and never shortens it; a missing file is made.
 void WritePass(const std::string& path, std::string_view data);
 
-// The next n + 1 bytes of the keystream. Fails with 5 when n is negative and 7 when there is no memory for them; the
-// keystream then stays where it is.
+// The next n + 1 bytes of the keystream: what a random pass writes over a file of n bytes. Fails with 5 when n is
+// negative and 7 when there is no memory for them; the keystream then stays where it is.
 platform::Result<std::string> RandomBytes(std::int32_t n);
 
 // A name of up to 101 characters of NAME_ALPHABET and ".tmp".

@@ -30,7 +30,7 @@ struct NativeWindow {
 class ControlPeer : public controls::Peer {
  public:
   ControlPeer(const Host& host, controls::Control& control, const NativeWindow& native);
-  // The native window is destroyed with its parent, not here.
+  // By now the native window has been destroyed with its parent.
   ~ControlPeer() override;
   ControlPeer(const ControlPeer&) = delete;
   ControlPeer& operator=(const ControlPeer&) = delete;

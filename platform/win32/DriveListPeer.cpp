@@ -26,6 +26,7 @@ void DriveListPeer::onCommand(int code) {
   }
 }
 
+// No drive chosen is a line beyond the last one: the native list then shows none.
 void DriveListPeer::showValue() {
   SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
   for (const std::string& item : list_.items()) {

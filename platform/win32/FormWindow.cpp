@@ -75,8 +75,9 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
 FormWindow::~FormWindow() {
   form_.attach(nullptr);
   leave();
+  // From now on this window's messages are the system's own. The native controls have procedures of their peers, to
+  // which they still turn while they are destroyed: the peers come after them.
   SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
-  peers_.clear();
   DestroyWindow(handle_);
 }
 
@@ -119,7 +120,17 @@ void FormWindow::leave() {
 
 void FormWindow::changed(controls::Change change) {
   if (change == controls::Change::kClosed) leave();
-  if (change == controls::Change::kRepaint) repaint_ = changed_ = true;
+  if (change == controls::Change::kRepaint) repaintNow();
+}
+
+// At once, because the handler that asks for it may serve no events for long.
+void FormWindow::repaintNow() {
+  repaint_ = changed_ = true;
+  const DWORD now = GetTickCount();
+  if (now - repaintedAt_ < kFlushInterval) return;
+  repaintedAt_ = now;
+  flush();
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void FormWindow::flush() {
@@ -216,7 +227,6 @@ LRESULT FormWindow::receivePointer(HWND under, LPARAM details) {
   if (LOWORD(details) == HTCLIENT) {
     HCURSOR shape = peer == nullptr ? nullptr : peer->cursor();
     if (ui_.pointer() == Pointer::kHourglass) shape = LoadCursorA(nullptr, IDC_WAIT);
-    if (ui_.pointer() == Pointer::kArrow) shape = LoadCursorA(nullptr, IDC_ARROW);
     if (shape != nullptr) {
       SetCursor(shape);
       return TRUE;
@@ -255,6 +265,8 @@ LRESULT FormWindow::receiveActivation(WPARAM first, LPARAM second) {
   }
   DefWindowProcA(handle_, WM_ACTIVATE, first, second);
   const bool minimized = HIWORD(first) != 0;
+  // Whoever gives the window the focus may not be done with his own: no drawing in the middle of that.
+  repaintedAt_ = GetTickCount();
   if (!minimized) form_.gotFocus();
   return 0;
 }

@@ -17,6 +17,9 @@
 
 namespace platform::win32 {
 
+// Milliseconds between two flushes while a handler runs: often enough for the eye, rare enough for the loop.
+inline constexpr DWORD kFlushInterval = 50;
+
 class FormWindow final : public controls::Peer {
  public:
   // Creates the window with all native controls, hidden. `owner` may be null. Both the form and `ui`, whose pointer the
@@ -57,6 +60,7 @@ class FormWindow final : public controls::Peer {
   controls::Size wholeSize(controls::Size inside) const;
   // Where the window opens.
   controls::Rect firstPlace() const;
+  void repaintNow();
   void redrawAll() const;
   void passOnColours() const;
   // The pointer has come to a control; null when it has left them all.
@@ -76,6 +80,7 @@ class FormWindow final : public controls::Peer {
   ControlPeer* hovered_ = nullptr;
   bool changed_ = true;
   bool repaint_ = false;
+  DWORD repaintedAt_ = 0;  // tick count of the last repaintNow() that drew
   bool left_ = false;
 };
 

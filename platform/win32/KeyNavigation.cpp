@@ -5,7 +5,11 @@
 namespace platform::win32 {
 namespace {
 
-constexpr LPARAM kRepeated = 1 << 30;  // of a key message: the key was down before
+// A key that is held down must not press what its first press has brought into its place.
+bool isRepeated(const MSG& message) {
+  constexpr LPARAM kWasDown = 1 << 30;
+  return (message.lParam & kWasDown) != 0;
+}
 
 bool isDown(int key) { return GetKeyState(key) < 0; }
 
@@ -20,7 +24,7 @@ KeyNavigation::KeyNavigation(const controls::Form& form, std::vector<ControlPeer
 
 bool KeyNavigation::handle(const MSG& message) {
   if (message.message == WM_KEYDOWN) return pressKey(message);
-  if (message.message == WM_SYSCHAR) return pressLetter(static_cast<char>(message.wParam));
+  if (message.message == WM_SYSCHAR) return isRepeated(message) || pressLetter(static_cast<char>(message.wParam));
   return false;
 }
 
@@ -37,9 +41,9 @@ bool KeyNavigation::pressKey(const MSG& message) {
       return true;
     }
     case VK_RETURN:
-      return pressEnter(message);
+      return isRepeated(message) || pressEnter();
     case VK_ESCAPE:
-      return pressEscape();
+      return isRepeated(message) || pressEscape();
     case VK_LEFT:
     case VK_UP:
       return moveByArrow(false);
@@ -51,9 +55,7 @@ bool KeyNavigation::pressKey(const MSG& message) {
   }
 }
 
-// A key that is held down must not press what the first press has brought into its place.
-bool KeyNavigation::pressEnter(const MSG& message) {
-  if ((message.lParam & kRepeated) != 0) return true;
+bool KeyNavigation::pressEnter() {
   ControlPeer* const here = focused();
   if (here != nullptr && here->press()) return true;
   if (form_.defaultButton() != nullptr) form_.defaultButton()->click();
@@ -82,10 +84,11 @@ bool KeyNavigation::pressLetter(char letter) {
   return true;
 }
 
-// Arrows move among the buttons and boxes of one frame.
+// Arrows move among the buttons and boxes of one frame. A control that has just lost its use is no place to start: the
+// way round the form would never come back to it.
 bool KeyNavigation::moveByArrow(bool forward) {
   ControlPeer* const here = focused();
-  if (here == nullptr || usesArrows(here->handle())) return false;
+  if (here == nullptr || !here->takesFocus() || usesArrows(here->handle())) return false;
   ControlPeer* there = next(here, forward);
   while (there != here && (there->control().frame() != here->control().frame() || usesArrows(there->handle()))) {
     there = next(there, forward);

@@ -32,7 +32,7 @@ class KeyNavigation {
  private:
   ControlPeer* focused() const;
   bool pressKey(const MSG& message);
-  bool pressEnter(const MSG& message);
+  bool pressEnter();
   bool pressEscape();
   bool pressLetter(char letter);
   bool moveByArrow(bool forward);

@@ -10,7 +10,7 @@ namespace {
 NativeWindow nativeList(bool asks) {
   const DWORD rows = asks ? LVS_OWNERDATA : 0;
   return {.windowClass = WC_LISTVIEWA,
-          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | rows,
+          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS | rows,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 
@@ -35,11 +35,9 @@ ListViewPeer::ListViewPeer(const Host& host, controls::ListView& list)
   addColumns();
 }
 
-// The native list does not own its state pictures.
+// The native list, which is gone, did not own its state pictures.
 ListViewPeer::~ListViewPeer() {
-  if (tickPictures_ == nullptr) return;
-  SendMessageA(handle(), LVM_SETIMAGELIST, LVSIL_STATE, 0);
-  ImageList_Destroy(tickPictures_);
+  if (tickPictures_ != nullptr) ImageList_Destroy(tickPictures_);
 }
 
 void ListViewPeer::addColumns() {

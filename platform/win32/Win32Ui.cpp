@@ -15,9 +15,6 @@
 namespace platform::win32 {
 namespace {
 
-// Milliseconds between two flushes while a handler runs: often enough for the eye, rare enough for the loop.
-constexpr DWORD kFlushInterval = 50;
-
 // The pointer may rest on one of our windows: lets that window set the shape now, not at the next move.
 void applyPointerAtOnce() {
   POINT position;
@@ -28,6 +25,18 @@ void applyPointerAtOnce() {
   SendMessageA(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under), MAKELPARAM(part, WM_MOUSEMOVE));
 }
 
+// What stands for the answer when no box could be shown: nothing that could be taken for consent.
+Answer answerWithoutBox(std::uint32_t style) {
+  switch (style & MB_TYPEMASK) {
+    case MB_YESNO:
+      return Answer::kNo;
+    case MB_OKCANCEL:
+      return Answer::kCancel;
+    default:
+      return Answer::kOk;
+  }
+}
+
 }  // namespace
 
 Win32Ui::Win32Ui() { startCommonControls(); }
@@ -36,7 +45,8 @@ Win32Ui::~Win32Ui() = default;
 
 Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
   flush();
-  return static_cast<Answer>(MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style));
+  const int pressed = MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style);
+  return pressed == 0 ? answerWithoutBox(style) : static_cast<Answer>(pressed);
 }
 
 Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
@@ -65,7 +75,10 @@ void Win32Ui::serveEvents() {
   const DWORD now = GetTickCount();
   if (now == servedAt_) return;
   servedAt_ = now;
-  if (now - flushedAt_ >= kFlushInterval) flush();
+  if (now - flushedAt_ >= kFlushInterval) {
+    flushedAt_ = now;
+    flush();
+  }
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
 }
@@ -106,7 +119,6 @@ FormWindow* Win32Ui::windowOf(const controls::Form* form) const {
 }
 
 void Win32Ui::flush() {
-  flushedAt_ = GetTickCount();
   for (const std::unique_ptr<FormWindow>& window : windows_) window->flush();
 }
 

@@ -45,7 +45,7 @@ class Win32Ui final : public Ui {
   std::vector<std::unique_ptr<FormWindow>> windows_;  // the topmost last
   Pointer pointer_ = Pointer::kDefault;
   std::uint32_t servedAt_ = 0;   // tick count of the last look for events
-  std::uint32_t flushedAt_ = 0;  // tick count of the last flush
+  std::uint32_t flushedAt_ = 0;  // tick count of the last flush by serveEvents()
 };
 
 }  // namespace platform::win32

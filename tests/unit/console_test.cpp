@@ -1,8 +1,5 @@
-#include "tests/unit/ConsoleTest.h"
-
-#include <set>
-
 #include "console/modOS.h"
+#include "tests/unit/ConsoleTest.h"
 #include "tests/unit/LayoutTest.h"
 
 using platform::Pointer;
@@ -13,66 +10,65 @@ namespace {
 class Console : public ConsoleTest {};
 
 TEST_F(Console, StartsAtTheRootOfCWhateverTheCurrentFolderIs) {
-  machine.addFolder("C:\\Windows\\System");
-  machine.setCurrentFolder("C:\\Windows\\System");
-  frmFind fresh;
-  fresh.load();
-  EXPECT_EQ(fresh.Dir1.path(), "C:\\");
-  EXPECT_TRUE(fresh.ListView1.visible() && fresh.Scan.visible() && fresh.cmdCacheAbort.visible());
-  for (const controls::Control* hidden : std::initializer_list<controls::Control*>{
-           &fresh.ListView2, &fresh.lvCache, &fresh.cmdAbort, &fresh.Label6, &fresh.lblStatus, &fresh.lblFile}) {
-    EXPECT_FALSE(hidden->visible()) << hidden->name();
-  }
+  EXPECT_EQ(machine.files().currentFolder(), "C:\\Program Files\\Scrubhaven");
+  EXPECT_EQ(form.Dir1.path(), "C:\\");
+  std::set<std::string> hidden;
   std::set<std::string> disabled;
-  for (const controls::Control* control : fresh.controls()) {
+  for (const controls::Control* control : form.controls()) {
+    if (!control->visible()) hidden.insert(control->name());
     if (!control->enabled()) disabled.insert(control->name());
   }
+  EXPECT_EQ(hidden, (std::set<std::string>{"ListView2", "lvCache", "cmdAbort", "Label6", "lblStatus", "lblFile"}));
   EXPECT_EQ(disabled, (std::set<std::string>{"Select_All", "cmdInvert", "Delete", "cmdSelect", "cmdCacheInvert",
                                              "cmdCleanCache", "optRecycle", "optWipe"}));
-  EXPECT_TRUE(fresh.optRecycle.ticked());
-  EXPECT_FALSE(fresh.optWipe.ticked());
+  EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());
 }
 
-TEST_F(Console, ChoosingADriveShowsItsCurrentFolderAndAnEmptyOneIsReported) {
+TEST_F(Console, WithoutAFolderToStartInNothingIsScanned) {
+  machine.addFile("C:\\empty.tmp");
+  machine.failAt("subfolders");
+  frmFind fresh;
+  fresh.load();
+  fresh.Check[kTypeTmp].setTicked(true);
+  fresh.Scan.click();
+  EXPECT_TRUE(fresh.ListView1.empty());
+  fresh.cmdZero.click();
+  EXPECT_TRUE(fresh.ListView2.empty());
+}
+
+TEST_F(Console, ChoosingADriveShowsTheWayToItsCurrentFolderAndAnEmptyOneIsReported) {
   machine.addDrive('D', "BACKUP");
-  machine.addFolder("D:\\Old\\Deep");
-  machine.setCurrentFolder("D:\\Old");
+  machine.addFolder("D:\\Old\\Deep\\Below");
+  machine.addFolder("D:\\Old\\Deep\\hidden", platform::kHidden);
+  machine.setCurrentFolder("D:\\Old\\Deep");
   machine.addFolder("C:\\Here");
   machine.setCurrentFolder("C:\\Here");
   machine.addDrive('E', "", false);
   form.Drive1.reload();
   ASSERT_EQ(form.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
-
   form.Drive1.choose(1);
-  EXPECT_EQ(form.Dir1.path(), "D:\\Old");
+  Paths entries;
+  for (const controls::DirEntry& entry : form.Dir1.entries()) entries.push_back(entry.text);
+  EXPECT_EQ(entries, (Paths{"D:\\", "Old", "Deep", "Below"}));
+  EXPECT_EQ(form.Dir1.current(), 2U);
+  form.Dir1.open(1);
+  EXPECT_EQ(machine.files().currentFolderOf('d').value(), "D:\\Old\\Deep") << "the list is not the program";
 
-  platform::machine().ui().setPointer(Pointer::kHourglass);
+  machine.ui().setPointer(Pointer::kHourglass);
   form.Drive1.choose(2);
   EXPECT_EQ(form.Dir1.path(), "D:\\Old");
-  ASSERT_EQ(machine.boxes().size(), 1U);
-  EXPECT_EQ(lastBox(), "Run-time error '68':\r\n\r\nDevice unavailable");
-  EXPECT_EQ(machine.boxes().back().title, "Scrubhaven Pro");
-  EXPECT_EQ(machine.boxes().back().style, platform::kBoxCritical);
+  EXPECT_EQ(boxTexts(), Paths{"Run-time error '68':\r\n\r\nDevice unavailable"});
+  EXPECT_TRUE(machine.boxes()[0].title == "Scrubhaven Pro" && machine.boxes()[0].style == platform::kBoxCritical);
   EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
 
+  // A chosen drive that has gone leaves none chosen, so that choosing the first one is a change.
+  machine.failAt("drives");
+  form.Drive1.reload();
+  form.Drive1.reload();
+  EXPECT_EQ(form.Drive1.drive(), "");
   // The list's own text for C: is in lower case, so its current folder shows, not the root.
   form.Drive1.choose(0);
   EXPECT_EQ(form.Dir1.path(), "C:\\Here");
-}
-
-TEST_F(Console, FolderListShowsTheWayDownAndOpensWithoutTouchingTheCurrentFolder) {
-  machine.addFolder("C:\\A\\B\\C");
-  machine.addFolder("C:\\A\\B\\hidden", platform::kHidden);
-  machine.addFolder("C:\\A\\Z");
-  ASSERT_TRUE(form.Dir1.setPath("C:\\A\\B"));
-  Paths texts;
-  for (const controls::DirEntry& entry : form.Dir1.entries()) texts.push_back(entry.text);
-  EXPECT_EQ(texts, (Paths{"C:\\", "A", "B", "C"}));
-  EXPECT_EQ(form.Dir1.current(), 2U);
-  form.Dir1.open(1);
-  EXPECT_EQ(form.Dir1.path(), "C:\\A");
-  EXPECT_EQ(form.Dir1.entries().back().text, "Z");
-  EXPECT_EQ(machine.files().currentFolder(), "C:\\Program Files\\Scrubhaven");
 }
 
 TEST_F(Console, HelpAndWebSiteReachTheShellAsTexts) {
@@ -80,68 +76,49 @@ TEST_F(Console, HelpAndWebSiteReachTheShellAsTexts) {
   form.Picture1.click();
   ASSERT_EQ(machine.shellCommands().size(), 2U);
   const platform::ShellCommand& help = machine.shellCommands()[0];
-  EXPECT_EQ(help.verb, "Open");
   EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
-  EXPECT_EQ(help.parameters, "0");
-  EXPECT_EQ(help.folder, "0");
-  EXPECT_EQ(help.showCommand, 1);
+  EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
   EXPECT_EQ(help.owner, platform::ShellOwner::kDesktopWindow);
   EXPECT_EQ(form.CommonDialog1.helpFile, "C:\\Program Files\\Scrubhaven\\scrubhaven.hlp");
   const platform::ShellCommand& web = machine.shellCommands()[1];
-  EXPECT_FALSE(web.verb || web.parameters || web.folder);
-  EXPECT_EQ(web.showCommand, 0);
+  EXPECT_FALSE(web.verb || web.parameters || web.folder || web.showCommand != 0);
   EXPECT_EQ(web.owner, platform::ShellOwner::kNone);
 }
 
-TEST_F(Console, AbortAndCloseActWhileAScanRunsAndOtherToolsDoNot) {
+TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
   machine.addFile("C:\\Junk\\a.tmp", "x");
   machine.addFolder("C:\\Junk\\Sub");
-  bool ended = false;
   machine.whenServing([&] {
     EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
     form.cmdAbort.pointerEnters();
     EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
     form.Delete.enable();
     form.Delete.click();
+    EXPECT_TRUE(machine.boxes().empty());
     form.cmdHelp.enable();
     form.cmdHelp.click();
-    EXPECT_TRUE(machine.boxes().empty() && machine.shellCommands().empty());
-    try {
-      form.closeRequested();
-    } catch (const Ended&) {
-      ended = true;
-    }
+    EXPECT_EQ(machine.shellCommands().size(), 1U);
+    EXPECT_THROW(form.closeRequested(), Ended);
     form.cmdCacheAbort.click();
   });
   scan({kTypeTmp}, "C:\\Junk");
-  EXPECT_TRUE(ended);
   EXPECT_EQ(lastBox(), "    Scan Aborted");
   EXPECT_THROW(form.cmdExit.click(), Ended);
 }
 
-TEST_F(Console, NothingOverlapsAtAnySizeAndTheListsGrow) {
-  expectSoundLayout(form, {&form.ListView1, &form.ListView2, &form.lvCache});
-  const FixedMetrics metrics;
-  const controls::Box box = form.layout();
-  const controls::Size least = controls::leastSize(box, metrics);
-  EXPECT_LE(least.width, 780);
-  EXPECT_LE(least.height, 540);
-  const controls::Places small = controls::arrange(box, metrics, least);
-  const controls::Places large = controls::arrange(box, metrics, {least.width + 100, least.height + 400});
-  EXPECT_EQ(large.at(&form.ListView1).height, small.at(&form.ListView1).height + 300);
-  EXPECT_EQ(large.at(&form.ListView1).width, small.at(&form.ListView1).width + 100);
-  EXPECT_EQ(large.at(&form.Dir1).height, small.at(&form.Dir1).height + 100);
+TEST_F(Console, FitsOnASmallScreenAndTheListsGrow) {
+  expectSoundWindow(form, {&form.ListView1, &form.ListView2, &form.lvCache});
+  const controls::Size small = {780, 540};
+  const controls::Size least = controls::leastSize(form.layout(), FixedMetrics());
+  EXPECT_TRUE(least.width <= small.width && least.height <= small.height);
+  const controls::Places before = controls::arrange(form.layout(), FixedMetrics(), small);
+  const controls::Places after = controls::arrange(form.layout(), FixedMetrics(), {880, 940});
+  EXPECT_EQ(after.at(&form.ListView1).width, before.at(&form.ListView1).width + 100);
+  EXPECT_EQ(after.at(&form.ListView1).height, before.at(&form.ListView1).height + 300);
 }
 
-TEST_F(Console, MnemonicsAreLettersOfTheirCaptionsAndUnique) { expectSoundMnemonics(form); }
-
-struct VersionCase {
-  platform::VersionRecord record;
-  const char* name;
-};
-
 TEST_F(Console, NamesTheWindowsVersion) {
-  const VersionCase cases[] = {
+  const std::pair<platform::VersionRecord, const char*> cases[] = {
       {{.major = 4, .minor = 0, .build = 950, .platformId = 1}, "Windows 95"},
       {{.major = 4, .minor = 10, .build = 0x040A0000 | 2222, .platformId = 1}, "Windows 98SE"},
       {{.major = 4, .minor = 10, .build = 0x040A0000 | 1998, .platformId = 1}, "Windows 98"},
@@ -155,9 +132,9 @@ TEST_F(Console, NamesTheWindowsVersion) {
       {{.major = 6, .minor = 0, .platformId = 2}, ""},
       {{.platformId = 7}, "Failed"},
   };
-  for (const VersionCase& one : cases) {
-    machine.setVersion(one.record);
-    EXPECT_EQ(GetWindowsVersionName(), one.name);
+  for (const auto& [record, name] : cases) {
+    machine.setVersion(record);
+    EXPECT_EQ(GetWindowsVersionName(), name);
   }
   machine.failAt("getVersionEx");
   EXPECT_EQ(GetWindowsVersionName(), "Windows 3.1");

@@ -1,8 +1,5 @@
-#include <set>
-
 #include "console/frmFind.h"
 #include "shredder/frmFolder.h"
-#include "shredder/frmMain.h"
 #include "tests/unit/LayoutTest.h"
 #include "tests/unit/ShredderTest.h"
 
@@ -10,8 +7,6 @@ using platform::Answer;
 using platform::Pointer;
 
 namespace {
-
-using Paths = std::vector<std::string>;
 
 class ShredderWindow : public ShredderTest {
  protected:
@@ -29,10 +24,23 @@ class ShredderWindow : public ShredderTest {
     }
   }
 
-  // Shreds what is listed, the question answered with Yes.
-  void shred() {
+  void removeRow(std::size_t row) {
+    form.ListView1.clickRow(row);
+    form.cmdRemoveFile.click();
+  }
+
+  // Shreds what is listed, the question answered with Yes; the user acts while the first file is in progress.
+  void shred(std::function<void()> whileShredding = [] {}) {
+    machine.whenServing([] {});
+    machine.whenServing(std::move(whileShredding));
     machine.answer(Answer::kYes);
     form.cmdShred.click();
+  }
+
+  void expectIdle(bool canCancel) {
+    EXPECT_TRUE(form.cmdShred.enabled() && !form.lblBlue.visible());
+    EXPECT_EQ(form.cmdCancel.enabled(), canCancel);
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
   }
 
   Paths listed() const {
@@ -41,8 +49,8 @@ class ShredderWindow : public ShredderTest {
     return all;
   }
 
-  std::string lastBox() const { return machine.boxes().empty() ? "" : machine.boxes().back().text; }
-
+  static constexpr const char* kQuestion =
+      "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!";
   static constexpr const char* kDone = "The selected files have been shredded.";
 };
 
@@ -53,70 +61,48 @@ TEST_F(ShredderWindow, OpensFromTheConsoleEachTimeEmpty) {
     machine.whenModal([&](controls::Form& opened) {
       auto& shredder = dynamic_cast<frmMain&>(opened);
       EXPECT_EQ(shredder.caption(), "Scrubhaven Pro - Shredder");
-      EXPECT_FALSE(console.acceptsInput());
-      EXPECT_FALSE(shredder.CancelShred);
+      EXPECT_FALSE(console.acceptsInput() || shredder.CancelShred || shredder.lblBlue.visible());
       EXPECT_TRUE(shredder.ListView1.empty() && !shredder.ListView1.checkBoxes());
-      std::set<std::string> disabled;
-      for (const controls::Control* control : shredder.controls()) {
-        if (!control->enabled()) disabled.insert(control->name());
-      }
-      EXPECT_EQ(disabled, (std::set<std::string>{"cmdCancel", "cmdShred"}));
-      EXPECT_FALSE(shredder.lblBlue.visible());
-      EXPECT_EQ(shredder.lblBlue.widthPercent(), 0);
+      EXPECT_FALSE(shredder.cmdCancel.enabled() || shredder.cmdShred.enabled());
       shredder.ListView1.add("C:\\left.over");
       shredder.CancelShred = true;
       shredder.cmdClose.click();
+      EXPECT_TRUE(console.acceptsInput()) << "also while a handler of the closed window still runs";
     });
     console.cmdFurnace.click();
   }
-  EXPECT_EQ(machine.calls("runModal"), 2);
 }
 
-TEST_F(ShredderWindow, AddFileTakesOneFileAndMovesTheCurrentFolder) {
-  add({"a.txt"});
-  EXPECT_EQ(listed(), Paths{"C:\\Docs\\a.txt"});
+TEST_F(ShredderWindow, AddsOneFileAndRemovesTheSelectedEntryOnly) {
+  add({"a.txt", "b.txt", "c.txt"});
   EXPECT_EQ(machine.fileDialogs().back().title, "Select file(s) to shred");
   EXPECT_EQ(machine.fileDialogs().back().filter, "All files (*.*)|*.*");
   EXPECT_EQ(machine.files().currentFolder(), "C:\\Docs");
   EXPECT_TRUE(form.cmdShred.enabled() && form.cmdRemoveFile.enabled());
   form.cmdAddFile.click();
-  EXPECT_EQ(listed().size(), 1U) << "cancelled";
-  EXPECT_TRUE(machine.boxes().empty());
-}
-
-TEST_F(ShredderWindow, RemoveFileTakesTheSelectedEntryOnly) {
-  add({"a.txt", "b.txt", "c.txt"});
   form.cmdRemoveFile.click();
-  EXPECT_EQ(listed().size(), 3U);
-  form.ListView1.clickRow(1);
-  form.cmdRemoveFile.click();
+  EXPECT_EQ(listed().size(), 3U) << "cancelled, and nothing selected";
+  removeRow(1);
   EXPECT_EQ(listed(), (Paths{"C:\\Docs\\a.txt", "C:\\Docs\\c.txt"}));
   EXPECT_TRUE(form.cmdShred.enabled());
-  for (int i = 0; i < 2; ++i) {
-    form.ListView1.clickRow(0);
-    form.cmdRemoveFile.click();
-  }
+  removeRow(0);
+  removeRow(0);
   EXPECT_FALSE(form.cmdShred.enabled() || form.cmdRemoveFile.enabled());
   EXPECT_TRUE(machine.boxes().empty());
   EXPECT_EQ(machine.filesBelow("C:\\Docs").size(), 3U);
 }
 
-TEST_F(ShredderWindow, AnswerNoChangesNothing) {
-  add({"a.txt"});
+TEST_F(ShredderWindow, AsksFirstThenEmptiesTheListAndLeavesBothButtonsUsable) {
+  add({"a.txt", "b.txt", "a.txt"});
   machine.answer(Answer::kNo);
   form.cmdShred.click();
-  ASSERT_EQ(machine.boxes().size(), 1U);
-  EXPECT_EQ(machine.boxes()[0].text,
-            "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!");
+  ASSERT_EQ(boxTexts(), Paths{kQuestion});
   EXPECT_EQ(machine.boxes()[0].title, "Scrubhaven Pro");
   EXPECT_EQ(machine.boxes()[0].style, 20U);
-  EXPECT_EQ(listed().size(), 1U);
-  EXPECT_TRUE(form.cmdShred.enabled() && !form.cmdCancel.enabled() && !form.lblBlue.visible());
+  EXPECT_EQ(listed().size(), 3U);
+  expectIdle(false);
   EXPECT_TRUE(machine.writes().empty());
-}
 
-TEST_F(ShredderWindow, FullRunEmptiesTheListAndLeavesBothButtonsUsable) {
-  add({"a.txt", "b.txt"});
   std::set<int> widths;
   machine.everyServing([&] {
     EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
@@ -126,118 +112,91 @@ TEST_F(ShredderWindow, FullRunEmptiesTheListAndLeavesBothButtonsUsable) {
     EXPECT_TRUE(form.cmdAddFile.enabled() && form.cmdAddFolder.enabled() && form.cmdClose.enabled());
   });
   machine.onBox([&](const auto& box) {
-    if (box.text != kDone || widths.empty()) return;
-    EXPECT_TRUE(form.ListView1.empty() && form.lblBlue.visible());
+    if (box.text != kDone) return;
+    EXPECT_TRUE(form.ListView1.empty());
     EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
     EXPECT_EQ(box.style, 64U);
-    EXPECT_EQ(box.title, "Scrubhaven Pro");
   });
   shred();
-  EXPECT_EQ(lastBox(), kDone);
   EXPECT_EQ(widths.size(), 28U);
-  widths.clear();
   EXPECT_TRUE(machine.filesBelow("C:\\").empty());
-  EXPECT_FALSE(form.lblBlue.visible());
-  EXPECT_TRUE(form.cmdShred.enabled() && form.cmdCancel.enabled());
+  EXPECT_EQ(machine.writes().size(), 2 * kPasses + SHRED_ROUNDS) << "the same file again is missing";
+  expectIdle(true);
 
   shred();
-  EXPECT_EQ(machine.boxes().size(), 4U) << "an empty list asks and reports all the same";
+  EXPECT_EQ(boxTexts(), (Paths{kQuestion, kQuestion, kDone, kQuestion, kDone})) << "an empty list is shredded as well";
 }
 
 TEST_F(ShredderWindow, CancelEndsTheRunAfterTheFileAndStaysInForce) {
   add({"a.txt", "b.txt", "c.txt"});
-  machine.whenServing([] {});
-  machine.whenServing([&] { form.cmdCancel.click(); });
-  shred();
+  bool again = false;
+  machine.everyServing([&] {
+    if (again || !form.CancelShred || form.cmdCancel.enabled()) return;
+    again = true;
+    machine.answer(Answer::kNo);
+    form.cmdShred.click();
+  });
+  shred([&] { form.cmdCancel.click(); });
+  EXPECT_EQ(boxTexts(), (Paths{kQuestion, kQuestion})) << "the button that the end of the run enables works at once";
   EXPECT_EQ(listed(), (Paths{"C:\\Docs\\b.txt", "C:\\Docs\\c.txt"}));
-  EXPECT_EQ(machine.writes().size(), 84U) << "the file in progress is finished";
-  EXPECT_TRUE(form.cmdShred.enabled() && !form.cmdCancel.enabled() && !form.lblBlue.visible());
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+  EXPECT_EQ(machine.writes().size(), kPasses) << "the file in progress is finished";
+  expectIdle(false);
   shred();
-  EXPECT_EQ(machine.boxes().size(), 2U) << "the two questions";
+  EXPECT_EQ(boxTexts().size(), 3U) << "nothing but the questions";
   EXPECT_EQ(listed(), Paths{"C:\\Docs\\c.txt"});
   EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\c.txt"});
 }
 
 TEST_F(ShredderWindow, ListMayChangeDuringARunAndNoWrongFileIsTaken) {
   add({"a.txt", "b.txt", "c.txt", "d.txt"});
-  machine.addFile("C:\\Docs\\late.txt", "late");
-  machine.whenServing([] {});
-  machine.whenServing([&] {
+  shred([&] {
     // The file in progress and the one behind it leave the list, another comes.
-    for (int i = 0; i < 2; ++i) {
-      form.ListView1.clickRow(0);
-      form.cmdRemoveFile.click();
-    }
-    machine.chooseFile("C:\\Docs\\late.txt");
-    form.cmdAddFile.click();
+    removeRow(0);
+    removeRow(0);
+    add({"late.txt"});
     // It has enabled the button, yet no second run begins.
     form.cmdShred.click();
     EXPECT_EQ(listed(), (Paths{"C:\\Docs\\c.txt", "C:\\Docs\\d.txt", "C:\\Docs\\late.txt"}));
   });
-  shred();
   EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
   EXPECT_EQ(machine.contents("C:\\Docs\\b.txt"), "b.txt");
-  EXPECT_EQ(boxTexts().size(), 2U);
-  EXPECT_EQ(lastBox(), kDone);
+  EXPECT_EQ(boxTexts(), (Paths{kQuestion, kDone}));
 }
 
-TEST_F(ShredderWindow, EmptiedListEndsTheRunQuietly) {
+TEST_F(ShredderWindow, EmptiedListAndCloseEndARunQuietlyAfterTheFile) {
   add({"a.txt", "b.txt"});
-  machine.whenServing([] {});
-  machine.whenServing([&] {
-    form.ListView1.clickRow(1);
-    form.cmdRemoveFile.click();
-  });
-  shred();
+  shred([&] { removeRow(1); });
   EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
-  EXPECT_EQ(boxTexts().size(), 1U);
-  EXPECT_TRUE(form.cmdShred.enabled() && form.cmdCancel.enabled() && !form.lblBlue.visible());
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
-}
+  expectIdle(true);
 
-TEST_F(ShredderWindow, CloseDuringARunEndsItAfterTheFile) {
   add({"a.txt", "b.txt"});
-  machine.whenServing([] {});
-  machine.whenServing([&] { form.closeRequested(); });
-  shred();
+  shred([&] { form.closeRequested(); });
   EXPECT_FALSE(form.isOpen());
-  EXPECT_EQ(machine.writes().size(), 84U);
+  EXPECT_EQ(machine.writes().size(), 2 * kPasses);
   EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
-  EXPECT_EQ(boxTexts().size(), 1U);
+  EXPECT_EQ(boxTexts(), (Paths{kQuestion, kQuestion}));
   EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
 
-  frmMain atOnce;
-  atOnce.load();
-  atOnce.ListView1.add("C:\\Docs\\b.txt");
-  atOnce.cmdShred.enable();
-  machine.whenServing([&] { atOnce.cmdClose.click(); });
+  form.load();
+  form.cmdShred.enable();
+  machine.whenServing([&] { form.cmdClose.click(); });
   machine.answer(Answer::kYes);
-  atOnce.cmdShred.click();
+  form.cmdShred.click();
   EXPECT_EQ(machine.contents("C:\\Docs\\b.txt"), "b.txt") << "no file was in progress yet";
 }
 
-TEST_F(ShredderWindow, SameFileTwiceIsShreddedAndThenMissing) {
-  add({"a.txt", "a.txt"});
-  shred();
-  EXPECT_TRUE(machine.filesBelow("C:\\").empty());
-  EXPECT_EQ(machine.writes().size(), 84U + 28U);
-  EXPECT_EQ(lastBox(), kDone);
-}
-
 TEST_F(ShredderWindow, ProgressIsCappedAndTheBarCoversThatMuchOfItsTrack) {
-  expectSoundLayout(form, {&form.lblBlue, &form.lblGrey});
-  expectSoundMnemonics(form);
+  expectSoundWindow(form, {&form.lblBlue, &form.lblGrey});
+  EXPECT_EQ(form.cancelButton(), nullptr) << "no key sets the lasting Cancel by the way";
   const controls::Places places = controls::arrange(form.layout(), FixedMetrics(), {900, 500});
-  form.ShredPercent = 300;
-  form.UpdateProgress();
-  EXPECT_EQ(form.ShredPercent, 100);
-  EXPECT_EQ(form.lblBlue.covered(places.at(&form.lblBlue)).width, places.at(&form.lblGrey).width);
-  form.ShredPercent = 25;
-  form.UpdateProgress();
-  EXPECT_TRUE(form.lblBlue.visible());
-  EXPECT_EQ(places.at(&form.lblBlue).x, places.at(&form.lblGrey).x);
-  EXPECT_EQ(form.lblBlue.covered(places.at(&form.lblBlue)).width, places.at(&form.lblGrey).width / 4);
+  const controls::Rect track = places.at(&form.lblGrey);
+  EXPECT_EQ(places.at(&form.lblBlue).x, track.x);
+  for (const auto& [percent, width] : {std::pair{300, track.width}, std::pair{25, track.width / 4}}) {
+    form.ShredPercent = static_cast<std::int16_t>(percent);
+    form.UpdateProgress();
+    EXPECT_EQ(form.ShredPercent, std::min(percent, 100));
+    EXPECT_EQ(form.lblBlue.covered(places.at(&form.lblBlue)).width, width);
+  }
 }
 
 class FolderPicker : public ShredderWindow {
@@ -246,8 +205,7 @@ class FolderPicker : public ShredderWindow {
   void pick(std::function<void(frmFolder&)> action) {
     machine.whenModal([&](controls::Form& opened) {
       auto& picker = dynamic_cast<frmFolder&>(opened);
-      EXPECT_EQ(picker.caption(), "Add folder contents");
-      EXPECT_FALSE(form.acceptsInput());
+      EXPECT_TRUE(picker.caption() == "Add folder contents" && !form.acceptsInput());
       action(picker);
     });
     form.cmdAddFolder.click();
@@ -262,33 +220,21 @@ TEST_F(FolderPicker, AddsTheFilesThatItShowsInTheirOrder) {
   machine.addFile("C:\\Docs\\system.txt", "", platform::kSystem);
   machine.addFile("C:\\Docs\\protected.txt", "", platform::kReadOnly);
   machine.addFile("C:\\Docs\\Sub\\below.txt");
-  pick([](frmFolder& picker) {
-    EXPECT_EQ(picker.Dir1.path(), "C:\\");
-    EXPECT_EQ(picker.File1.path(), "C:\\");
-    EXPECT_EQ(picker.File1.files(), Paths{"root.txt"});
-    picker.okButton.click();
-  });
-  EXPECT_EQ(listed(), Paths{"C:\\root.txt"});
-  pick([](frmFolder& picker) {
-    ASSERT_TRUE(picker.Dir1.setPath("C:\\Docs"));
-    EXPECT_EQ(picker.File1.files(), (Paths{"A.txt", "b.txt", "protected.txt"}));
-    picker.okButton.click();
-  });
+  pick([](frmFolder& picker) { picker.cancelButton.click(); });
+  pick([](frmFolder& picker) { picker.closeRequested(); });
+  const auto pickFolder = [this](const std::string& path) {
+    pick([&path](frmFolder& picker) {
+      EXPECT_TRUE(picker.Dir1.setPath(path));
+      picker.okButton.click();
+    });
+  };
+  pickFolder(kHere);
+  EXPECT_TRUE(form.ListView1.empty() && !form.cmdShred.enabled() && !form.cmdRemoveFile.enabled());
+  pickFolder("C:\\");
+  pickFolder("C:\\Docs");
   EXPECT_EQ(listed(), (Paths{"C:\\root.txt", "C:\\Docs\\A.txt", "C:\\Docs\\b.txt", "C:\\Docs\\protected.txt"}));
   EXPECT_TRUE(form.cmdShred.enabled() && form.cmdRemoveFile.enabled());
   EXPECT_EQ(machine.files().currentFolder(), kHere);
-}
-
-TEST_F(FolderPicker, CancelAndEmptyFoldersAddNothing) {
-  machine.addFile("C:\\root.txt");
-  pick([](frmFolder& picker) { picker.cancelButton.click(); });
-  pick([](frmFolder& picker) { picker.closeRequested(); });
-  pick([](frmFolder& picker) {
-    EXPECT_TRUE(picker.Dir1.setPath("C:\\Here"));
-    picker.okButton.click();
-  });
-  EXPECT_TRUE(form.ListView1.empty());
-  EXPECT_FALSE(form.cmdShred.enabled() || form.cmdRemoveFile.enabled());
 }
 
 TEST_F(FolderPicker, FileListFollowsTheFolderListAlsoWhenItCannotBeRead) {
@@ -297,18 +243,16 @@ TEST_F(FolderPicker, FileListFollowsTheFolderListAlsoWhenItCannotBeRead) {
   machine.setCurrentFolder("D:\\Old");
   machine.addDrive('E', "", false);
   machine.setCurrentFolder(kHere);
-  machine.addFile("C:\\Docs\\a.txt");
   machine.addFile("C:\\root.txt");
+  machine.addFile("C:\\Docs\\a.txt");
   pick([&](frmFolder& picker) {
-    ASSERT_EQ(picker.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
+    expectSoundWindow(picker);
+    EXPECT_EQ(picker.File1.path(), "C:\\");
     picker.Drive1.choose(1);
-    EXPECT_EQ(picker.Dir1.path(), "D:\\Old");
     EXPECT_EQ(picker.File1.files(), Paths{"old.txt"});
-
     picker.Drive1.choose(2);
-    EXPECT_EQ(lastBox(), "Run-time error '68':\r\n\r\nDevice unavailable");
+    EXPECT_EQ(boxTexts(), Paths{"Run-time error '68':\r\n\r\nDevice unavailable"});
     EXPECT_EQ(picker.File1.path(), "D:\\Old");
-
     // The drive's text alone, in small letters, starts at the root and not in the current folder.
     picker.Drive1.choose(0);
     EXPECT_EQ(picker.Dir1.path(), "c:\\");
@@ -316,15 +260,11 @@ TEST_F(FolderPicker, FileListFollowsTheFolderListAlsoWhenItCannotBeRead) {
 
     machine.failAt("filesIn");
     ASSERT_TRUE(picker.Dir1.setPath("C:\\Docs"));
-    EXPECT_EQ(picker.File1.path(), "C:\\Docs");
-    EXPECT_TRUE(picker.File1.files().empty());
+    EXPECT_TRUE(picker.File1.path() == "C:\\Docs" && picker.File1.files().empty());
     EXPECT_EQ(boxTexts().size(), 2U);
-    expectSoundLayout(picker);
-    expectSoundMnemonics(picker);
     picker.okButton.click();
   });
   EXPECT_TRUE(form.ListView1.empty());
-  EXPECT_EQ(machine.files().currentFolder(), kHere);
 }
 
 }  // namespace
