@@ -10,7 +10,7 @@ namespace {
 NativeWindow nativeList(bool asks) {
   const DWORD rows = asks ? LVS_OWNERDATA : 0;
   return {.windowClass = WC_LISTVIEWA,
-          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | rows,
+          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | WS_CLIPSIBLINGS | rows,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 

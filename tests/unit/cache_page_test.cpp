@@ -112,7 +112,6 @@ TEST_F(CachePage, SaysThatTheCacheIsEmpty) {
   EXPECT_EQ(machine.boxes()[0].style, platform::kBoxOk);
   EXPECT_TRUE(form.Scan.enabled() && form.Del_Cache.visible());
   EXPECT_FALSE(form.cmdSelect.enabled() || form.cmdCacheInvert.enabled() || form.lblStatus.visible());
-  EXPECT_FALSE(form.cmdZeroDelete.enabled()) << "the rows that it would delete are hidden";
 }
 
 TEST_F(CachePage, AnAbortEndsTheListAfterTheSecondRowAndOnlyOnce) {
@@ -151,11 +150,9 @@ TEST_F(CachePage, AnAccessTimeThatIsNoDateIsReportedAndEndsTheScan) {
   EXPECT_EQ(boxTexts(), Paths{"Run-time error '13':\r\n\r\nType mismatch"});
   EXPECT_EQ(entries().back(), "C:\\Cache\\bad|http://h/bad|1/1/1601|");
   EXPECT_EQ(form.lvCache.rowCount(), 2U);
-  EXPECT_EQ(form.lvCache.selected(), 0U);
-  EXPECT_EQ(form.lvCache.toolTip(), "C:\\Cache\\p0");
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kArrow);
+  EXPECT_FALSE(form.lvCache.selected() || form.lblStatus.visible()) << "not as if all had been listed";
+  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
   EXPECT_TRUE(form.Del_Cache.visible());
-  EXPECT_EQ(form.lblStatus.caption(), " Results: Found 2 cache entries.");
 }
 
 TEST_F(CachePage, DeletesTheTickedEntriesAndNoOther) {
