@@ -12,11 +12,6 @@ using platform::memory::ShownBox;
 
 namespace {
 
-constexpr platform::VersionRecord kWindows95 = {.major = 4, .minor = 0, .build = 950, .platformId = 1};
-constexpr platform::VersionRecord kWindows98 = {.major = 4, .minor = 10, .build = 1998, .platformId = 1};
-constexpr platform::VersionRecord kWindows98Se = {.major = 4, .minor = 10, .build = 2222, .platformId = 1};
-constexpr platform::VersionRecord kWindowsMe = {.major = 4, .minor = 90, .build = 3000, .platformId = 1};
-constexpr platform::VersionRecord kWindows2000 = {.major = 5, .platformId = 2};
 constexpr std::uint32_t kInformation = 64;
 const std::string kRunOnce = "HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
 
@@ -243,17 +238,16 @@ class SystemSetting : public ConsoleTest {
 TEST_F(SystemSetting, OldWindowsAndMissingValuesAreToldAndNothingOpens) {
   for (controls::FlatButton* button : {&form.cmdSwap, &form.cmdSysrestore}) {
     const std::size_t calls = machine.registryCalls().size();
-    for (const platform::VersionRecord& refused : {kWindows95, kWindows98, kWindows98Se}) {
-      machine.setVersion(refused);
+    for (const auto& [minor, build] : {std::pair(0U, 950U), {10U, 1998U}, {10U, 2222U}}) {
+      machine.setVersion({.major = 4, .minor = minor, .build = build, .platformId = 1});
       button->click();
       expectBox("Sorry, this tool is for Windows NT/2000/XP only.", "Windows NT/2000/XP Only", 48);
     }
     EXPECT_EQ(machine.registryCalls().size(), calls);
-    for (const platform::VersionRecord& passing : {kWindowsMe, kWindows2000}) {
-      machine.setVersion(passing);
-      button->click();
-      expectBox("The registry has reported that this key does not exist or is corrupted.", "Registry Access Error", 16);
-    }
+    // Windows Me goes by a name that passes.
+    machine.setVersion({.major = 4, .minor = 90, .build = 3000, .platformId = 1});
+    button->click();
+    expectBox("The registry has reported that this key does not exist or is corrupted.", "Registry Access Error", 16);
   }
   EXPECT_EQ(machine.calls("runModal"), 0);
 }

@@ -97,6 +97,7 @@ TEST_F(TempFolders, ReadOnlyFilesAskByTheFolderTheyAreIn) {
   }
   expected.push_back(kDone);
   EXPECT_EQ(boxTexts(), expected);
+  EXPECT_EQ(machine.calls("deleteFile"), 14) << "neither what is refused nor what is in use is tried";
   EXPECT_EQ(machine.boxes().at(1).title, "Delete File");
   EXPECT_EQ(machine.boxes().at(1).style, 4U);
   EXPECT_EQ(everyFile(), (Paths{"C:\\Temp\\1", "C:\\Temp\\3", "C:\\Temp\\35", "C:\\Temp\\5", windowsTemp + "3",
