@@ -172,9 +172,7 @@ TEST_F(RegistryLayer, IniFilesTakeTextsAndGiveNoNumbers) {
 }
 
 // What stands in for a scripting host that is missing.
-class ScriptShellPaths : public MachineTest {};
-
-TEST_F(ScriptShellPaths, NameValuesAndKeysButNoRootAndNothingStaysOpen) {
+TEST_F(RegistryLayer, ScriptPathsNameNoRootAndLeaveNothingOpen) {
   platform::RegistryScriptShell shell{machine.registry()};
   machine.setRegistryValue("HKLM\\A\\B", "b", {kRegistryBinary, "xx"});
   machine.setRegistryValue("HKLM\\A\\B", "open", {platform::kRegistryExpandableText, "open"});
