@@ -14,8 +14,8 @@ platform::UrlCacheEntry* CacheEntryBuffer = nullptr;
 // The head of the last entry that was found. Its texts lie in the buffer.
 platform::UrlCacheEntry CacheEntry;
 
-// Makes room for an entry of `size` bytes; false when there is no memory. A system may report less than an entry's head
-// takes, and nothing at all at the end.
+// Makes room for an entry of `size` bytes, which is what the head tells the system; false when there is no memory. The
+// block is never smaller than the head: a system may report less, and nothing at all at the end.
 bool renewBuffer(std::uint32_t size) {
   platform::UrlCache& cache = platform::machine().urlCache();
   cache.localFree(CacheEntryBuffer);
@@ -23,10 +23,9 @@ bool renewBuffer(std::uint32_t size) {
   CacheEntry.localFileName = nullptr;
 
   const std::size_t bytes = std::max<std::size_t>(size, sizeof(platform::UrlCacheEntry));
-  void* block = cache.localAlloc(bytes);
-  if (block != nullptr) std::memset(block, 0, bytes);
-  CacheEntryBuffer = static_cast<platform::UrlCacheEntry*>(block);
-  if (block == nullptr) return false;
+  CacheEntryBuffer = static_cast<platform::UrlCacheEntry*>(cache.localAlloc(bytes));
+  if (CacheEntryBuffer == nullptr) return false;
+  std::memset(static_cast<void*>(CacheEntryBuffer), 0, bytes);
   CacheEntryBuffer->structSize = size;
   return true;
 }

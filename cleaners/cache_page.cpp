@@ -26,10 +26,8 @@ void frmFind::bindCachePage() {
 
 void frmFind::Del_Cache_Click() {
   openCachePage();
-  ScanCache();
+  if (const platform::Result<void> scanned = ScanCache(); !scanned) return reportUnhandled(scanned.error());
   if (lvCache.empty()) {
-    // The zero-byte list is hidden, and nobody may delete rows that they do not see.
-    if (cmdZeroDelete.visible()) cmdZeroDelete.disable();
     messageBox("No cache items found.", platform::kBoxOk, "No Items Found");
     Scan.enable();
     return;
@@ -51,25 +49,25 @@ void frmFind::openCachePage() {
   ListView1.clear();
 }
 
-void frmFind::ScanCache() {
+platform::Result<void> frmFind::ScanCache() {
   lvCache.clear();
   Del_Cache.hide();
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   // Once only: an abort reaches this scan when it is pressed before the first entry is read.
   platform::machine().ui().serveEvents();
-  if (CacheFindFirst()) {
-    const platform::Result<void> listed = listCacheEntries();
-    if (!listed) reportUnhandled(listed.error());
-  }
+  const platform::Result<void> listed = listCacheEntries();
   leaveCacheScan();
-  if (lvCache.empty()) return;
-  lvCache.select(0);
-  ShowCacheTip();
+  if (listed && !lvCache.empty()) {
+    lvCache.select(0);
+    ShowCacheTip();
+  }
+  return listed;
 }
 
 // The first entry is listed whatever it is. Of the others only ordinary ones are, and their URL stands in for a file
-// name that they lack. Fails when a time of last access is no date.
+// name that they lack.
 platform::Result<void> frmFind::listCacheEntries() {
+  if (!CacheFindFirst()) return {};
   platform::Result<void> added = addCacheRow(CacheLocalFileName());
   while (added && CacheFindNext()) {
     if ((CacheEntryType() & platform::kNormalCacheEntry) == 0) continue;
@@ -102,9 +100,7 @@ void frmFind::leaveCacheScan() {
   Del_Cache.show();
 }
 
-void frmFind::ShowCacheTip() {
-  if (const auto selected = lvCache.selected()) lvCache.setToolTip(lvCache.text(*selected));
-}
+void frmFind::ShowCacheTip() { showSelectedTip(lvCache); }
 
 void frmFind::cmdCleanCache_Click() {
   if (!anythingToDelete(lvCache)) return;

@@ -59,23 +59,19 @@ std::string keyPathOf(const MruList& list) {
 
 // A list that cannot be emptied does not keep the next ones.
 void emptyList(const MruList& list) {
-  DeleteRegistryKey("HKCU", list.parent, list.subKey);
+  static_cast<void>(DeleteRegistryKey("HKCU", list.parent, list.subKey));
   static_cast<void>(WriteRegistryValue("HKCU", keyPathOf(list), list.valueName, list.type, list.data));
 }
-
-constexpr std::int16_t kRead = 1;
-constexpr std::int16_t kWrite = 2;
-constexpr std::int16_t kDelete = 3;
 
 // What `mode` asks for ahead of the deletion.
 platform::Result<void> readOrWrite(const std::string& key, const std::string& text, std::int16_t mode) {
   platform::ScriptShell& shell = platform::machine().scriptShell();
-  if (mode == kRead) {
+  if (mode == frmFind::kReadMode) {
     const platform::Result<std::string> value = shell.regRead(key);
     if (!value) return std::unexpected(value.error());
     messageBox(*value);
   }
-  if (mode == kWrite) {
+  if (mode == frmFind::kWriteMode) {
     const platform::Result<void> written = shell.regWrite(key, text);
     if (!written) return written;
     messageBox("\"" + key + "\\" + text + "\" has been written To the registry.", platform::kBoxInformation, "Success");
@@ -91,7 +87,7 @@ void frmFind::bindLists() {
 }
 
 void frmFind::cmdMRU_Click() {
-  ReadWriteDeleteRegistry("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedURLs\\", "", kDelete);
+  ReadWriteDeleteRegistry("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedURLs\\", "", kDeleteMode);
 }
 
 void frmFind::ReadWriteDeleteRegistry(const std::string& registrykey, const std::string& RegistryInformation,

@@ -8,9 +8,6 @@ using platform::Answer;
 
 namespace {
 
-constexpr std::int16_t kRead = 1;
-constexpr std::int16_t kWrite = 2;
-
 // Fixed, wherever the Windows folder is.
 constexpr const char* kPrefetchFolder = "c:\\windows\\prefetch\\";
 
@@ -23,7 +20,7 @@ void frmFind::bindRestartAndPrefetch() {
 
 void frmFind::cmdIndex_Click() {
   ReadWriteDeleteRegistry1("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce\\",
-                           platform::machine().environment().programFolder() + "\\delindex.cmd", kWrite);
+                           platform::machine().environment().programFolder() + "\\delindex.cmd", kWriteMode);
 }
 
 void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
@@ -33,7 +30,7 @@ void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std
       "Deleting index.dat files requires that you restart your system.\r\n"
       "Would you like to schedule this event for next time you restart?",
       kAsk, "Index.dat File Deletion");
-  if (answer == Answer::kNo || ReadWriteDelete != kWrite) return;
+  if (answer == Answer::kNo || ReadWriteDelete != kWriteMode) return;
   const platform::Result<void> written = platform::machine().scriptShell().regWrite(registrykey, RegistryInformation);
   if (!written) return reportUnhandled(written.error());
   messageBox("All relevant index.dat files will be deleted on next system restart", platform::kBoxInformation,
@@ -42,7 +39,7 @@ void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std
 
 void frmFind::ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
                                        std::int16_t ReadWriteDelete) {
-  if (ReadWriteDelete != kRead) return;
+  if (ReadWriteDelete != kReadMode) return;
   const platform::Result<std::string> value = platform::machine().scriptShell().regRead(registrykey);
   if (value) RegistryInformation = *value;
 }

@@ -14,6 +14,7 @@ using platform::Answer;
 namespace {
 
 constexpr const char* kEveryFile = "*.*";
+constexpr std::string_view kSeparators = "\\/";
 // The deletion counts files in 16 bits; what is left over goes at the next run.
 constexpr std::int32_t kMostFilesAtOnce = std::numeric_limits<std::int16_t>::max();
 
@@ -49,13 +50,13 @@ std::vector<std::string> fixedFolders() {
 
 // Takes the first name off a path; empty at its end.
 std::string_view takeName(std::string_view& path) {
-  path.remove_prefix(std::min(path.find_first_not_of("\\/"), path.size()));
-  const std::string_view name = path.substr(0, path.find_first_of("\\/"));
+  path.remove_prefix(std::min(path.find_first_not_of(kSeparators), path.size()));
+  const std::string_view name = path.substr(0, path.find_first_of(kSeparators));
   path.remove_prefix(name.size());
   return name;
 }
 
-bool isSeparator(char letter) { return letter == '\\' || letter == '/'; }
+bool isSeparator(char letter) { return kSeparators.contains(letter); }
 
 // Takes the root off a full path; false when the path is not a full one, and depends on the current folder.
 bool takeRoot(std::string_view& path) {
@@ -112,10 +113,9 @@ void frmFind::Del_Temps_Click() {
 
 void frmFind::PurgeTempFolders() {
   const std::vector<std::string> folders = fixedFolders();
-  setVisible(false, {&lvCache, &ListView2});
+  setVisible(false, {&lvCache, &lblStatus, &Label6});
   ListView1.show();
   ListView1.clear();
-  setVisible(false, {&lblStatus, &Label6});
 
   std::int32_t fileCount = 0;
   std::int32_t dirCount = 0;
@@ -147,7 +147,7 @@ void frmFind::deleteFoundFiles(std::int32_t count, bool (*isReadOnly)(std::uint3
   }
 }
 
-// Whatever goes wrong with one file, a missing answer about its attributes too, leaves that file alone.
+// A file that fails at any step stays, and nobody is told. One whose attributes cannot be read is not even tried.
 void frmFind::deleteFoundFile(const std::string& path, bool (*isReadOnly)(std::uint32_t attributes)) {
   platform::FileObjects& objects = platform::machine().fileObjects();
   const platform::Result<platform::FileObject> file = objects.getFile(path);
@@ -158,7 +158,7 @@ void frmFind::deleteFoundFile(const std::string& path, bool (*isReadOnly)(std::u
     return;
   }
   if (FileIsOpen1(file->path)) return;
-  [[maybe_unused]] const platform::Result<void> passedOver = objects.deleteFile(path, force);
+  static_cast<void>(objects.deleteFile(path, force));
 }
 
 platform::Result<void> frmFind::DelTree(const std::string& path) {

@@ -172,19 +172,21 @@ class frmFind final : public controls::Form {
   platform::Result<void> DelTree(const std::string& path);
 
   // Registry access by full script paths ("HKEY_CURRENT_USER\Software\"; a closing backslash names a key).
-  // `ReadWriteDelete` is 1 to read, 2 to write.
-  //
-  // Shows the value (1), or writes `RegistryInformation` and says so (2); then, in every mode, deletes the value or key
-  // and says so, or that there was none. Other failures end it without a word. The script shell's RegRead, RegWrite,
-  // RegDelete.
+  // `ReadWriteDelete` is one of these modes.
+  static constexpr std::int16_t kReadMode = 1;
+  static constexpr std::int16_t kWriteMode = 2;
+  static constexpr std::int16_t kDeleteMode = 3;
+  // Shows the value (read), or writes `RegistryInformation` and says so (write); then, in every mode, deletes the value
+  // or key and says so, or that there was none. Other failures end it without a word. The script shell's RegRead,
+  // RegWrite, RegDelete.
   void ReadWriteDeleteRegistry(const std::string& registrykey, const std::string& RegistryInformation,
                                std::int16_t ReadWriteDelete);
-  // Asks whether the index files are to go at the next start; then writes `RegistryInformation` (2 only) and says so. A
-  // failing write is reported as unhandled. The script shell's RegWrite.
+  // Asks whether the index files are to go at the next start; then writes `RegistryInformation` (write only) and says
+  // so. A failing write is reported as unhandled. The script shell's RegWrite.
   void ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
                                 std::int16_t ReadWriteDelete);
-  // Stores the value's text in `RegistryInformation` (1 only), which is left as it was on failure. The script shell's
-  // RegRead.
+  // Stores the value's text in `RegistryInformation` (read only), which is left as it was on failure. The script
+  // shell's RegRead.
   void ReadWriteDeleteRegistry2(const std::string& registrykey, std::string& RegistryInformation,
                                 std::int16_t ReadWriteDelete);
 
@@ -229,6 +231,8 @@ class frmFind final : public controls::Form {
   static void invertRows(controls::ListView& list, controls::FlatButton& selection);
   // "Clear All" says that some row is ticked.
   static void captionByTicks(controls::FlatButton& selection, const controls::ListView& list);
+  // The list's tooltip becomes the text of its selected row.
+  static void showSelectedTip(controls::ListView& list);
 
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 
@@ -248,7 +252,6 @@ class frmFind final : public controls::Form {
   void cmdInvert_Click();
   void cmdChoose_Click();
   void ListView1_ItemCheck();
-  void ListView1_ItemClick();
   void setDeletionChoiceEnabled(bool enabled);
   void setDeletionChoiceVisible(bool visible);
 
@@ -356,13 +359,12 @@ class frmFind final : public controls::Form {
   void bindCachePage();
   void Del_Cache_Click();
   void openCachePage();
-  // Lists the cache's entries in lvCache.
-  void ScanCache();
+  // Fails with 13 at an entry whose last access is no date; the rows up to that one stay.
+  platform::Result<void> ScanCache();
   platform::Result<void> listCacheEntries();
   platform::Result<void> addCacheRow(const std::string& name);
   void abortCacheScan();
   void leaveCacheScan();
-  // The cache list's tooltip becomes the text of its selected row.
   void ShowCacheTip();
   void cmdCleanCache_Click();
   void deleteTickedCacheEntries();

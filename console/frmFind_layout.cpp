@@ -56,7 +56,8 @@ Box frmFind::layout() {
   const Box scanButtons = column({place(Scan).atLeast(46, 32), place(cmdAbort)});
   const Box top = row({selectors, fileTypes, scanButtons});
 
-  const Box lists = stack({place(ListView1).atLeast(200, 60).stretch(1, 1), place(ListView2), place(lvCache)});
+  // Where two lists are shown at once, the earlier one covers the later.
+  const Box lists = stack({place(lvCache), place(ListView1).atLeast(200, 60).stretch(1, 1), place(ListView2)});
   const Box junkCommands = row({commandLabel(lblJunkCommands), commandButton(Select_All), commandButton(cmdInvert),
                                 commandButton(Delete), place(optRecycle), place(optWipe)});
   const Box zeroCommands = row({commandLabel(lblZeroCommands), commandButton(cmdSelectAll),

@@ -202,7 +202,7 @@ void frmFind::ClearTempSubfolders(std::string& path) {
     const std::string folder = ListView2.text(i);
     if (!IsFolder(folder)) continue;
     // What will not go is left, and the next one is tried.
-    [[maybe_unused]] const platform::Result<void> passedOver = DelTree(folder);
+    static_cast<void>(DelTree(folder));
   }
   ListView2.clear();
 }

@@ -64,7 +64,7 @@ void frmFind::makeFileTypeBoxes() {
 void frmFind::bindJunkScan() {
   ListView1.indexBy(rowKey);
   ListView1.onItemCheck = [this] { ListView1_ItemCheck(); };
-  ListView1.onItemClick = [this] { ListView1_ItemClick(); };
+  ListView1.onItemClick = [this] { showSelectedTip(ListView1); };
   bindTool(Scan, &frmFind::Scan_Click);
   bindTool(Select_Check, &frmFind::Select_Check_Click);
   bindTool(Invert, &frmFind::Invert_Click);
@@ -219,6 +219,10 @@ void frmFind::captionByTicks(controls::FlatButton& selection, const controls::Li
   selection.setCaption(list.tickedCount() > 0 ? kClearAll : kSelectAll);
 }
 
+void frmFind::showSelectedTip(controls::ListView& list) {
+  if (const std::optional<std::size_t> row = list.selected()) list.setToolTip(list.text(*row));
+}
+
 void frmFind::cmdInvert_Click() {
   invertRows(ListView1, Select_All);
   const bool any = ListView1.tickedCount() > 0;
@@ -231,11 +235,6 @@ void frmFind::ListView1_ItemCheck() {
   setDeletionChoiceEnabled(any);
   Delete.setEnabled(any);
   captionByTicks(Select_All, ListView1);
-}
-
-void frmFind::ListView1_ItemClick() {
-  const std::optional<std::size_t> clicked = ListView1.selected();
-  if (clicked) ListView1.setToolTip(ListView1.text(*clicked));
 }
 
 void frmFind::setDeletionChoiceEnabled(bool enabled) { setEnabled(enabled, {&optRecycle, &optWipe}); }

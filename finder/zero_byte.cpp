@@ -1,6 +1,5 @@
 // The zero-byte finder: listing files without a byte, ticking them, and deleting what is ticked.
 #include <limits>
-#include <optional>
 
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
@@ -152,7 +151,7 @@ void frmFind::cmdZeroInvert_Click() {
 }
 
 void frmFind::ListView2_ItemCheck() {
-  if (const std::optional<std::size_t> row = ListView2.selected()) ListView2.setToolTip(ListView2.text(*row));
+  showSelectedTip(ListView2);
   updateZeroDelete();
   captionByTicks(cmdSelectAll, ListView2);
 }

@@ -15,7 +15,7 @@ inline constexpr std::uint32_t kNormalCacheEntry = 1;
 // The fixed head of one cache entry, in the order and with the sizes of the system's own; 80 bytes in a 32-bit program.
 // The texts lie behind it in the same block of memory, each closed by a NUL; one that an entry lacks is a null pointer.
 struct UrlCacheEntry {
-  std::uint32_t structSize = 0;  // to be set before a call: the size of the whole block in bytes
+  std::uint32_t structSize = 0;  // to be set before a call: the bytes of the block that may be filled
   const char* sourceUrl = nullptr;
   const char* localFileName = nullptr;
   std::uint32_t entryType = 0;

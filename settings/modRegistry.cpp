@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <optional>
 #include <span>
 
 #include "platform/Platform.h"
@@ -98,36 +97,26 @@ std::int32_t readValue(RegistryKey key, const std::string& name, const std::stri
   return kRegistryDone;
 }
 
-// A value in the form in which the registry keeps it.
-struct Stored {
-  std::uint32_t type = 0;
-  std::string bytes;
-};
-
-Result<Stored> textToStore(const Variant& value) {
-  // The size passed leaves the closing NUL out.
-  return Stored{platform::kRegistryText, platform::textOf(value)};
-}
-
-Result<Stored> booleanToStore(const Variant& value) {
-  const Result<bool> truth = platform::booleanOf(value);
-  if (!truth) return std::unexpected(truth.error());
-  return Stored{platform::kRegistryBinary, asBytes(static_cast<std::int16_t>(*truth ? -1 : 0))};
-}
-
-Result<Stored> numberToStore(const Variant& value) {
-  const Result<std::int16_t> number = platform::shortOf(value);
-  if (!number) return std::unexpected(number.error());
-  // The high half stays 0, so that -1 is stored as 65535.
-  return Stored{platform::kRegistryNumber, asBytes(std::uint32_t{static_cast<std::uint16_t>(*number)})};
-}
-
-// Nothing for a type letter that is none.
-std::optional<Result<Stored>> toStore(const std::string& type, const Variant& value) {
-  if (type == "S") return textToStore(value);
-  if (type == "B") return booleanToStore(value);
-  if (type == "D") return numberToStore(value);
-  return std::nullopt;
+Result<std::int32_t> writeValue(RegistryKey key, const std::string& name, const std::string& type,
+                                const Variant& value) {
+  platform::Registry& registry = platform::machine().registry();
+  if (type == "S") {
+    // The size passed leaves the closing NUL out.
+    return registry.setValue(key, name, platform::kRegistryText, platform::textOf(value));
+  }
+  if (type == "B") {
+    const Result<bool> truth = platform::booleanOf(value);
+    if (!truth) return std::unexpected(truth.error());
+    return registry.setValue(key, name, platform::kRegistryBinary, asBytes(static_cast<std::int16_t>(*truth ? -1 : 0)));
+  }
+  if (type == "D") {
+    const Result<std::int16_t> number = platform::shortOf(value);
+    if (!number) return std::unexpected(number.error());
+    // The high half stays 0, so that -1 is stored as 65535.
+    const std::uint32_t stored = static_cast<std::uint16_t>(*number);
+    return registry.setValue(key, name, platform::kRegistryNumber, asBytes(stored));
+  }
+  return kRegistryDone;
 }
 
 }  // namespace
@@ -164,19 +153,15 @@ Result<std::int32_t> WriteRegistryValue(const std::string& hive, const std::stri
   const std::string letter = upperCase(type);
   if (root == ROOT_KEY_INI_FILE) {
     if (letter != "S") return kUnknownHive;
-    platform::machine().profiles().writeString(keyPath, valueName, platform::textOf(value), hive);
+    static_cast<void>(platform::machine().profiles().writeString(keyPath, valueName, platform::textOf(value), hive));
     return kRegistryDone;
   }
   platform::Registry& registry = platform::machine().registry();
   RegistryKey key = 0;
   const std::int32_t made = registry.createKey(root, keyPath, platform::kSetValue | platform::kCreateSubKey, key);
   if (made != kRegistryDone) return made;
-  if (const std::optional<Result<Stored>> stored = toStore(letter, value)) {
-    if (!*stored) return std::unexpected(stored->error());
-    const std::int32_t written = registry.setValue(key, valueName, (*stored)->type, (*stored)->bytes);
-    if (written != kRegistryDone) return written;
-  }
-  return registry.closeKey(key);
+  const Result<std::int32_t> written = writeValue(key, valueName, letter, value);
+  return written == kRegistryDone ? registry.closeKey(key) : written;
 }
 
 std::int32_t DeleteRegistryKey(const std::string& hive, const std::string& parentPath, const std::string& subKey) {

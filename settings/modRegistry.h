@@ -17,7 +17,7 @@
 // Stands in a root key's place for an INI file.
 inline constexpr platform::RegistryKey ROOT_KEY_INI_FILE = 1;
 
-// The hive is no root key, and no file.
+// The hive is no root key, and no file; or it is an INI file and the value to be written is no text.
 inline constexpr std::int32_t kUnknownHive = 99;
 
 // The root key that the hive name stands for, ROOT_KEY_INI_FILE when it names a file that is neither hidden nor of the
@@ -32,11 +32,11 @@ std::int32_t ReadRegistryValue(const std::string& hive, const std::string& keyPa
                                const std::string& type, const platform::Variant& defaultValue,
                                platform::Variant& result);
 
-// Writes `value`, converted to the type, and makes missing keys; to an INI file only texts are written, and whether
-// that went well is not told. Numbers are 16 bits wide, and negative ones are stored as if they had no sign. Gives the
-// status. Fails with 6 or 13 when the value cannot be converted; the key is there by then. When the value cannot be
-// written the key stays open until the program ends. RegCreateKeyExA, RegSetValueExA, RegCloseKey;
-// WritePrivateProfileStringA.
+// Writes `value`, converted to the type, and makes missing keys; to an INI file only texts are written (any other
+// type gives kUnknownHive), and whether that went well is not told. Numbers are 16 bits wide, and negative ones are
+// stored as if they had no sign. Gives the status. Fails with 6 or 13 when the value cannot be converted; the key has
+// been made by then. When the value cannot be converted or written the key stays open until the program ends.
+// RegCreateKeyExA, RegSetValueExA, RegCloseKey; WritePrivateProfileStringA.
 platform::Result<std::int32_t> WriteRegistryValue(const std::string& hive, const std::string& keyPath,
                                                   const std::string& valueName, const std::string& type,
                                                   const platform::Variant& value);

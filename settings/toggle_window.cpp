@@ -50,7 +50,8 @@ bool runsOnNtLine() {
 
 std::string readSetting(const std::string& keyPath, const std::string& valueName) {
   platform::Variant value;
-  ReadRegistryValue("HKLM", keyPath, valueName, "D", "", value);
+  // An empty text says enough.
+  static_cast<void>(ReadRegistryValue("HKLM", keyPath, valueName, "D", "", value));
   std::string text = platform::textOf(value);
   if (text.empty()) {
     messageBox("The registry has reported that this key does not exist or is corrupted.", platform::kBoxCritical,

@@ -9,7 +9,7 @@
 namespace platform::win32 {
 namespace {
 
-constexpr LCID kNoLocale = LOCALE_SYSTEM_DEFAULT;
+constexpr LCID kLocale = LOCALE_SYSTEM_DEFAULT;
 
 BSTR wide(const std::string& text) {
   const int bytes = static_cast<int>(text.size());
@@ -51,13 +51,19 @@ RuntimeError objectError(HRESULT code, BSTR description) {
   return error;
 }
 
+// The code that an object gives for a failure of its own; an old object gives a 16-bit number instead.
+HRESULT namedCode(HRESULT code, const EXCEPINFO& details) {
+  if (code != DISP_E_EXCEPTION) return code;
+  if (details.scode != 0) return details.scode;
+  return details.wCode != 0 ? details.wCode : code;
+}
+
 // What a call that ended with `code` tells about its failure; frees the texts of `details`.
 RuntimeError callError(HRESULT code, EXCEPINFO& details) {
   if (code == DISP_E_EXCEPTION && details.pfnDeferredFillIn != nullptr) {
     details.pfnDeferredFillIn(&details);
   }
-  const bool named = code == DISP_E_EXCEPTION && details.scode != 0;
-  RuntimeError error = objectError(named ? details.scode : code, details.bstrDescription);
+  RuntimeError error = objectError(namedCode(code, details), details.bstrDescription);
   SysFreeString(details.bstrSource);
   SysFreeString(details.bstrDescription);
   SysFreeString(details.bstrHelpFile);
@@ -129,7 +135,7 @@ Result<AutomationValue> DispatchObject::invoke(const wchar_t* member, WORD kind,
                                                std::initializer_list<AutomationValue> arguments) const {
   auto* name = const_cast<wchar_t*>(member);
   DISPID id = DISPID_UNKNOWN;
-  if (const HRESULT code = object_->GetIDsOfNames(IID_NULL, &name, 1, kNoLocale, &id); FAILED(code)) {
+  if (const HRESULT code = object_->GetIDsOfNames(IID_NULL, &name, 1, kLocale, &id); FAILED(code)) {
     return std::unexpected(objectError(code, nullptr));
   }
   // Automation counts arguments from the last to the first; the values stay the caller's.
@@ -138,7 +144,7 @@ Result<AutomationValue> DispatchObject::invoke(const wchar_t* member, WORD kind,
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   AutomationValue result;
   EXCEPINFO details = {};
-  const HRESULT code = object_->Invoke(id, IID_NULL, kNoLocale, kind, &parameters, result.out(), &details, nullptr);
+  const HRESULT code = object_->Invoke(id, IID_NULL, kLocale, kind, &parameters, result.out(), &details, nullptr);
   if (FAILED(code)) {
     return std::unexpected(callError(code, details));
   }

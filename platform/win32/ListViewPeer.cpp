@@ -10,7 +10,8 @@ namespace {
 NativeWindow nativeList(bool asks) {
   const DWORD rows = asks ? LVS_OWNERDATA : 0;
   return {.windowClass = WC_LISTVIEWA,
-          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS | rows,
+          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS |
+                   WS_CLIPSIBLINGS | rows,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 

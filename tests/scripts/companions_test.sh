@@ -15,10 +15,13 @@ put() { mkdir -p -- "$(dirname -- "$C/$1")" && echo "${2:-content}" >"$C/$1"; }
 # Everything on the drive but what Wine itself writes while it runs.
 files() { (cd "$C" && find . \( -path ./windows/temp -o -path ./users \) -prune -o -print | sort); }
 
-# run_script SCRIPT: runs it from the program folder, without anything on its screen.
+# run_script SCRIPT: runs it from the program folder, on a system whose profile of all users is $ALL_USERS, without
+# anything on its screen.
+ALL_USERS='C:\Documents and Settings\All Users'
 run_script() {
   local said
-  said=$("$ROOT/scripts/in_prefix.sh" "$PREFIX" cmd /c "C:\\Program Files\\Scrubhaven\\$1" 2>&1 </dev/null)
+  put windows/temp/start.cmd "@set \"ALLUSERSPROFILE=$ALL_USERS\""$'\r\n'"@\"C:\\Program Files\\Scrubhaven\\$1\""
+  said=$("$ROOT/scripts/in_prefix.sh" "$PREFIX" cmd /c 'C:\windows\temp\start.cmd' 2>&1 </dev/null)
   [[ -z $said ]] || complain "$1 said: $said"
 }
 
@@ -64,11 +67,15 @@ done
 put 'Documents and Settings/index.dat'
 put 'index.dat'
 put 'Data/Ann/Cookies/index.dat'
+put 'Data/Cookies/index.dat'
 # Hidden, of the system, read-only, as the browser leaves them; a hidden profile.
 "$ROOT/scripts/in_prefix.sh" "$PREFIX" attrib +r +h +s 'C:\Documents and Settings\Ann\Cookies\index.dat' >/dev/null 2>&1
 "$ROOT/scripts/in_prefix.sh" "$PREFIX" attrib +h 'C:\Documents and Settings\Default User' >/dev/null 2>&1
 expect_nothing svi.cmd
 expect_gone delindex.cmd "${INDEXES[@]}"
+for ALL_USERS in 'C:\ProgramData' ''; do expect_nothing delindex.cmd; done
+ALL_USERS='C:\Data\Alle & jeder'
+expect_gone delindex.cmd Data/Ann/Cookies/index.dat
 expect_nothing delindex.cmd
 
 SVI='System Volume Information'

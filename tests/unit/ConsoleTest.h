@@ -37,6 +37,15 @@ class ConsoleTest : public MachineTest {
   }
 
   std::string lastBox() const { return machine.boxes().empty() ? "" : boxTexts().back(); }
+
+  // Expects the last box to be this one.
+  void expectBox(const std::string& text, const std::string& title, std::uint32_t style = platform::kBoxOk) const {
+    ASSERT_FALSE(machine.boxes().empty());
+    const platform::memory::ShownBox& box = machine.boxes().back();
+    EXPECT_EQ(box.text, text);
+    EXPECT_EQ(box.title, title);
+    EXPECT_EQ(box.style, style);
+  }
 };
 
 using Paths = std::vector<std::string>;
