@@ -46,17 +46,38 @@ class ForeignNames : public testing::Test {
   std::vector<std::wstring> made_;
 };
 
-TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldIsReachedUnderItsAlias) {
-  makeFile(L"\x0430\x0431.bak");
-  if (!bed_->hasShortNames()) {
-    EXPECT_TRUE(walk("*.bak").empty());
-    return;
+TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldNeverPassesForAnother) {
+  constexpr const wchar_t* kForeign[] = {
+      L"\x0430\x0431.bak",  // Cyrillic, of which nothing looks like a Latin letter
+      L"\x0105.bak",        // an "a" with a hook
+      L"inner\xFF3C"
+      L"b.bak",                    // a broad backslash
+      L"..\xFF3C..\xFF3Cwin.bak",  // and two that would lead out of the folder
+  };
+  makeFile(L"a.bak");
+  bed_->makeFile(bed_->root() + "\\inner\\b.bak");
+  for (const wchar_t* name : kForeign) makeFile(name);
+
+  std::vector<std::string> names = walk("*.bak");
+  EXPECT_EQ(std::erase(names, "a.bak"), 1);
+  EXPECT_EQ(names.size(), bed_->hasShortNames() ? std::size(kForeign) : 0);
+  for (const std::string& name : names) {
+    EXPECT_EQ(name.find_first_of("?\\"), std::string::npos) << name;
+    EXPECT_TRUE(bed_->machine().fileObjects().deleteFile(bed_->root() + "\\" + name, true)) << name;
   }
-  const std::vector<std::string> names = walk("*.bak");
-  ASSERT_EQ(names.size(), 1u);
-  EXPECT_EQ(names[0].find('?'), std::string::npos) << names[0];
-  EXPECT_TRUE(bed_->machine().fileObjects().deleteFile(bed_->root() + "\\" + names[0], true));
-  EXPECT_TRUE(walk("*.bak").empty());
+  EXPECT_EQ(walk("*.bak"), std::vector<std::string>{"a.bak"});
+  EXPECT_TRUE(bed_->exists(bed_->root() + "\\inner\\b.bak"));
+}
+
+TEST_F(ForeignNames, RemovingATreeRemovesNothingBesideIt) {
+  bed_->makeFile(bed_->root() + "\\a.bak");
+  bed_->makeFolder(bed_->root() + "\\tree");
+  makeFile(
+      L"tree\\..\xFF3C"
+      L"a.bak");
+  const bool gone = bed_->machine().fileObjects().deleteFolder(bed_->root() + "\\tree", true).has_value();
+  EXPECT_EQ(gone, bed_->hasShortNames());
+  EXPECT_TRUE(bed_->exists(bed_->root() + "\\a.bak"));
 }
 
 TEST_F(ForeignNames, AnEntryThatLaterCallsWouldTakeForItsNeighbourIsLeftOut) {
