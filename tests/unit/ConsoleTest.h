@@ -30,13 +30,30 @@ class ConsoleTest : public MachineTest {
     return all;
   }
 
-  std::vector<std::string> paths() const {
+  static std::vector<std::string> textsOf(const controls::ListView& list) {
     std::vector<std::string> all;
-    for (std::size_t i = 0; i < form.ListView1.rowCount(); ++i) all.push_back(form.ListView1.text(i));
+    for (std::size_t i = 0; i < list.rowCount(); ++i) all.push_back(list.text(i));
     return all;
   }
 
+  std::vector<std::string> paths() const { return textsOf(form.ListView1); }
+
+  // Ticks the rows of files with these names.
+  static void tick(controls::ListView& list, std::initializer_list<const char*> names) {
+    for (std::size_t i = 0; i < list.rowCount(); ++i) {
+      for (const char* name : names) {
+        if (list.text(i).ends_with(name)) list.clickTick(i);
+      }
+    }
+  }
+
   std::string lastBox() const { return machine.boxes().empty() ? "" : boxTexts().back(); }
+
+  // The last box as "text|title|style".
+  std::string lastBoxInFull() const {
+    const platform::memory::ShownBox& box = machine.boxes().back();
+    return box.text + '|' + box.title + '|' + std::to_string(box.style);
+  }
 };
 
 using Paths = std::vector<std::string>;
