@@ -10,6 +10,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 
 #include "platform/win32/Win32Machine.h"
@@ -69,13 +72,9 @@ void removeTree(const std::string& folder) {
 }
 
 void makeFolders(const std::string& path) {
-  constexpr std::size_t kDriveRoot = 3;
-  for (std::size_t end = path.find('\\', kDriveRoot); end != std::string::npos; end = path.find('\\', end + 1)) {
-    CreateDirectoryA(path.substr(0, end).c_str(), nullptr);
-  }
-  CreateDirectoryA(path.c_str(), nullptr);
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  require(attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, "make", path);
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  require(std::filesystem::is_directory(path, error), "make", path);
 }
 
 HANDLE makeNew(const std::string& path) {
@@ -139,7 +138,7 @@ std::size_t recentValues() {
 
 class Win32Bed final : public Bed {
  public:
-  Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
+  Win32Bed() : machine_(nullptr), firstFolder_(std::filesystem::current_path().string()) {
     if (isThere(kRoot)) {
       removeTree(kRoot);
     }
@@ -178,11 +177,9 @@ class Win32Bed final : public Bed {
   void makeFolder(const std::string& path) override { makeFolders(path); }
 
   void makeFile(const std::string& path, const std::string& bytes) override {
-    const HANDLE file = makeNew(path);
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
-    require(written == bytes.size(), "fill", path);
+    CloseHandle(makeNew(path));
+    std::ofstream file(path, std::ios::binary);
+    require(file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).good(), "fill", path);
   }
 
   void makeLongFile(const std::string& path, std::uint64_t size) override {
@@ -215,15 +212,9 @@ class Win32Bed final : public Bed {
   bool exists(const std::string& path) const override { return isThere(path); }
 
   std::string readBack(const std::string& path) const override {
-    const HANDLE file =
-        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-    require(file != INVALID_HANDLE_VALUE, "read", path);
-    std::string bytes(GetFileSize(file, nullptr), '\0');
-    DWORD read = 0;
-    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
-    CloseHandle(file);
-    require(read == bytes.size(), "read", path);
-    return bytes;
+    std::ifstream file(path, std::ios::binary);
+    require(file.is_open(), "read", path);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   std::uint32_t attributes(const std::string& path) const override {
@@ -304,12 +295,10 @@ class Win32Bed final : public Bed {
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
-    WIN32_FIND_DATAA found;
-    const HANDLE enumeration = FindFirstFileA(probe.c_str(), &found);
-    require(enumeration != INVALID_HANDLE_VALUE, "find", probe);
-    FindClose(enumeration);
+    std::array<char, MAX_PATH> alias{};
+    require(GetShortPathNameA(probe.c_str(), alias.data(), alias.size()) != 0, "find", probe);
     require(DeleteFileA(probe.c_str()) != FALSE, "delete", probe);
-    return found.cAlternateFileName[0] != '\0';
+    return probe != alias.data();
   }
 
   std::string keyRoot() const override { return kKeyRoot; }
@@ -337,25 +326,17 @@ class Win32Bed final : public Bed {
   }
 
   std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    std::array<char, 1000> bytes{};
+    auto size = static_cast<DWORD>(bytes.size());
     HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
-      return std::nullopt;
-    }
-    std::string bytes(1000, '\0');
-    DWORD size = bytes.size();
+    RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key);
     const LONG code =
         RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()), &size);
     RegCloseKey(key);
-    return code == ERROR_SUCCESS ? std::optional(bytes.substr(0, size)) : std::nullopt;
+    return code == ERROR_SUCCESS ? std::optional(std::string(bytes.data(), size)) : std::nullopt;
   }
 
  private:
-  static std::string currentFolder() {
-    std::array<char, MAX_PATH + 1> folder{};
-    GetCurrentDirectoryA(folder.size(), folder.data());
-    return folder.data();
-  }
-
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;
