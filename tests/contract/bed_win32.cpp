@@ -34,41 +34,14 @@ void require(bool done, const char* deed, const std::string& path) {
   }
 }
 
-struct Entry {
-  std::string name;
-  std::string alias;
-  DWORD attributes;
-};
-
-std::vector<Entry> entriesIn(const std::string& folder) {
-  std::vector<Entry> entries;
-  WIN32_FIND_DATAA found;
-  const HANDLE enumeration = FindFirstFileA((folder + "\\*").c_str(), &found);
-  require(enumeration != INVALID_HANDLE_VALUE, "list", folder);
-  do {
-    const std::string name = found.cFileName;
-    if (name != "." && name != "..") {
-      entries.push_back({name, found.cAlternateFileName, found.dwFileAttributes});
-    }
-  } while (FindNextFileA(enumeration, &found) != FALSE);
-  FindClose(enumeration);
-  return entries;
-}
-
 bool isThere(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 void removeTree(const std::string& folder) {
-  for (const Entry& entry : entriesIn(folder)) {
-    const bool isNameUsable = entry.name.find('?') == std::string::npos;
-    const std::string path = folder + "\\" + (isNameUsable ? entry.name : entry.alias);
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if ((entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-      removeTree(path);
-    } else {
-      require(DeleteFileA(path.c_str()) != FALSE, "delete", path);
-    }
-  }
-  require(RemoveDirectoryA(folder.c_str()) != FALSE, "remove", folder);
+  std::error_code error;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    std::filesystem::permissions(entry.path(), std::filesystem::perms::all, error);
+  std::filesystem::remove_all(folder, error);
+  require(!isThere(folder), "remove", folder);
 }
 
 void makeFolders(const std::string& path) {
@@ -87,13 +60,9 @@ HANDLE makeNew(const std::string& path) {
 
 void removeKeys(HKEY parent, const std::string& path) {
   HKEY key = nullptr;
-  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
-    return;
-  }
+  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
   std::array<char, MAX_PATH + 1> name{};
-  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) {
-    removeKeys(key, name.data());
-  }
+  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) removeKeys(key, name.data());
   RegCloseKey(key);
   require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
 }
@@ -119,48 +88,35 @@ std::vector<std::string> cachedUrls() {
   return urls;
 }
 
-// The list's values, beside which one keeps their order.
+// How many values the list has, without the one that keeps their order.
 std::size_t recentValues() {
   HKEY key = nullptr;
   constexpr const char* kList = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs";
-  if (RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
-  std::size_t count = 0;
-  std::array<char, MAX_PATH> name{};
-  auto size = static_cast<DWORD>(name.size());
-  for (DWORD i = 0; RegEnumValueA(key, i, name.data(), &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-       ++i) {
-    if (!std::string(name.data()).starts_with("MRUList")) ++count;
-    size = static_cast<DWORD>(name.size());
-  }
+  DWORD values = 0;
+  RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key);
+  RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                   nullptr);
   RegCloseKey(key);
-  return count;
+  return values == 0 ? 0 : values - 1;
 }
 
 class Win32Bed final : public Bed {
  public:
   Win32Bed() : machine_(nullptr), firstFolder_(std::filesystem::current_path().string()) {
-    if (isThere(kRoot)) {
-      removeTree(kRoot);
-    }
+    if (isThere(kRoot)) removeTree(kRoot);
     makeFolders(kRoot);
     removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   ~Win32Bed() override {
-    for (const auto& [path, handle] : locks_) {
-      CloseHandle(handle);
-    }
-    for (const std::string& url : usedPages_) {
-      UnlockUrlCacheEntryFileA(url.c_str(), 0);
-    }
+    for (const auto& [path, handle] : locks_) CloseHandle(handle);
+    for (const std::string& url : usedPages_) UnlockUrlCacheEntryFileA(url.c_str(), 0);
     SetCurrentDirectoryA(firstFolder_.c_str());
     for (const std::string& link : links_) {
       const std::size_t end = link.rfind('\\');
       require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
     }
-    if (isThere(kOnOtherDrive)) {
-      removeTree(kOnOtherDrive);
-    }
+    if (isThere(kOnOtherDrive)) removeTree(kOnOtherDrive);
     removeTree(kRoot);
     removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
@@ -225,9 +181,8 @@ class Win32Bed final : public Bed {
 
   std::vector<std::string> namesIn(const std::string& folder) const override {
     std::vector<std::string> names;
-    for (const Entry& entry : entriesIn(folder)) {
-      names.push_back(entry.name);
-    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      names.push_back(entry.path().filename().string());
     std::ranges::sort(names);
     return names;
   }
@@ -250,9 +205,7 @@ class Win32Bed final : public Bed {
     makeFolders(folder);
     // One step up for each folder between the working folder and the link.
     std::string way;
-    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) {
-      way += folder[i] == '\\' ? "..\\" : "";
-    }
+    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) way += folder[i] == '\\' ? "..\\" : "";
     way += target.substr(std::strlen(kRoot) + 1);
     require(support::makeFolderLink(folder, path.substr(end + 1), way), "make the link", path);
     links_.push_back(path);
@@ -267,9 +220,7 @@ class Win32Bed final : public Bed {
   }
 
   void emptyCache() override {
-    for (const std::string& url : cachedUrls()) {
-      require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
-    }
+    for (const std::string& url : cachedUrls()) require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
   }
 
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
@@ -319,9 +270,7 @@ class Win32Bed final : public Bed {
   bool hasKey(const std::string& path) const override {
     HKEY key = nullptr;
     const bool isThere = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
-    if (isThere) {
-      RegCloseKey(key);
-    }
+    if (isThere) RegCloseKey(key);
     return isThere;
   }
 

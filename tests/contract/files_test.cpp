@@ -133,6 +133,8 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytes(1, "ab"));
   EXPECT_TRUE(files().putBytes(1, "c"));
   EXPECT_EQ(bed().readBack(file), "abc3456789");
+  EXPECT_FALSE(opensForReading(file, kShareNone));
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
   EXPECT_TRUE(files().putBytesAt(1, 6, "X"));
   EXPECT_TRUE(files().putBytes(1, "Y"));
   EXPECT_TRUE(files().putBytesAt(1, 1, std::string_view("\0\xFF", 2)));
@@ -165,20 +167,6 @@ TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) 
   EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), platform::kPathFileAccess);
   bed().setAttributes(file, platform::kReadOnly);
   EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPathFileAccess);
-}
-
-TEST_F(FileNumbers, AreSharedButNotWithWhoSharesNothing) {
-  const std::string file = makeFile("file.bin", "abc");
-  ASSERT_TRUE(files().openBinary(1, file));
-  ASSERT_TRUE(files().openBinary(2, file));
-  EXPECT_TRUE(files().putBytesAt(2, 3, "C"));
-  files().closeFile(2);
-  EXPECT_TRUE(opensForReading(file, kShareRead | kShareWrite));
-  EXPECT_FALSE(opensForReading(file, kShareNone));
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
-  files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), "abC");
-  EXPECT_TRUE(opensForReading(file, kShareNone));
 }
 
 }  // namespace

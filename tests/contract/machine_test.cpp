@@ -87,14 +87,9 @@ TEST_F(Surroundings, UniformNumbersAreTheSameOnEveryMachine) {
   }
 }
 
-TEST_F(Surroundings, ProgramFolderIsAFolder) {
-  const std::string folder = bed().machine().environment().programFolder();
-  EXPECT_TRUE(fileObjects().folderExists(folder)) << folder;
-  EXPECT_TRUE(folder.size() == 3 || folder.back() != '\\') << folder;
-}
-
-TEST_F(Surroundings, VariablesAreFoundInAnyCase) {
+TEST_F(Surroundings, VariablesAreFoundInAnyCaseAndTheProgramFolderIsOne) {
   platform::Environment& environment = bed().machine().environment();
+  EXPECT_TRUE(fileObjects().folderExists(environment.programFolder())) << environment.programFolder();
   const std::string name = "SCRUBHAVEN_Contract";
   EXPECT_EQ(environment.getEnvironmentVariable(name), "");
   const std::string longValue(1000, 'x');

@@ -88,17 +88,6 @@ TEST(MemoryNames, EntriesThatNoPathReachesAreLeftOut) {
   EXPECT_TRUE(machine.fileObjects().deleteFile("C:\\t\\UNSPEA~1.BAK", true));
 }
 
-TEST(MemoryDisk, CallsTakeNoPathBeyondTheLimit) {
-  MemoryMachine machine;
-  const std::string folder = "C:\\" + std::string(200, 'a');
-  const std::string longest = folder + '\\' + std::string(kMaxPath - 1 - folder.size() - 1, 'b');
-  machine.addFile(longest, "x");
-  machine.addFile(longest + 'b', "y");
-  EXPECT_EQ(machine.files().fileLength(longest), 1);
-  EXPECT_EQ(machine.files().fileLength(longest + 'b').error().number, kFileNotFound);
-  EXPECT_EQ(machine.files().openBinary(1, longest + 'b').error().number, kPathNotFound);
-}
-
 TEST(MemoryDisk, LinksLeadElsewhereAndGoWithoutTheirTarget) {
   MemoryMachine machine;
   machine.addFile("C:\\real\\file.txt", "bytes");
@@ -128,26 +117,6 @@ TEST(MemoryDisk, DrivesThatAreNotReadyGiveNothing) {
   EXPECT_EQ(machine.files().subfolders("A:\\").error().number, kDeviceUnavailable);
   EXPECT_EQ(machine.files().currentFolderOf('a').error().number, kDeviceUnavailable);
   EXPECT_TRUE(machine.exists("A:\\file.txt"));
-}
-
-TEST(MemoryDisk, RefusalsOfDeletion) {
-  MemoryMachine machine;
-  machine.addFile("C:\\t\\denied.txt", "x");
-  machine.denyWriting("C:\\t\\denied.txt");
-  EXPECT_EQ(machine.files().openBinary(1, "C:\\t\\denied.txt").error().number, kPathFileAccess);
-  EXPECT_EQ(machine.fileObjects().deleteFile("C:\\t\\denied.txt", true).error().number, kPermissionDenied);
-
-  machine.addFile("C:\\u\\in use.txt");
-  machine.addFile("C:\\u\\free.txt");
-  machine.lock("C:\\u\\in use.txt");
-  const FileOperation folderToBin{.sourceList = std::string("C:\\u\0", 5), .flags = kNoConfirmation | kAllowUndo};
-  EXPECT_NE(machine.shell().fileOperation(folderToBin), 0);
-  EXPECT_TRUE(machine.exists("C:\\u\\free.txt")) << "the Recycle Bin takes a folder whole or not at all";
-  machine.unlock("C:\\u\\in use.txt");
-  EXPECT_EQ(machine.shell().fileOperation(folderToBin), 0);
-  EXPECT_THAT(machine.recycleBin(), ElementsAre("C:\\u"));
-
-  EXPECT_NE(machine.shell().fileOperation({.sourceList = std::string("C:\\\0", 4), .flags = kNoConfirmation}), 0);
 }
 
 }  // namespace
