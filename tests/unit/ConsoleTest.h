@@ -1,6 +1,8 @@
 // A loaded console on an in-memory machine.
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -48,6 +50,20 @@ class ConsoleTest : public MachineTest {
   }
 
   std::string lastBox() const { return machine.boxes().empty() ? "" : boxTexts().back(); }
+
+  // The names of the buttons and check boxes that a person can press now.
+  std::vector<std::string> usableCommands() const {
+    std::vector<std::string> names;
+    for (const controls::Control* control : form.controls()) {
+      const bool isCommand = control->kind() == controls::Kind::kButton || control->kind() == controls::Kind::kCheckBox;
+      if (isCommand && control->acceptsInput()) names.push_back(control->name());
+    }
+    return names;
+  }
+
+  void addFiles(const std::string& folder, std::initializer_list<const char*> names) {
+    for (const char* name : names) machine.addFile(folder + '\\' + name, "x");
+  }
 
   // The last box as "text|title|style".
   std::string lastBoxInFull() const {
