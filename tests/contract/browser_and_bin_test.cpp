@@ -36,20 +36,14 @@ class UrlCacheContract : public ContractTest {
   std::vector<Block> read(platform::Handle& walk) {
     std::uint32_t size = 0;
     const bool first = walk == kNoUrlCache;
-    if (first) {
-      EXPECT_EQ(cache().findFirstUrlCacheEntry(nullptr, size), kNoUrlCache);
-    } else {
-      EXPECT_FALSE(cache().findNextUrlCacheEntry(walk, nullptr, size));
-    }
+    const auto ask = [&](UrlCacheEntry* entry) {
+      if (!first) return cache().findNextUrlCacheEntry(walk, entry, size);
+      walk = cache().findFirstUrlCacheEntry(entry, size);
+      return walk != kNoUrlCache;
+    };
+    EXPECT_FALSE(ask(nullptr));
     std::vector<Block> blocks(1, Block(size));
-    bool found = false;
-    if (first) {
-      walk = cache().findFirstUrlCacheEntry(blocks[0].entry(), size);
-      found = walk != kNoUrlCache;
-    } else {
-      found = cache().findNextUrlCacheEntry(walk, blocks[0].entry(), size);
-    }
-    if (!found) blocks.clear();
+    if (!ask(blocks[0].entry())) blocks.clear();
     return blocks;
   }
 

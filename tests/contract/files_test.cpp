@@ -95,18 +95,6 @@ TEST_F(Handles, WithoutSharingKeepOthersOut) {
   EXPECT_EQ(bed().readBack(file), "bytes");
 }
 
-TEST_F(Handles, OfAnotherProgramKeepTheFile) {
-  const std::string file = makeFile("folder\\locked.txt", "kept");
-  bed().lock(file);
-  EXPECT_FALSE(opensForReading(file, kShareRead | kShareWrite));
-  EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPermissionDenied);
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
-  EXPECT_NE(shell().fileOperation({.sourceList = file + '\0', .flags = platform::kNoConfirmation}), 0);
-  bed().unlock(file);
-  EXPECT_EQ(bed().readBack(file), "kept");
-  EXPECT_TRUE(opensForReading(file, kShareNone));
-}
-
 TEST_F(Handles, AreGivenForFilesThatExistOnly) {
   // The attribute word that asks for nothing in particular: read-only, hidden, system, archive and normal together.
   constexpr std::uint32_t kEveryKind = 167;
