@@ -104,8 +104,7 @@ void frmFind::ShowCacheTip() { showSelectedTip(lvCache); }
 
 void frmFind::cmdCleanCache_Click() {
   if (!anythingToDelete(lvCache)) return;
-  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
-  if (messageBox("Delete Selected Cache Items?", kAsk) == Answer::kNo) return;
+  if (messageBox("Delete Selected Cache Items?", platform::kBoxAsk) == Answer::kNo) return;
 
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   deleteTickedCacheEntries();

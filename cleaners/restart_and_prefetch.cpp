@@ -25,11 +25,10 @@ void frmFind::cmdIndex_Click() {
 
 void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std::string& RegistryInformation,
                                        std::int16_t ReadWriteDelete) {
-  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
   const Answer answer = messageBox(
       "Deleting index.dat files requires that you restart your system.\r\n"
       "Would you like to schedule this event for next time you restart?",
-      kAsk, "Index.dat File Deletion");
+      platform::kBoxAsk, "Index.dat File Deletion");
   if (answer == Answer::kNo || ReadWriteDelete != kWriteMode) return;
   const platform::Result<void> written = platform::machine().scriptShell().regWrite(registrykey, RegistryInformation);
   if (!written) return reportUnhandled(written.error());

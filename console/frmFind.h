@@ -147,7 +147,7 @@ class frmFind final : public controls::Form {
   platform::Result<void> DeleteFile(const std::string& path);
 
   // The files that FindTemps has found, as full paths under their numbers: the first is entry 1, entry 0 is never used.
-  // What stands above the FileCount of the last walk is of an earlier one.
+  // A walk that finds nothing leaves what an earlier one has put here.
   std::vector<std::string> FoundFiles;
 
   // Walks the tree below `path` (a closing backslash is added when it lacks one) and puts
@@ -296,12 +296,13 @@ class frmFind final : public controls::Form {
   void deleteThroughShell();
   void deleteRowThroughShell(const std::string& path);
   void wipeTickedRows();
+  bool wipeRowByRow();
   // Whether a list has ticked rows to delete; tells the user when not.
   static bool anythingToDelete(const controls::ListView& list);
   static bool userConfirmsDeletion();
   // Whether a file with these attributes, as file objects give them, counts as read-only before a deletion.
   static bool asksBeforeDeleting(std::uint32_t attributes);
-  static bool userGivesUpReadOnly(const std::string& path);
+  static bool userConfirmsReadOnly(const std::string& path);
   // The flags of a shell deletion as the user has chosen it: to the Recycle Bin or for good.
   std::int32_t chosenDeletion() const;
 

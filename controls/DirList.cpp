@@ -21,11 +21,6 @@ std::string joined(const std::string& folder, const std::string& name) {
   return folder.back() == '\\' ? folder + name : folder + '\\' + name;
 }
 
-std::string withoutClosingBackslash(std::string path) {
-  while (path.size() > rootLength(path) && path.back() == '\\') path.pop_back();
-  return path;
-}
-
 // The lines from the root down to `path` itself.
 std::vector<DirEntry> ancestors(const std::string& path) {
   std::size_t end = rootLength(path);
@@ -52,7 +47,7 @@ platform::Result<void> DirList::setPath(const std::string& path) {
     if (!onDrive) return std::unexpected(onDrive.error());
     folder = *onDrive;
   }
-  folder = withoutClosingBackslash(std::move(folder));
+  folder = platform::withoutClosingBackslash(std::move(folder));
   const platform::Result<std::vector<std::string>> names = files.subfolders(folder);
   if (!names) return std::unexpected(names.error());
 

@@ -1,8 +1,7 @@
 // Deleting what the junk scan has found: through the shell, or by wiping; and the deletion services that other
 // cleaners share.
-#include <algorithm>
 #include <limits>
-#include <utility>
+#include <ranges>
 
 #include "console/frmFind.h"
 #include "platform/Platform.h"
@@ -45,43 +44,13 @@ platform::Result<void> overwriteStart(const std::string& path) {
   return written;
 }
 
-// Takes the rows that are not ticked out of a list, and puts them back in their old order when it goes.
-class UntickedRowsAside {
- public:
-  explicit UntickedRowsAside(controls::ListView& list) : list_(list) {
-    for (std::size_t i = list.rowCount(); i-- > 0;) {
-      if (list.ticked(i)) {
-        positions_.push_back(i);
-      } else {
-        aside_.emplace_back(i, list.row(i));
-        list.remove(i);
-      }
-    }
-    std::ranges::reverse(positions_);
-    std::ranges::reverse(aside_);
+std::vector<std::size_t> tickedRows(const controls::ListView& list) {
+  std::vector<std::size_t> rows;
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    if (list.ticked(i)) rows.push_back(i);
   }
-  UntickedRowsAside(const UntickedRowsAside&) = delete;
-  UntickedRowsAside& operator=(const UntickedRowsAside&) = delete;
-
-  ~UntickedRowsAside() {
-    std::vector<std::pair<std::size_t, controls::Row>> rows = std::move(aside_);
-    for (std::size_t i = 0; i < list_.rowCount(); ++i) rows.emplace_back(positions_[i], list_.row(i));
-    std::ranges::sort(rows, {}, [](const auto& row) { return row.first; });
-    list_.clear();
-    for (auto& row : rows) list_.add(std::move(row.second));
-  }
-
-  // Takes a row that is left in the list out of it for good.
-  void removeForGood(std::size_t index) {
-    list_.remove(index);
-    positions_.erase(positions_.begin() + static_cast<std::ptrdiff_t>(index));
-  }
-
- private:
-  controls::ListView& list_;
-  std::vector<std::size_t> positions_;  // where the rows left in the list stood
-  std::vector<std::pair<std::size_t, controls::Row>> aside_;
-};
+  return rows;
+}
 
 }  // namespace
 
@@ -131,8 +100,7 @@ bool frmFind::anythingToDelete(const controls::ListView& list) {
 }
 
 bool frmFind::userConfirmsDeletion() {
-  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
-  return messageBox("Confirm file deletion?", kAsk, "Confirm Deletion") != Answer::kNo;
+  return messageBox("Confirm file deletion?", platform::kBoxAsk, "Confirm Deletion") != Answer::kNo;
 }
 
 // Only these two; a hidden read-only file does not ask.
@@ -140,7 +108,7 @@ bool frmFind::asksBeforeDeleting(std::uint32_t attributes) {
   return attributes == platform::kReadOnly || attributes == kReadOnlyArchive;
 }
 
-bool frmFind::userGivesUpReadOnly(const std::string& path) {
+bool frmFind::userConfirmsReadOnly(const std::string& path) {
   return messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") !=
          Answer::kNo;
 }
@@ -156,17 +124,13 @@ void frmFind::Delete_Click() {
   }
 }
 
+// What is ticked now is deleted, whatever the user ticks while the shell works. The rows go at the end, the last one
+// first, so that none moves under the user's hand.
 void frmFind::deleteThroughShell() {
-  std::size_t i = 0;
-  while (i < ListView1.rowCount()) {
-    const std::string path = ListView1.text(i);
-    const bool ticked = ListView1.ticked(i);
-    if (ticked) deleteRowThroughShell(path);
-    if (ticked && isGone(path)) {
-      ListView1.remove(i);
-    } else {
-      ++i;
-    }
+  const std::vector<std::size_t> chosen = tickedRows(ListView1);
+  for (const std::size_t row : chosen) deleteRowThroughShell(ListView1.text(row));
+  for (const std::size_t row : std::views::reverse(chosen)) {
+    if (isGone(ListView1.text(row))) ListView1.remove(row);
   }
 }
 
@@ -174,33 +138,35 @@ void frmFind::deleteThroughShell() {
 void frmFind::deleteRowThroughShell(const std::string& path) {
   const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
   if (!file) return;
-  if (asksBeforeDeleting(file->attributes) && !userGivesUpReadOnly(path)) return;
+  if (asksBeforeDeleting(file->attributes) && !userConfirmsReadOnly(path)) return;
   if (FileIsOpen(path)) return;
   std::string source = path;
   ShellDeleteOne(source, chosenDeletion());
 }
 
 void frmFind::wipeTickedRows() {
-  // The walk counts rows in 16 bits: a longer selection overflows, and the command ends before it touches a file.
-  if (ListView1.tickedCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) return;
-  bool finished = false;
-  {
-    UntickedRowsAside chosen(ListView1);
-    // The first file is wiped ahead of the walk, and what goes wrong with it is passed over.
-    [[maybe_unused]] const platform::Result<void> passedOver = DeleteFile(ListView1.text(0));
-    finished = true;
-    for (std::size_t i = ListView1.rowCount(); i-- > 0 && finished;) {
-      const std::string path = ListView1.text(i);
-      const platform::Result<void> wiped = DeleteFile(path);
-      // With more than one row listed, every wipe ends by finding its own file gone.
-      finished = wiped || wiped.error().number == platform::kFileNotFound;
-      if (finished && isGone(path)) chosen.removeForGood(i);
-    }
-  }
+  // The first file is wiped ahead of the walk, and what goes wrong with it is passed over.
+  [[maybe_unused]] const platform::Result<void> passedOver = DeleteFile(ListView1.text(tickedRows(ListView1).front()));
+  const bool walked = wipeRowByRow();
   if (ListView1.empty()) setDeletionChoiceVisible(false);
-  if (!finished) return;
+  if (!walked) return;
   ListView1.setToolTip("Scan Results");
   messageBox("All files that are not locked have been shredded.", platform::kBoxInformation, "Files Shredded");
+}
+
+// The last row first, so that a row that goes never moves one still to come. False when the walk has ended early.
+bool frmFind::wipeRowByRow() {
+  // Rows are counted in 16 bits, and a longer list overflows.
+  if (ListView1.rowCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) return false;
+  for (std::size_t i = ListView1.rowCount(); i-- > 0;) {
+    if (!ListView1.ticked(i)) continue;
+    const std::string path = ListView1.text(i);
+    const platform::Result<void> wiped = DeleteFile(path);
+    // With more than one row listed, every wipe ends by finding its own file gone.
+    if (!wiped && wiped.error().number != platform::kFileNotFound) return false;
+    if (isGone(path)) ListView1.remove(i);
+  }
+  return true;
 }
 
 // The two boxes exclude each other; both may be unticked, which deletes for good without overwriting.

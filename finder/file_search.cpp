@@ -1,9 +1,9 @@
 // The console's drive walks.
 #include <algorithm>
-#include <utility>
 
 #include "console/frmFind.h"
 #include "finder/modFind.h"
+#include "platform/Paths.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -33,8 +33,6 @@ bool isProtected(const std::string& name) {
   return contains(kProtectedInCapitals, upperCase(name)) || contains(kProtectedAsFound, name);
 }
 
-bool isFolderItselfOrParent(const std::string& name) { return name == "." || name == ".."; }
-
 // Whether a walk lets the user act between two entries.
 enum class Events { kServed, kHeld };
 
@@ -55,7 +53,7 @@ bool forEachEntry(const std::string& pattern, Events events, Stops stops, Visit 
     stopped = stops();
     if (stopped) break;
     const std::string name = TrimAtNul({record.name.data(), record.name.size()});
-    if (!isFolderItselfOrParent(name)) visit(name, record);
+    if (!platform::isDotEntry(name)) visit(name, record);
     more = files.findNextFile(enumeration, record);
     if (events == Events::kServed) platform::machine().ui().serveEvents();
   }
@@ -98,13 +96,15 @@ std::int64_t frmFind::walkTree(std::string& path, std::int32_t& DirCount, const 
     if (!canMatch(pattern)) continue;
     const auto visit = [&](const std::string& name, const platform::FindRecord& record) {
       const std::string file = path + name;
-      if (IsFolder(file)) return;
+      // Where the file objects are missing, they know of no folder.
+      if (platform::isDirectory(record.attributes) || IsFolder(file)) return;
       lastFile = name;
       total += countedSize(record);
       walk.onFile(file, name, record);
     };
     forEachEntry(path + pattern, Events::kHeld, neverStops, visit);
   }
+  // How far the walk is: no path of a file, but the last names that this folder's passes have come across.
   lblFile.setCaption(path + (subfolders->empty() ? "" : subfolders->back()) + lastFile);
   if (walk.repaintsAfterFolders) refresh();
 
@@ -145,6 +145,7 @@ std::int64_t frmFind::FindFilesAPI(std::string& path, const ScanPatternList& pat
        .onFilesBegin = [&] { size = SizeText(); },
        .onFile =
            [&](const std::string& file, const std::string& name, const platform::FindRecord& record) {
+             // A length that cannot be read keeps no file off the list: the folder's own word on it is shown then.
              lastLen = platform::machine().files().fileLength(file).value_or(static_cast<std::int32_t>(record.sizeLow));
              // The row texts carry no size, so that this holds back next to nothing; two types that both match list a
              // file twice.
@@ -176,16 +177,19 @@ std::int64_t frmFind::FindTempsAPI(std::string& path, const std::string& pattern
 
 void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int32_t& FileCount, std::int32_t& DirCount,
                         std::int64_t& total) {
-  total += walkTree(path, DirCount,
-                    {.patterns = {&pattern, 1},
-                     .abortTest = AbortTest::kBeforeEachFolderEntry,
-                     .repaintsAfterFolders = true,
-                     .onFile = [&](const std::string& file, const std::string& name, const platform::FindRecord&) {
-                       ++FileCount;
-                       // The folder's own word on the size may be an old one; a length that cannot be read is not 0.
-                       const platform::Result<std::int32_t> length = platform::machine().files().fileLength(file);
-                       if (length && *length == 0 && !contains(kKeptEmpty, name)) ListView2.add(file);
-                     }});
+  total +=
+      walkTree(path, DirCount,
+               {.patterns = {&pattern, 1},
+                .abortTest = AbortTest::kBeforeEachFolderEntry,
+                .repaintsAfterFolders = true,
+                .onFile = [&](const std::string& file, const std::string& name, const platform::FindRecord& record) {
+                  ++FileCount;
+                  // The folder's own word on the size may be an old one; a length that cannot be read is not 0, nor
+                  // is that of a file whose full 4 GB the low half does not show.
+                  const platform::Result<std::int32_t> length = platform::machine().files().fileLength(file);
+                  const bool isEmpty = length && *length == 0 && record.sizeHigh == 0;
+                  if (isEmpty && !contains(kKeptEmpty, name)) ListView2.add(file);
+                }});
 }
 
 void frmFind::ClearTempSubfolders(std::string& path) {

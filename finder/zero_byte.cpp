@@ -39,7 +39,6 @@ void frmFind::bindZeroBytes() {
 void frmFind::cmdZero_Click() {
   ListView2.clear();
   std::string folder = Dir1.path();
-  const bool cacheAbortWasEnabled = cmdCacheAbort.enabled();
   enterZeroScan();
   messageBox("Use extreme caution when deleting 0 byte files - see help for details", platform::kBoxCritical,
              "Warning!");
@@ -53,7 +52,6 @@ void frmFind::cmdZero_Click() {
     messageBox("    Scan Aborted", platform::kBoxOk, "Scan Aborted");
   }
   reportZeroScan(startTick);
-  cmdCacheAbort.setEnabled(cacheAbortWasEnabled);
 }
 
 // Gives the place of the lists to the zero-byte list, and leaves nothing usable but Abort: the commands of the other
@@ -72,7 +70,7 @@ void frmFind::leaveZeroScan() {
   setVisible(false, {&cmdAbort, &lblFile});
   platform::machine().ui().setPointer(platform::Pointer::kDefault);
   setVisible(true, {&cmdZeroInvert, &cmdSelectAll, &cmdZeroDelete, &Scan, &optRecycle});
-  setEnabled(true, {&cmdZeroInvert, &cmdSelectAll, &Scan});
+  setEnabled(true, {&cmdZeroInvert, &cmdSelectAll, &Scan, &cmdCacheAbort});
   setCommandsEnabled(true);
   optRecycle.disable();
 }
@@ -100,10 +98,7 @@ void frmFind::cmdZeroDelete_Click() {
     cmdSelectAll.enable();
     return;
   }
-  if (!deleteTickedZeroFiles()) {
-    platform::machine().ui().setPointer(platform::Pointer::kDefault);
-    return;
-  }
+  if (!deleteTickedZeroFiles()) return;
   messageBox("The selected 0 Byte files have been deleted to the Recycle Bin", platform::kBoxInformation,
              "Files Deleted");
 }
@@ -124,7 +119,7 @@ platform::Result<void> frmFind::deleteZeroFile(std::size_t row) {
   std::string path = ListView2.text(row);
   const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
   if (!file) return std::unexpected(file.error());
-  if (asksBeforeDeleting(file->attributes) && !userGivesUpReadOnly(file->path)) {
+  if (asksBeforeDeleting(file->attributes) && !userConfirmsReadOnly(file->path)) {
     ListView2.setTicked(row, false);
     return {};
   }

@@ -130,8 +130,9 @@ class FileSystem {
   // MoveFileA. Gives the file or folder `from` the path `to`; to another drive the system copies a file and deletes it
   // here. Fails with 53 (no such file), 58 (`to` is taken), 70 (in use), 75 (no access), 76 (no such folder).
   virtual Result<void> moveFile(const std::string& from, const std::string& to) = 0;
-  // Renames a file; `to` may lie in another folder, and without one it lies in the current folder. Never copies: fails
-  // with 74 when the full paths lie on different drives, and else like moveFile.
+  // Renames a file; `to` may lie in another folder, and without one it lies in the current folder. Fails with 74 when
+  // the full paths lie on different drives, and else like moveFile, which still copies between two volumes that one
+  // drive holds.
   Result<void> rename(const std::string& from, const std::string& to);
   // DeleteFileA. Deletes one file; wildcards are no file's name. Fails with 53 (no such file), 70 (in use), 75
   // (read-only, protected, a folder), 76 (no such folder).

@@ -16,4 +16,11 @@ std::size_t rootLength(std::string_view path) {
   return std::min(path.find('\\', share + 1), path.size());
 }
 
+std::string withoutClosingBackslash(std::string path) {
+  while (path.size() > rootLength(path) && path.back() == '\\') path.pop_back();
+  return path;
+}
+
+bool isDotEntry(std::string_view name) { return name == "." || name == ".."; }
+
 }  // namespace platform

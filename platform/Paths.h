@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -11,5 +12,11 @@ char lowerLetter(char letter);
 
 // The number of characters that name the root of a full path: "X:\", or "\\server\share".
 std::size_t rootLength(std::string_view path);
+
+// `path` without backslashes at its end, but for a root's own.
+std::string withoutClosingBackslash(std::string path);
+
+// Whether an entry of that name is the enumerated folder itself or the one above it.
+bool isDotEntry(std::string_view name);
 
 }  // namespace platform

@@ -21,6 +21,8 @@ inline constexpr std::uint32_t kBoxQuestion = 32;
 inline constexpr std::uint32_t kBoxExclamation = 48;
 inline constexpr std::uint32_t kBoxInformation = 64;
 inline constexpr std::uint32_t kBoxSecondButtonDefault = 256;
+// A question before something that cannot be taken back: Enter answers No.
+inline constexpr std::uint32_t kBoxAsk = kBoxYesNo | kBoxQuestion | kBoxSecondButtonDefault;
 
 // What a message box answers.
 enum class Answer : std::int32_t { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };

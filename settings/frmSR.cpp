@@ -64,8 +64,7 @@ void frmSR::enableRestore() {
 }
 
 void frmSR::disableRestore() {
-  constexpr std::uint32_t kAsk = platform::kBoxYesNo | platform::kBoxQuestion | platform::kBoxSecondButtonDefault;
-  if (messageBox("Do you want to delete all existing Restore Points?", kAsk, "Delete Restore Point") ==
+  if (messageBox("Do you want to delete all existing Restore Points?", platform::kBoxAsk, "Delete Restore Point") ==
       platform::Answer::kYes) {
     disableAndDeletePoints();
   } else {

@@ -171,6 +171,7 @@ NodePtr MemoryDisk::peek(const std::string& path) const {
 
 std::vector<Drive> MemoryDisk::drives() const {
   std::vector<Drive> result;
+  result.reserve(drives_.size());
   for (const auto& [letter, state] : drives_) result.push_back(Drive{letter, state.ready ? state.label : ""});
   return result;
 }
@@ -271,7 +272,7 @@ std::vector<NodePtr> MemoryDisk::matches(std::string_view path) const {
 std::string MemoryDisk::pathOf(const Node& node) {
   if (node.parent == nullptr) return node.name + '\\';
   std::string path = node.name;
-  for (const Node* above = node.parent; above != nullptr; above = above->parent) path = above->name + '\\' + path;
+  for (const Node* above = node.parent; above != nullptr; above = above->parent) path.insert(0, above->name + '\\');
   return path;
 }
 
@@ -414,6 +415,7 @@ DiskResult<void> MemoryDisk::recycle(const NodePtr& node) {
 
 std::vector<std::string> MemoryDisk::recycleBin() const {
   std::vector<std::string> origins;
+  origins.reserve(recycleBin_.size());
   for (const Recycled& recycled : recycleBin_) origins.push_back(recycled.origin);
   return origins;
 }

@@ -6,19 +6,16 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/CodePage.h"
+
 namespace platform::win32 {
 namespace {
 
 constexpr LCID kLocale = LOCALE_SYSTEM_DEFAULT;
 
 BSTR wide(const std::string& text) {
-  const int bytes = static_cast<int>(text.size());
-  const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, nullptr, 0);
-  BSTR result = SysAllocStringLen(nullptr, static_cast<UINT>(length));
-  if (result != nullptr) {
-    MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, result, length);
-  }
-  return result;
+  const std::wstring result = wideText(text);
+  return SysAllocStringLen(result.data(), static_cast<UINT>(result.size()));
 }
 
 std::string narrow(BSTR text) {

@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "platform/win32/CodePage.h"
+
 namespace platform::win32 {
 
 std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
@@ -27,11 +29,7 @@ std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
   return value;
 }
 
-std::string Win32Environment::upperCase(std::string_view text) {
-  std::string result(text);
-  CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));
-  return result;
-}
+std::string Win32Environment::upperCase(std::string_view text) { return upperCaseOf(text); }
 
 std::string Win32Environment::dateText() {
   std::array<char, 256> text{};

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Paths.h"
 #include "platform/win32/DispatchObject.h"
 #include "platform/win32/Win32FileSystem.h"
 
@@ -50,9 +51,8 @@ std::vector<std::string> namesIn(const std::string& folder) {
   FindRecord record;
   const Handle enumeration = files.findFirstFile(folder + "\\*", record);
   for (bool more = enumeration != kInvalidHandle; more; more = files.findNextFile(enumeration, record)) {
-    const std::string name = record.name.data();
-    if (name != "." && name != "..") {
-      names.push_back(name);
+    if (!isDotEntry(record.name.data())) {
+      names.emplace_back(record.name.data());
     }
   }
   if (enumeration != kInvalidHandle) {

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <optional>
 
+#include "platform/Paths.h"
+#include "platform/win32/CodePage.h"
 #include "platform/win32/LastError.h"
 
 namespace platform::win32 {
@@ -15,37 +17,79 @@ HANDLE native(Handle handle) { return reinterpret_cast<HANDLE>(handle); }
 
 Handle portable(HANDLE handle) { return reinterpret_cast<Handle>(handle); }
 
-bool isDotEntry(std::string_view name) { return name == "." || name == ".."; }
-
-// The name under which later calls reach the entry, nullptr when there is none: a name with a character that the code
-// page lacks arrives with "?", which those calls take for a wildcard, and blanks and dots at the end are cut from every
-// path.
-const char* reachableName(const WIN32_FIND_DATAA& found) {
-  const char* name = found.cFileName;
-  if (std::strchr(name, '?') != nullptr) {
-    name = found.cAlternateFileName;
-    if (*name == '\0' || std::strchr(name, '?') != nullptr) {
-      return nullptr;
-    }
+// The two generations of the enumeration calls. Wide names tell a file from one whose name only looks like it in the
+// code page; the older family of systems has the wide calls by name only.
+struct WideCalls {
+  using Found = WIN32_FIND_DATAW;
+  static HANDLE first(const std::string& pattern, Found& found) {
+    return FindFirstFileW(wideText(pattern).c_str(), &found);
   }
-  const std::string_view text = name;
-  const bool isCutLater = text.ends_with(' ') || text.ends_with('.');
-  return isCutLater && !isDotEntry(text) ? nullptr : name;
+  static bool next(HANDLE enumeration, Found& found) { return FindNextFileW(enumeration, &found) != FALSE; }
+};
+
+struct NarrowCalls {
+  using Found = WIN32_FIND_DATAA;
+  static HANDLE first(const std::string& pattern, Found& found) { return FindFirstFileA(pattern.c_str(), &found); }
+  static bool next(HANDLE enumeration, Found& found) { return FindNextFileA(enumeration, &found) != FALSE; }
+};
+
+bool hasWideCalls() {
+  constexpr DWORD kOlderFamily = 0x80000000;
+  return (GetVersion() & kOlderFamily) == 0;
 }
+
+// The name as later calls take it; empty when they would not reach the file by it.
+std::string speakable(const wchar_t* name) { return exactText(name).value_or(""); }
+
+// A character that the code page lacks has become "?", which later calls take for a wildcard, or a similar one.
+std::string speakable(const char* name) { return std::strpbrk(name, "?\\/") == nullptr ? name : ""; }
+
+// Blanks and dots at the end are cut from every path.
+bool isCutLater(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
 
 FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
 
-FindRecord findRecord(const WIN32_FIND_DATAA& found, const char* name) {
-  FindRecord record;
-  record.attributes = found.dwFileAttributes;
-  record.created = fileTime(found.ftCreationTime);
-  record.accessed = fileTime(found.ftLastAccessTime);
-  record.written = fileTime(found.ftLastWriteTime);
-  record.sizeHigh = found.nFileSizeHigh;
-  record.sizeLow = found.nFileSizeLow;
-  std::copy_n(name, std::strlen(name), record.name.begin());
-  std::copy_n(found.cAlternateFileName, std::strlen(found.cAlternateFileName), record.alternateName.begin());
-  return record;
+// Stores the entry under a name that reaches it, its own or the short one; false when neither does.
+template <typename Found>
+bool store(const Found& found, FindRecord& record) {
+  const std::string alias = speakable(found.cAlternateFileName);
+  const std::string longName = speakable(found.cFileName);
+  const std::string& name = longName.empty() ? alias : longName;
+  const bool fits = name.size() < record.name.size() && alias.size() < record.alternateName.size();
+  if (name.empty() || !fits || isCutLater(name)) {
+    return false;
+  }
+  record = FindRecord{.attributes = found.dwFileAttributes,
+                      .created = fileTime(found.ftCreationTime),
+                      .accessed = fileTime(found.ftLastAccessTime),
+                      .written = fileTime(found.ftLastWriteTime),
+                      .sizeHigh = found.nFileSizeHigh,
+                      .sizeLow = found.nFileSizeLow};
+  std::ranges::copy(name, record.name.begin());
+  std::ranges::copy(alias, record.alternateName.begin());
+  return true;
+}
+
+template <typename Calls>
+bool nextEntry(HANDLE enumeration, FindRecord& record) {
+  typename Calls::Found found;
+  while (Calls::next(enumeration, found)) {
+    if (store(found, record)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+template <typename Calls>
+HANDLE firstEntry(const std::string& pattern, FindRecord& record) {
+  typename Calls::Found found;
+  const HANDLE enumeration = Calls::first(pattern, found);
+  if (enumeration == INVALID_HANDLE_VALUE || store(found, record) || nextEntry<Calls>(enumeration, record)) {
+    return enumeration;
+  }
+  FindClose(enumeration);
+  return INVALID_HANDLE_VALUE;
 }
 
 std::string rootOf(char letter) { return std::string(1, letter) + ":\\"; }
@@ -68,19 +112,6 @@ std::string labelOf(char letter) {
   const BOOL known =
       GetVolumeInformationA(root.c_str(), label.data(), label.size(), nullptr, nullptr, nullptr, nullptr, 0);
   return known != FALSE ? std::string(label.data()) : std::string();
-}
-
-// Not every system leaves the backslash out. A root keeps it.
-std::string withoutClosingBackslash(std::string path) {
-  if (path.ends_with('\\') && !path.ends_with(":\\")) {
-    path.pop_back();
-  }
-  return path;
-}
-
-std::string upperCaseOf(std::string text) {
-  CharUpperBuffA(text.data(), static_cast<DWORD>(text.size()));
-  return text;
 }
 
 // The length that the open file tells. Access 0 asks about the file only, so that most locks do not matter.
@@ -122,31 +153,12 @@ Win32FileSystem::~Win32FileSystem() {
 }
 
 Handle Win32FileSystem::findFirstFile(const std::string& pattern, FindRecord& record) {
-  WIN32_FIND_DATAA found;
-  const HANDLE enumeration = FindFirstFileA(pattern.c_str(), &found);
-  if (enumeration == INVALID_HANDLE_VALUE) {
-    return kInvalidHandle;
-  }
-  if (const char* name = reachableName(found)) {
-    record = findRecord(found, name);
-    return portable(enumeration);
-  }
-  if (findNextFile(portable(enumeration), record)) {
-    return portable(enumeration);
-  }
-  FindClose(enumeration);
-  return kInvalidHandle;
+  return portable(hasWideCalls() ? firstEntry<WideCalls>(pattern, record) : firstEntry<NarrowCalls>(pattern, record));
 }
 
 bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
-  WIN32_FIND_DATAA found;
-  while (FindNextFileA(native(enumeration), &found) != FALSE) {
-    if (const char* name = reachableName(found)) {
-      record = findRecord(found, name);
-      return true;
-    }
-  }
-  return false;
+  const HANDLE handle = native(enumeration);
+  return hasWideCalls() ? nextEntry<WideCalls>(handle, record) : nextEntry<NarrowCalls>(handle, record);
 }
 
 bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
@@ -287,7 +299,7 @@ std::string Win32FileSystem::currentFolder() {
 }
 
 Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
-  const std::string drive = upperCaseOf(std::string(1, letter)) + ":";
+  const std::string drive = upperCaseOf({&letter, 1}) + ":";
   if (!isReady(drive[0])) {
     return failure(kDeviceUnavailable);
   }
@@ -296,6 +308,7 @@ Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
   if (length == 0 || length >= folder.size()) {
     return rootOf(drive[0]);
   }
+  // Not every system leaves the backslash out.
   return withoutClosingBackslash(folder.data());
 }
 

@@ -10,6 +10,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 
 #include "platform/win32/Win32Machine.h"
@@ -31,51 +34,20 @@ void require(bool done, const char* deed, const std::string& path) {
   }
 }
 
-struct Entry {
-  std::string name;
-  std::string alias;
-  DWORD attributes;
-};
-
-std::vector<Entry> entriesIn(const std::string& folder) {
-  std::vector<Entry> entries;
-  WIN32_FIND_DATAA found;
-  const HANDLE enumeration = FindFirstFileA((folder + "\\*").c_str(), &found);
-  require(enumeration != INVALID_HANDLE_VALUE, "list", folder);
-  do {
-    const std::string name = found.cFileName;
-    if (name != "." && name != "..") {
-      entries.push_back({name, found.cAlternateFileName, found.dwFileAttributes});
-    }
-  } while (FindNextFileA(enumeration, &found) != FALSE);
-  FindClose(enumeration);
-  return entries;
-}
-
 bool isThere(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 void removeTree(const std::string& folder) {
-  for (const Entry& entry : entriesIn(folder)) {
-    const bool isNameUsable = entry.name.find('?') == std::string::npos;
-    const std::string path = folder + "\\" + (isNameUsable ? entry.name : entry.alias);
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if ((entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-      removeTree(path);
-    } else {
-      require(DeleteFileA(path.c_str()) != FALSE, "delete", path);
-    }
-  }
-  require(RemoveDirectoryA(folder.c_str()) != FALSE, "remove", folder);
+  std::error_code error;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    std::filesystem::permissions(entry.path(), std::filesystem::perms::all, error);
+  std::filesystem::remove_all(folder, error);
+  require(!isThere(folder), "remove", folder);
 }
 
 void makeFolders(const std::string& path) {
-  constexpr std::size_t kDriveRoot = 3;
-  for (std::size_t end = path.find('\\', kDriveRoot); end != std::string::npos; end = path.find('\\', end + 1)) {
-    CreateDirectoryA(path.substr(0, end).c_str(), nullptr);
-  }
-  CreateDirectoryA(path.c_str(), nullptr);
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  require(attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0, "make", path);
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  require(std::filesystem::is_directory(path, error), "make", path);
 }
 
 HANDLE makeNew(const std::string& path) {
@@ -88,13 +60,9 @@ HANDLE makeNew(const std::string& path) {
 
 void removeKeys(HKEY parent, const std::string& path) {
   HKEY key = nullptr;
-  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) {
-    return;
-  }
+  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
   std::array<char, MAX_PATH + 1> name{};
-  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) {
-    removeKeys(key, name.data());
-  }
+  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) removeKeys(key, name.data());
   RegCloseKey(key);
   require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
 }
@@ -120,48 +88,35 @@ std::vector<std::string> cachedUrls() {
   return urls;
 }
 
-// The list's values, beside which one keeps their order.
+// How many values the list has, without the one that keeps their order.
 std::size_t recentValues() {
   HKEY key = nullptr;
   constexpr const char* kList = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RecentDocs";
-  if (RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key) != ERROR_SUCCESS) return 0;
-  std::size_t count = 0;
-  std::array<char, MAX_PATH> name{};
-  auto size = static_cast<DWORD>(name.size());
-  for (DWORD i = 0; RegEnumValueA(key, i, name.data(), &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-       ++i) {
-    if (!std::string(name.data()).starts_with("MRUList")) ++count;
-    size = static_cast<DWORD>(name.size());
-  }
+  DWORD values = 0;
+  RegOpenKeyExA(HKEY_CURRENT_USER, kList, 0, KEY_READ, &key);
+  RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                   nullptr);
   RegCloseKey(key);
-  return count;
+  return values == 0 ? 0 : values - 1;
 }
 
 class Win32Bed final : public Bed {
  public:
-  Win32Bed() : machine_(nullptr), firstFolder_(currentFolder()) {
-    if (isThere(kRoot)) {
-      removeTree(kRoot);
-    }
+  Win32Bed() : machine_(nullptr), firstFolder_(std::filesystem::current_path().string()) {
+    if (isThere(kRoot)) removeTree(kRoot);
     makeFolders(kRoot);
     removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
 
   ~Win32Bed() override {
-    for (const auto& [path, handle] : locks_) {
-      CloseHandle(handle);
-    }
-    for (const std::string& url : usedPages_) {
-      UnlockUrlCacheEntryFileA(url.c_str(), 0);
-    }
+    for (const auto& [path, handle] : locks_) CloseHandle(handle);
+    for (const std::string& url : usedPages_) UnlockUrlCacheEntryFileA(url.c_str(), 0);
     SetCurrentDirectoryA(firstFolder_.c_str());
     for (const std::string& link : links_) {
       const std::size_t end = link.rfind('\\');
       require(support::removeFolderLink(link.substr(0, end), link.substr(end + 1)), "remove the link", link);
     }
-    if (isThere(kOnOtherDrive)) {
-      removeTree(kOnOtherDrive);
-    }
+    if (isThere(kOnOtherDrive)) removeTree(kOnOtherDrive);
     removeTree(kRoot);
     removeKeys(HKEY_CURRENT_USER, kKeyRoot);
   }
@@ -178,11 +133,9 @@ class Win32Bed final : public Bed {
   void makeFolder(const std::string& path) override { makeFolders(path); }
 
   void makeFile(const std::string& path, const std::string& bytes) override {
-    const HANDLE file = makeNew(path);
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    CloseHandle(file);
-    require(written == bytes.size(), "fill", path);
+    CloseHandle(makeNew(path));
+    std::ofstream file(path, std::ios::binary);
+    require(file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).good(), "fill", path);
   }
 
   void makeLongFile(const std::string& path, std::uint64_t size) override {
@@ -215,15 +168,9 @@ class Win32Bed final : public Bed {
   bool exists(const std::string& path) const override { return isThere(path); }
 
   std::string readBack(const std::string& path) const override {
-    const HANDLE file =
-        CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-    require(file != INVALID_HANDLE_VALUE, "read", path);
-    std::string bytes(GetFileSize(file, nullptr), '\0');
-    DWORD read = 0;
-    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
-    CloseHandle(file);
-    require(read == bytes.size(), "read", path);
-    return bytes;
+    std::ifstream file(path, std::ios::binary);
+    require(file.is_open(), "read", path);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   std::uint32_t attributes(const std::string& path) const override {
@@ -234,9 +181,8 @@ class Win32Bed final : public Bed {
 
   std::vector<std::string> namesIn(const std::string& folder) const override {
     std::vector<std::string> names;
-    for (const Entry& entry : entriesIn(folder)) {
-      names.push_back(entry.name);
-    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+      names.push_back(entry.path().filename().string());
     std::ranges::sort(names);
     return names;
   }
@@ -259,9 +205,7 @@ class Win32Bed final : public Bed {
     makeFolders(folder);
     // One step up for each folder between the working folder and the link.
     std::string way;
-    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) {
-      way += folder[i] == '\\' ? "..\\" : "";
-    }
+    for (std::size_t i = std::strlen(kRoot); i < folder.size(); ++i) way += folder[i] == '\\' ? "..\\" : "";
     way += target.substr(std::strlen(kRoot) + 1);
     require(support::makeFolderLink(folder, path.substr(end + 1), way), "make the link", path);
     links_.push_back(path);
@@ -276,9 +220,7 @@ class Win32Bed final : public Bed {
   }
 
   void emptyCache() override {
-    for (const std::string& url : cachedUrls()) {
-      require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
-    }
+    for (const std::string& url : cachedUrls()) require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
   }
 
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
@@ -304,12 +246,10 @@ class Win32Bed final : public Bed {
   bool hasShortNames() const override {
     const std::string probe = std::string(kRoot) + "\\probe.longextension";
     CloseHandle(makeNew(probe));
-    WIN32_FIND_DATAA found;
-    const HANDLE enumeration = FindFirstFileA(probe.c_str(), &found);
-    require(enumeration != INVALID_HANDLE_VALUE, "find", probe);
-    FindClose(enumeration);
+    std::array<char, MAX_PATH> alias{};
+    require(GetShortPathNameA(probe.c_str(), alias.data(), alias.size()) != 0, "find", probe);
     require(DeleteFileA(probe.c_str()) != FALSE, "delete", probe);
-    return found.cAlternateFileName[0] != '\0';
+    return probe != alias.data();
   }
 
   std::string keyRoot() const override { return kKeyRoot; }
@@ -330,32 +270,22 @@ class Win32Bed final : public Bed {
   bool hasKey(const std::string& path) const override {
     HKEY key = nullptr;
     const bool isThere = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
-    if (isThere) {
-      RegCloseKey(key);
-    }
+    if (isThere) RegCloseKey(key);
     return isThere;
   }
 
   std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    std::array<char, 1000> bytes{};
+    auto size = static_cast<DWORD>(bytes.size());
     HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
-      return std::nullopt;
-    }
-    std::string bytes(1000, '\0');
-    DWORD size = bytes.size();
+    RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key);
     const LONG code =
         RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()), &size);
     RegCloseKey(key);
-    return code == ERROR_SUCCESS ? std::optional(bytes.substr(0, size)) : std::nullopt;
+    return code == ERROR_SUCCESS ? std::optional(std::string(bytes.data(), size)) : std::nullopt;
   }
 
  private:
-  static std::string currentFolder() {
-    std::array<char, MAX_PATH + 1> folder{};
-    GetCurrentDirectoryA(folder.size(), folder.data());
-    return folder.data();
-  }
-
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::map<std::string, HANDLE> locks_;

@@ -15,22 +15,17 @@ using platform::kShareWrite;
 
 class Attributes : public ContractTest {};
 
-TEST_F(Attributes, AreThoseOfTheFileOrFolder) {
-  const std::string file = makeFile("file.txt");
-  bed().setAttributes(file, platform::kSystem | platform::kHidden);
-  makeFolder("folder");
-  EXPECT_EQ(withoutArchive(files().getFileAttributes(file)), platform::kSystem | platform::kHidden);
-  EXPECT_TRUE(platform::isDirectory(files().getFileAttributes(at("FOLDER"))));
-  EXPECT_TRUE(platform::isDirectory(files().getFileAttributes(at("folder\\"))));
-  EXPECT_TRUE(platform::isDirectory(files().getFileAttributes(at("folder\\..\\folder\\."))));
-}
-
-TEST_F(Attributes, OfWhatIsNotThereAreInvalid) {
+TEST_F(Attributes, AndLengthOfWhatIsNotThereAreInvalid) {
   makeFile("file.txt");
+  makeFolder("folder");
+  EXPECT_TRUE(platform::isDirectory(files().getFileAttributes(at("FOLDER\\..\\folder\\."))));
   for (const std::string name : {"missing", "missing\\file.txt", "file.txt\\below", "*.txt", "fi?e.txt"}) {
     EXPECT_EQ(files().getFileAttributes(at(name)), kInvalidAttributes) << name;
   }
   EXPECT_EQ(files().getFileAttributes(""), kInvalidAttributes);
+  for (const std::string name : {"missing.txt", "missing\\file.txt", "folder", "*.txt"}) {
+    EXPECT_EQ(numberOf(files().fileLength(at(name))), platform::kFileNotFound) << name;
+  }
 }
 
 TEST_F(Attributes, CanBeSetAndTakenAway) {
@@ -63,14 +58,6 @@ TEST_F(Attributes, LengthIsTheLowHalfAsASignedNumber) {
   EXPECT_EQ(files().fileLength(at("five.bin")), (1 << 30) + 7);
 }
 
-TEST_F(Attributes, LengthOfWhatIsNoFileFails) {
-  makeFile("file.txt");
-  makeFolder("folder");
-  for (const std::string name : {"missing.txt", "missing\\file.txt", "folder", "*.txt"}) {
-    EXPECT_EQ(numberOf(files().fileLength(at(name))), platform::kFileNotFound) << name;
-  }
-}
-
 TEST_F(Attributes, MaskDecidesWhatTheDirectorySearchSees) {
   constexpr std::uint32_t kAnyFile = 39;
   bed().setAttributes(makeFile("hidden.txt"), platform::kHidden);
@@ -84,14 +71,7 @@ TEST_F(Attributes, MaskDecidesWhatTheDirectorySearchSees) {
   EXPECT_FALSE(files().anyFileMatches(at("folder"), kAnyFile));
   EXPECT_TRUE(files().anyFileMatches(at("folder"), kAnyFile | platform::kDirectory));
   EXPECT_FALSE(files().anyFileMatches(at("missing.txt"), kAnyFile));
-  EXPECT_FALSE(files().anyFileMatches(at("missing\\file.txt"), kAnyFile));
-}
-
-TEST_F(Attributes, TheDirectorySearchGoesPastWhatTheMaskLacks) {
-  bed().setAttributes(makeFile("a.txt"), platform::kHidden);
-  EXPECT_FALSE(files().anyFileMatches(at("*.txt"), 0));
-  makeFile("b.txt");
-  EXPECT_TRUE(files().anyFileMatches(at("*.txt"), 0));
+  EXPECT_TRUE(files().anyFileMatches(at("*.txt"), platform::kReadOnly)) << "it goes past what the mask lacks";
 }
 
 class Handles : public ContractTest {};
@@ -104,38 +84,15 @@ TEST_F(Handles, WithoutSharingKeepOthersOut) {
   EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPermissionDenied);
   EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
   ASSERT_TRUE(files().closeHandle(handle));
-  EXPECT_TRUE(opensForReading(file, kShareNone));
-  EXPECT_EQ(bed().readBack(file), "bytes");
-}
+  EXPECT_FALSE(files().closeHandle(handle));
+  EXPECT_FALSE(files().closeHandle(kInvalidHandle));
 
-TEST_F(Handles, ShareWhatBothAllow) {
-  const std::string file = makeFile("file.txt");
   const Handle reader = files().createFile(file, {.access = kGenericRead, .share = kShareRead});
-  ASSERT_NE(reader, kInvalidHandle);
   EXPECT_TRUE(opensForReading(file, kShareRead));
   EXPECT_FALSE(opensForReading(file, kShareNone));
   EXPECT_EQ(files().createFile(file, {.access = kGenericWrite, .share = kShareRead | kShareWrite}), kInvalidHandle);
   EXPECT_TRUE(files().closeHandle(reader));
-}
-
-TEST_F(Handles, OfAnotherProgramKeepTheFile) {
-  const std::string file = makeFile("folder\\locked.txt", "kept");
-  bed().lock(file);
-  EXPECT_FALSE(opensForReading(file, kShareRead | kShareWrite));
-  EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPermissionDenied);
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
-  EXPECT_NE(shell().fileOperation({.sourceList = file + '\0', .flags = platform::kNoConfirmation}), 0);
-  bed().unlock(file);
-  EXPECT_EQ(bed().readBack(file), "kept");
-  EXPECT_TRUE(opensForReading(file, kShareNone));
-}
-
-TEST_F(Handles, AreDeadOnceClosed) {
-  const Handle handle = files().createFile(makeFile("file.txt"), {});
-  ASSERT_NE(handle, kInvalidHandle);
-  EXPECT_TRUE(files().closeHandle(handle));
-  EXPECT_FALSE(files().closeHandle(handle));
-  EXPECT_FALSE(files().closeHandle(kInvalidHandle));
+  EXPECT_EQ(bed().readBack(file), "bytes");
 }
 
 TEST_F(Handles, AreGivenForFilesThatExistOnly) {
@@ -164,50 +121,26 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytes(1, "ab"));
   EXPECT_TRUE(files().putBytes(1, "c"));
   EXPECT_EQ(bed().readBack(file), "abc3456789");
+  EXPECT_FALSE(opensForReading(file, kShareNone));
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
   EXPECT_TRUE(files().putBytesAt(1, 6, "X"));
   EXPECT_TRUE(files().putBytes(1, "Y"));
-  EXPECT_TRUE(files().putBytesAt(1, 1, "A"));
-  files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), "Abc34XY789");
-}
-
-TEST_F(FileNumbers, ExtendTheFileWhenWritingPastItsEnd) {
-  const std::string file = makeFile("file.bin", "ab");
-  ASSERT_TRUE(files().openBinary(1, file));
-  EXPECT_TRUE(files().putBytes(1, "ABCD"));
-  EXPECT_TRUE(files().putBytesAt(1, 7, "G"));
-  files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), std::string("ABCD\0\0G", 7));
-}
-
-TEST_F(FileNumbers, WritingNothingChangesNothing) {
-  const std::string file = makeFile("file.bin", "abc");
-  ASSERT_TRUE(files().openBinary(1, file));
-  EXPECT_TRUE(files().putBytesAt(1, 2, ""));
-  EXPECT_TRUE(files().putBytes(1, "B"));
-  EXPECT_TRUE(files().putBytesAt(1, 1, ""));
+  EXPECT_TRUE(files().putBytesAt(1, 1, std::string_view("\0\xFF", 2)));
+  EXPECT_TRUE(files().putBytesAt(1, 12, "\r"));
+  EXPECT_TRUE(files().putBytesAt(1, 3, "")) << "changes nothing but the position";
+  EXPECT_TRUE(files().putBytes(1, "C"));
   EXPECT_TRUE(files().putBytesAt(1, 100, ""));
   files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), "aBc");
-}
+  EXPECT_EQ(bed().readBack(file), std::string("\0\xFF"
+                                              "C34XY789\0\r",
+                                              12));
 
-TEST_F(FileNumbers, HoldBytesThatAreNoText) {
-  const std::string file = makeFile("file.bin", "xxxx");
-  const std::string bytes("\0\xFF\r\n", 4);
-  ASSERT_TRUE(files().openBinary(1, file));
-  EXPECT_TRUE(files().putBytes(1, bytes));
-  files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), bytes);
-}
-
-TEST_F(FileNumbers, MakeAMissingFileButNoFolder) {
-  ASSERT_TRUE(files().openBinary(1, at("new.bin")));
+  ASSERT_TRUE(files().openBinary(1, at("new.bin"))) << "is made";
   files().closeFile(1);
   EXPECT_EQ(bed().readBack(at("new.bin")), "");
-  EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), platform::kPathNotFound);
 }
 
-TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosed) {
+TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) {
   const std::string file = makeFile("file.bin", "abc");
   EXPECT_EQ(numberOf(files().openBinary(0, file)), platform::kBadFileNumber);
   EXPECT_EQ(numberOf(files().openBinary(512, file)), platform::kBadFileNumber);
@@ -217,32 +150,11 @@ TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosed) {
   files().closeFile(1);
   EXPECT_EQ(numberOf(files().putBytes(1, "x")), platform::kBadFileNumber);
   EXPECT_EQ(numberOf(files().putBytesAt(1, 1, "x")), platform::kBadFileNumber);
-  files().closeFile(1);
   EXPECT_EQ(bed().readBack(file), "abc");
-  EXPECT_TRUE(files().openBinary(1, file));
-}
-
-TEST_F(FileNumbers, RefuseWhatCannotBeWritten) {
-  const std::string file = makeFile("protected.bin", "abc");
+  EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), platform::kPathNotFound);
+  EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), platform::kPathFileAccess);
   bed().setAttributes(file, platform::kReadOnly);
-  makeFolder("folder");
   EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPathFileAccess);
-  EXPECT_EQ(numberOf(files().openBinary(1, at("folder"))), platform::kPathFileAccess);
-  EXPECT_EQ(numberOf(files().putBytes(1, "x")), platform::kBadFileNumber);
-}
-
-TEST_F(FileNumbers, AreSharedButNotWithWhoSharesNothing) {
-  const std::string file = makeFile("file.bin", "abc");
-  ASSERT_TRUE(files().openBinary(1, file));
-  ASSERT_TRUE(files().openBinary(2, file));
-  EXPECT_TRUE(files().putBytesAt(2, 3, "C"));
-  files().closeFile(2);
-  EXPECT_TRUE(opensForReading(file, kShareRead | kShareWrite));
-  EXPECT_FALSE(opensForReading(file, kShareNone));
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
-  files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), "abC");
-  EXPECT_TRUE(opensForReading(file, kShareNone));
 }
 
 }  // namespace

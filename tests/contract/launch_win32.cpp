@@ -16,9 +16,6 @@ TEST_F(Launch, RunsTheCommandLineWithItsQuotedArguments) {
   EXPECT_TRUE(bed().exists(file));
   // The command may still hold its file open.
   for (int i = 0; i < kPatience && !opensForReading(file, platform::kShareNone); ++i) Sleep(50);
-}
-
-TEST_F(Launch, ToldWhenThereIsNoSuchProgram) {
   EXPECT_EQ(numberOf(shell().launchHidden("no-such-program \"x\"")), platform::kFileNotFound);
 }
 

@@ -1,21 +1,17 @@
 // Names that the code page cannot hold, or that later calls would cut: only the real file system has them, because only
 // there do other programs make them with wide calls.
-#include <gtest/gtest.h>
 #include <windows.h>
 
-#include <algorithm>
-#include <string>
-#include <vector>
+#include "tests/contract/ContractTest.h"
 
-#include "tests/contract/Bed.h"
-
+namespace contract {
 namespace {
 
-class ForeignNames : public testing::Test {
+class ForeignNames : public ContractTest {
  protected:
   // Makes a file in the working folder; the prefix keeps every character of the name as it is.
-  void makeFile(const std::wstring& name) {
-    const std::string root = bed_->root();
+  void makeForeign(const std::wstring& name) {
+    const std::string root = bed().root();
     const std::wstring path = L"\\\\?\\" + std::wstring(root.begin(), root.end()) + L"\\" + name;
     const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
@@ -24,48 +20,51 @@ class ForeignNames : public testing::Test {
   }
 
   void TearDown() override {
-    for (const std::wstring& path : made_) {
-      DeleteFileW(path.c_str());
-    }
+    for (const std::wstring& path : made_) DeleteFileW(path.c_str());
   }
 
-  std::vector<std::string> walk(const std::string& pattern) {
-    std::vector<std::string> names;
-    platform::FindRecord record;
-    platform::FileSystem& files = bed_->machine().files();
-    const platform::Handle enumeration = files.findFirstFile(bed_->root() + "\\" + pattern, record);
-    for (bool more = enumeration != platform::kInvalidHandle; more; more = files.findNextFile(enumeration, record)) {
-      names.emplace_back(record.name.data());
-    }
-    files.findClose(enumeration);
-    std::ranges::sort(names);
-    return names;
-  }
-
-  std::unique_ptr<contract::Bed> bed_ = contract::makeBed();
   std::vector<std::wstring> made_;
 };
 
-TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldIsReachedUnderItsAlias) {
-  makeFile(L"\x0430\x0431.bak");
-  if (!bed_->hasShortNames()) {
-    EXPECT_TRUE(walk("*.bak").empty());
-    return;
+TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldNeverPassesForAnother) {
+  constexpr const wchar_t* kForeign[] = {
+      L"\x0430\x0431.bak",         // Cyrillic, of which nothing looks like a Latin letter
+      L"\x0105.bak",               // an "a" with a hook
+      L"inner\xFF3Cown.bak",       // a broad backslash
+      L"..\xFF3C..\xFF3Cwin.bak",  // and two that would lead out of the folder
+  };
+  makeForeign(L"a.bak");
+  makeFile("inner\\own.bak");
+  for (const wchar_t* name : kForeign) makeForeign(name);
+
+  std::vector<std::string> names = find(at("*.bak"));
+  EXPECT_EQ(std::erase(names, "a.bak"), 1);
+  EXPECT_EQ(names.size(), bed().hasShortNames() ? std::size(kForeign) : 0);
+  for (const std::string& name : names) {
+    EXPECT_EQ(name.find_first_of("?\\"), std::string::npos) << name;
+    EXPECT_TRUE(fileObjects().deleteFile(at(name), true)) << name;
   }
-  const std::vector<std::string> names = walk("*.bak");
-  ASSERT_EQ(names.size(), 1u);
-  EXPECT_EQ(names[0].find('?'), std::string::npos) << names[0];
-  EXPECT_TRUE(bed_->machine().fileObjects().deleteFile(bed_->root() + "\\" + names[0], true));
-  EXPECT_TRUE(walk("*.bak").empty());
+  EXPECT_EQ(find(at("*.bak")), std::vector<std::string>{"a.bak"});
+  EXPECT_TRUE(bed().exists(at("inner\\own.bak")));
+}
+
+TEST_F(ForeignNames, RemovingATreeRemovesNothingBesideIt) {
+  makeFile("own.bak");
+  makeFolder("tree");
+  makeForeign(L"tree\\..\xFF3Cown.bak");
+  const bool gone = fileObjects().deleteFolder(at("tree"), true).has_value();
+  EXPECT_EQ(gone, bed().hasShortNames());
+  EXPECT_TRUE(bed().exists(at("own.bak")));
 }
 
 TEST_F(ForeignNames, AnEntryThatLaterCallsWouldTakeForItsNeighbourIsLeftOut) {
-  makeFile(L"note.bak");
-  makeFile(L"note.bak ");
-  makeFile(L"note.bak.");
-  EXPECT_EQ(walk("*"), (std::vector<std::string>{".", "..", "note.bak"}));
+  makeForeign(L"note.bak");
+  makeForeign(L"note.bak ");
+  makeForeign(L"note.bak.");
+  EXPECT_THAT(find(at("*")), testing::UnorderedElementsAre(".", "..", "note.bak"));
   DeleteFileW(made_[0].c_str());
-  EXPECT_EQ(walk("*"), (std::vector<std::string>{".", ".."}));
+  EXPECT_THAT(find(at("*")), testing::UnorderedElementsAre(".", ".."));
 }
 
 }  // namespace
+}  // namespace contract

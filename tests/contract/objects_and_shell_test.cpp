@@ -5,37 +5,24 @@ namespace contract {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class FileObjectsContract : public ContractTest {};
 
-TEST_F(FileObjectsContract, TellFoldersFromFiles) {
+TEST_F(FileObjectsContract, TellFoldersFromFilesAndGiveAFilesFullPathAndMaskedAttributes) {
   const std::string file = makeFile("folder\\file.txt");
-  EXPECT_TRUE(fileObjects().folderExists(at("folder")));
   EXPECT_TRUE(fileObjects().folderExists(at("FOLDER\\")));
-  EXPECT_FALSE(fileObjects().folderExists(file));
-  EXPECT_FALSE(fileObjects().folderExists(at("missing")));
-  EXPECT_FALSE(fileObjects().folderExists(at("fold*")));
-}
-
-TEST_F(FileObjectsContract, GiveAFilesPathAndMaskedAttributes) {
-  const std::string file = makeFile("folder\\file.txt");
+  for (const std::string name : {"folder\\file.txt", "missing", "fold*"}) {
+    EXPECT_FALSE(fileObjects().folderExists(at(name))) << name;
+  }
   bed().setAttributes(file, platform::kReadOnly | platform::kHidden);
-  const auto object = fileObjects().getFile(file);
+  bed().setCurrentFolder(at("folder"));
+  const auto object = fileObjects().getFile("file.txt");
   ASSERT_TRUE(object);
   EXPECT_EQ(object->path, file);
   EXPECT_EQ(withoutArchive(object->attributes), platform::kReadOnly | platform::kHidden);
 
   bed().setAttributes(file, 0);
   EXPECT_EQ(withoutArchive(fileObjects().getFile(file)->attributes), 0u) << "the bit for none is not one of theirs";
-}
-
-TEST_F(FileObjectsContract, GiveTheFullPathOfARelativeOne) {
-  const std::string file = makeFile("folder\\file.txt");
-  bed().setCurrentFolder(at("folder"));
-  const auto object = fileObjects().getFile("file.txt");
-  ASSERT_TRUE(object);
-  EXPECT_EQ(object->path, file);
 }
 
 TEST_F(FileObjectsContract, FindNoFileWhereThereIsNone) {
@@ -49,40 +36,23 @@ TEST_F(FileObjectsContract, FindNoFileWhereThereIsNone) {
   EXPECT_TRUE(bed().exists(at("folder\\file.txt")));
 }
 
-TEST_F(FileObjectsContract, DeleteProtectedFilesOnlyByForce) {
-  const std::string file = makeFile("protected.txt");
-  bed().setAttributes(file, platform::kReadOnly);
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, false)), platform::kPermissionDenied);
-  EXPECT_TRUE(bed().exists(file));
-  EXPECT_TRUE(fileObjects().deleteFile(file, true));
-  EXPECT_FALSE(bed().exists(file));
-}
-
-TEST_F(FileObjectsContract, DeleteEveryFileThatMatches) {
-  makeFile("a.tmp");
-  makeFile("b.tmp");
-  makeFile("c.txt");
-  EXPECT_TRUE(fileObjects().deleteFile(at("*.tmp"), false));
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("c.txt"));
-}
-
-TEST_F(FileObjectsContract, DeleteFoldersWithAllInThem) {
-  makeFile("tree\\deep\\a.txt", "bytes");
+TEST_F(FileObjectsContract, DeleteWhatMatchesAndFoldersWithAllInThemProtectedFilesOnlyByForce) {
+  for (const char* name : {"a.tmp", "b.tmp", "kept.txt", "tree kept\\a.txt"}) makeFile(name);
   bed().setAttributes(makeFile("tree\\deep\\hidden.txt"), platform::kHidden | platform::kSystem);
   bed().setAttributes(makeFolder("tree\\hidden"), platform::kHidden | platform::kSystem);
-  makeFile("tree kept\\a.txt");
-  EXPECT_TRUE(fileObjects().deleteFolder(at("tree"), false));
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("tree kept"));
-  EXPECT_TRUE(fileObjects().deleteFolder(at("TREE KEPT\\"), true));
-  EXPECT_THAT(bed().namesIn(bed().root()), IsEmpty());
-}
-
-TEST_F(FileObjectsContract, DeleteFoldersWithProtectedFilesOnlyByForce) {
   bed().setAttributes(makeFile("tree\\deep\\protected.txt"), platform::kReadOnly | platform::kHidden);
+  EXPECT_TRUE(fileObjects().deleteFile(at("*.tmp"), false));
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), false)), platform::kPermissionDenied);
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(at("tree\\deep\\protected.txt"), false)), platform::kPermissionDenied);
   EXPECT_TRUE(bed().exists(at("tree\\deep\\protected.txt")));
-  EXPECT_TRUE(fileObjects().deleteFolder(at("tree"), true));
-  EXPECT_FALSE(bed().exists(at("tree")));
+  EXPECT_TRUE(fileObjects().deleteFolder(at("TREE\\"), true));
+  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt", "tree kept"));
+  EXPECT_TRUE(fileObjects().deleteFolder(at("tree kept"), false));
+
+  const std::string file = makeFile("tree\\in use.txt", "kept");
+  bed().lock(file);
+  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), platform::kPermissionDenied);
+  EXPECT_TRUE(bed().exists(file));
 }
 
 TEST_F(FileObjectsContract, DeleteNoFolderWhereThereIsNoneAndNoRoot) {
@@ -96,13 +66,6 @@ TEST_F(FileObjectsContract, DeleteNoFolderWhereThereIsNoneAndNoRoot) {
     EXPECT_EQ(numberOf(fileObjects().deleteFolder(root, true)), platform::kPermissionDenied) << root;
   }
   EXPECT_TRUE(bed().exists(at("tree\\file.txt")));
-}
-
-TEST_F(FileObjectsContract, DeleteFoldersUpToAFileInUse) {
-  const std::string file = makeFile("tree\\locked.txt", "kept");
-  bed().lock(file);
-  EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), platform::kPermissionDenied);
-  EXPECT_TRUE(bed().exists(file));
 }
 
 TEST_F(FileObjectsContract, DeleteFoldersWithoutWhatTheirLinksPointTo) {
@@ -137,14 +100,6 @@ class ShellContract : public ContractTest {
   static constexpr std::uint16_t kToRecycleBin = platform::kNoConfirmation | platform::kAllowUndo;
 };
 
-TEST_F(ShellContract, DeletesForGood) {
-  const std::string file = makeFile("a file with blanks.txt", "bytes");
-  const std::size_t before = bed().recycledItems();
-  EXPECT_EQ(remove({file}, kForGood), 0);
-  EXPECT_FALSE(bed().exists(file));
-  EXPECT_EQ(bed().recycledItems(), before);
-}
-
 TEST_F(ShellContract, DeletesToTheRecycleBinProtectedFilesToo) {
   const std::size_t before = bed().recycledItems();
   const std::string file = makeFile("file.txt", "bytes");
@@ -159,36 +114,21 @@ TEST_F(ShellContract, DeletesToTheRecycleBinProtectedFilesToo) {
   EXPECT_EQ(bed().recycledItems(), before + 2);
 }
 
-TEST_F(ShellContract, DeletesEveryPathOfItsListAndNoOther) {
-  EXPECT_EQ(remove({makeFile("a.txt"), makeFile("b.txt")}, kForGood), 0);
-  makeFile("c.txt");
-  const std::string last = makeFile("d.txt");
-  EXPECT_EQ(remove({last}, kForGood), 0);
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("c.txt"));
-}
-
-TEST_F(ShellContract, DeletesWhatWildcardsMatchAndFoldersWithTheirContents) {
-  makeFile("a.tmp");
-  makeFile("b.tmp");
-  makeFile("folder\\deep\\c.txt");
-  makeFile("kept.txt");
+TEST_F(ShellContract, DeletesForGoodWhatItsListNamesAndSaysWhatStays) {
+  const std::size_t before = bed().recycledItems();
+  for (const char* name : {"a.tmp", "b.tmp", "with blanks.txt", "last", "folder\\deep\\c.txt", "kept.txt"})
+    makeFile(name);
+  EXPECT_EQ(remove({at("with blanks.txt"), at("last")}, kForGood), 0);
   EXPECT_EQ(remove({at("*.tmp")}, kForGood), 0);
   EXPECT_EQ(remove({at("folder")}, kForGood), 0);
   EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt"));
-}
+  EXPECT_EQ(bed().recycledItems(), before);
 
-TEST_F(ShellContract, LeavesWhatIsInUse) {
-  const std::string file = makeFile("locked.txt", "kept");
-  bed().lock(file);
-  EXPECT_NE(remove({file}, kForGood), 0);
-  EXPECT_TRUE(bed().exists(file));
-  bed().unlock(file);
-  EXPECT_EQ(bed().readBack(file), "kept");
-}
-
-TEST_F(ShellContract, SaysThatSomethingWasMissing) {
-  EXPECT_NE(remove({at("missing.txt")}, kForGood), 0);
-  EXPECT_NE(remove({at("missing\\file.txt")}, kForGood), 0);
+  bed().lock(at("kept.txt"));
+  for (const std::string name : {"kept.txt", "missing.txt", "missing\\file.txt"}) {
+    EXPECT_NE(remove({at(name)}, kForGood), 0) << name;
+  }
+  EXPECT_TRUE(bed().exists(at("kept.txt")));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // A loaded console on an in-memory machine.
 #pragma once
 
+#include <gmock/gmock.h>
+
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -30,10 +32,21 @@ class ConsoleTest : public MachineTest {
     return all;
   }
 
-  std::vector<std::string> paths() const {
+  static std::vector<std::string> textsOf(const controls::ListView& list) {
     std::vector<std::string> all;
-    for (std::size_t i = 0; i < form.ListView1.rowCount(); ++i) all.push_back(form.ListView1.text(i));
+    for (std::size_t i = 0; i < list.rowCount(); ++i) all.push_back(list.text(i));
     return all;
+  }
+
+  std::vector<std::string> paths() const { return textsOf(form.ListView1); }
+
+  // Ticks the rows of files with these names.
+  static void tick(controls::ListView& list, std::initializer_list<const char*> names) {
+    for (std::size_t i = 0; i < list.rowCount(); ++i) {
+      for (const char* name : names) {
+        if (list.text(i).ends_with(name)) list.clickTick(i);
+      }
+    }
   }
 
   std::string lastBox() const { return machine.boxes().empty() ? "" : boxTexts().back(); }
@@ -45,6 +58,35 @@ class ConsoleTest : public MachineTest {
     EXPECT_EQ(box.text, text);
     EXPECT_EQ(box.title, title);
     EXPECT_EQ(box.style, style);
+  }
+
+  // The names of the buttons and check boxes that a person can press now.
+  std::vector<std::string> usableCommands() const {
+    std::vector<std::string> names;
+    for (const controls::Control* control : form.controls()) {
+      const bool isCommand = control->kind() == controls::Kind::kButton || control->kind() == controls::Kind::kCheckBox;
+      if (isCommand && control->acceptsInput()) names.push_back(control->name());
+    }
+    return names;
+  }
+
+  // Calls `act` again and again, each time with one more call of an operation failing, until none fails any more.
+  // `act` is told which.
+  template <typename Act>
+  void withEachCallFailing(std::initializer_list<const char*> operations, Act act) {
+    for (const std::string operation : operations) {
+      bool failed = true;
+      for (int n = 1; failed; ++n) {
+        machine.failAt(operation, n);
+        act(operation + " " + std::to_string(n));
+        failed = !machine.faultsLeft();
+        machine.clearFaults();
+      }
+    }
+  }
+
+  void addFiles(const std::string& folder, std::initializer_list<const char*> names) {
+    for (const char* name : names) machine.addFile(folder + '\\' + name, "x");
   }
 };
 
