@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,21 @@ class MachineTest : public testing::Test {
     std::vector<std::string> texts;
     for (const platform::memory::ShownBox& box : machine.boxes()) texts.push_back(box.text);
     return texts;
+  }
+
+  // Calls `act` again and again, each time with one more call of an operation failing, until none fails any more.
+  // `act` is told which.
+  template <typename Act>
+  void withEachCallFailing(std::initializer_list<const char*> operations, Act act) {
+    for (const std::string operation : operations) {
+      bool failed = true;
+      for (int n = 1; failed; ++n) {
+        machine.failAt(operation, n);
+        act(operation + " " + std::to_string(n));
+        failed = !machine.faultsLeft();
+        machine.clearFaults();
+      }
+    }
   }
 
  private:

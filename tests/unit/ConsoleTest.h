@@ -70,21 +70,6 @@ class ConsoleTest : public MachineTest {
     return names;
   }
 
-  // Calls `act` again and again, each time with one more call of an operation failing, until none fails any more.
-  // `act` is told which.
-  template <typename Act>
-  void withEachCallFailing(std::initializer_list<const char*> operations, Act act) {
-    for (const std::string operation : operations) {
-      bool failed = true;
-      for (int n = 1; failed; ++n) {
-        machine.failAt(operation, n);
-        act(operation + " " + std::to_string(n));
-        failed = !machine.faultsLeft();
-        machine.clearFaults();
-      }
-    }
-  }
-
   void addFiles(const std::string& folder, std::initializer_list<const char*> names) {
     for (const char* name : names) machine.addFile(folder + '\\' + name, "x");
   }

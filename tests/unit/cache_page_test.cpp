@@ -180,20 +180,16 @@ TEST_F(CachePage, SurvivesAnyFailingCall) {
   form.Del_Cache.click();
   const Paths good = entries();
   const std::size_t blocks = machine.memoryBlocks();
-  for (const char* operation : {"findFirstUrlCacheEntry", "findNextUrlCacheEntry", "findCloseUrlCache", "localAlloc",
-                                "fileTimeToSystemTime", "localFree"}) {
-    bool failed = true;
-    for (int n = 1; failed; ++n) {
-      machine.failAt(operation, n);
-      form.Del_Cache.click();
-      failed = !machine.faultsLeft();
-      machine.clearFaults();
-      EXPECT_TRUE(form.Del_Cache.visible()) << operation << n;
-      EXPECT_TRUE(failed ? form.lvCache.rowCount() <= 3 : entries() == good) << operation << n;
-      EXPECT_LE(machine.memoryBlocks(), blocks) << operation << n;
-      EXPECT_EQ(machine.openHandles(), 0U) << operation << n;
-    }
-  }
+  withEachCallFailing({"findFirstUrlCacheEntry", "findNextUrlCacheEntry", "findCloseUrlCache", "localAlloc",
+                       "fileTimeToSystemTime", "localFree"},
+                      [&](const std::string& call) {
+                        form.Del_Cache.click();
+                        const bool failed = !machine.faultsLeft();
+                        EXPECT_TRUE(form.Del_Cache.visible()) << call;
+                        EXPECT_TRUE(failed ? form.lvCache.rowCount() <= 3 : entries() == good) << call;
+                        EXPECT_LE(machine.memoryBlocks(), blocks) << call;
+                        EXPECT_EQ(machine.openHandles(), 0U) << call;
+                      });
 }
 
 // Without memory the first row is what is left of the entry before; its texts went with the block that they lay in, and

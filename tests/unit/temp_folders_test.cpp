@@ -201,25 +201,22 @@ TEST_F(TempFolders, AnyFailureTouchesNothingElse) {
   for (const char* file : {"C:\\Outside\\kept", "C:\\root", "C:\\Windows\\kept"}) machine.addFile(file, "x");
   const Paths kept = everyFile();
   machine.setVariable("username", "Ann");
-  for (const char* operation :
-       {"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "folderExists", "getFile", "deleteFile",
-        "deleteFolder", "getEnvironmentVariable", "anyFileMatches", "createFile"}) {
-    bool failed = true;
-    for (int n = 1; failed; ++n) {
-      machine.addFile("C:\\Temp\\Sub\\a", "x");
-      if (!machine.exists("C:\\Temp\\Sub\\Link")) machine.addFolderLink("C:\\Temp\\Sub\\Link", "C:\\Outside");
-      machine.addFile("C:\\Temp\\b", "x");
-      machine.addFile("C:\\Windows\\Temp\\Sub\\c", "x");
-      machine.failAt(operation, n);
-      clean();
-      failed = !machine.faultsLeft();
-      machine.clearFaults();
-      const Paths left = everyFile();
-      EXPECT_TRUE(failed ? std::ranges::includes(left, kept) : left == kept) << operation << n;
-      EXPECT_EQ(lastBox(), kDone) << operation << n;
-      EXPECT_EQ(machine.openHandles(), 0U) << operation << n;
-    }
-  }
+  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "folderExists", "getFile",
+                       "deleteFile", "deleteFolder", "getEnvironmentVariable", "anyFileMatches", "createFile"},
+                      [&](const std::string& call) {
+                        addFiles("C:\\Temp\\Sub", {"a"});
+                        if (!machine.exists("C:\\Temp\\Sub\\Link")) {
+                          machine.addFolderLink("C:\\Temp\\Sub\\Link", "C:\\Outside");
+                        }
+                        addFiles("C:\\Temp", {"b"});
+                        addFiles("C:\\Windows\\Temp\\Sub", {"c"});
+                        clean();
+                        const bool failed = !machine.faultsLeft();
+                        const Paths left = everyFile();
+                        EXPECT_TRUE(failed ? std::ranges::includes(left, kept) : left == kept) << call;
+                        EXPECT_EQ(lastBox(), kDone) << call;
+                        EXPECT_EQ(machine.openHandles(), 0U) << call;
+                      });
 }
 
 }  // namespace
