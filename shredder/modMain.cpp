@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <exception>
+#include <type_traits>
 #include <utility>
 
 #include "platform/Conversions.h"
@@ -14,8 +15,10 @@ constexpr int kNameDraws = 101;
 constexpr char kZeros = '\0';
 constexpr char kOnes = '\xFF';
 
-// How many steps stand in a row in the machine code.
-constexpr std::size_t kStretch = 256;
+// What goes out at once. A 32-bit processor has no register left to gather bytes in.
+using Group = std::conditional_t<sizeof(void*) == 4, std::uint8_t, std::uint16_t>;
+// How many bytes' steps stand in a row in the machine code.
+constexpr std::size_t kStretch = 128 * sizeof(Group);
 
 // Its tables begin with a line of the cache.
 alignas(64) constinit KeystreamState stream;
@@ -35,17 +38,17 @@ inline std::uint32_t nextByte(std::uint8_t& i, std::uint32_t& j) {
 
 // The keystream's next `count` bytes. Almost every step reads where an earlier one may still be writing. A processor
 // learns for each instruction whether its read may go ahead, and guesses better the less often each one runs, so a long
-// stretch of steps is faster than a short loop. Bytes go out in pairs, which suits few and many registers alike.
+// stretch of steps is faster than a short loop.
 void fillFromKeystream(char* out, std::size_t count) {
   std::uint8_t i = low8(stream.i);
   std::uint32_t j = stream.j;
   char* const end = out + count;
   for (char* const stretchesEnd = end - count % kStretch; out != stretchesEnd; out += kStretch) {
 #pragma GCC unroll 128
-    for (std::size_t k = 0; k < kStretch; k += sizeof(std::uint16_t)) {
-      auto pair = static_cast<std::uint16_t>(nextByte(i, j));
-      pair |= static_cast<std::uint16_t>(nextByte(i, j) << 8);
-      std::memcpy(out + k, &pair, sizeof(pair));
+    for (std::size_t k = 0; k < kStretch; k += sizeof(Group)) {
+      auto group = static_cast<Group>(nextByte(i, j));
+      if constexpr (sizeof(Group) > 1) group |= static_cast<Group>(nextByte(i, j) << 8);
+      std::memcpy(out + k, &group, sizeof(group));
     }
   }
   while (out != end) *out++ = static_cast<char>(nextByte(i, j));

@@ -84,7 +84,7 @@ TEST_F(ShredEngine, KeystreamIsThePublishedRc4InBulkAndByteByByte) {
   EXPECT_EQ(RandomBytes(3).value(), "\x95\x99\x67\x07");
 }
 
-// Bytes in bulk come in stretches of 256, and a rest.
+// Bytes in bulk come in long stretches, and a rest.
 TEST_F(ShredEngine, BulkAndNamesFollowAnIndependentRc4ThroughTheWholeAlphabet) {
   Rc4 rc4;
   rc4.seed("names");
