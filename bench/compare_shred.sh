@@ -21,7 +21,12 @@ PLACE=$PREFIX/drive_c/bench
 cmake -S "$ROOT" --preset win32 -DSCRUBHAVEN_BENCH=ON >/dev/null || exit 1
 "$ROOT/scripts/build.sh" win32 shred_file || exit 1
 make_prefix "$PREFIX" || exit 1
-trap 'stop_prefix "$PREFIX"' EXIT
+# The program's own build is left as it was.
+end() {
+  stop_prefix "$PREFIX"
+  cmake -S "$ROOT" --preset win32 -DSCRUBHAVEN_BENCH=OFF >/dev/null
+}
+trap end EXIT
 mkdir -p "$PLACE"
 cp -- "$SEAL_BUILD/win32/shred_file.exe" "$PLACE/"
 
