@@ -26,7 +26,12 @@ void frmFind::bindCachePage() {
 
 void frmFind::Del_Cache_Click() {
   openCachePage();
-  if (const platform::Result<void> scanned = ScanCache(); !scanned) return reportUnhandled(scanned.error());
+  const platform::Result<void> scanned = ScanCache();
+  if (!scanned) {
+    reportUnhandled(scanned.error());
+    Scan.enable();
+    return;
+  }
   if (lvCache.empty()) {
     messageBox("No cache items found.", platform::kBoxOk, "No Items Found");
     Scan.enable();

@@ -46,7 +46,7 @@ else()
   # The older family deletes keys with their subkeys, stores texts in its own way, and has narrow calls only.
   if(TARGET contract_tests)
     add_test(NAME wine.windows_98 COMMAND "${scripts}/wine_test.sh" 60 windows_98
-      "$<TARGET_FILE:contract_tests>" "--gtest_filter=RegistryContract.*:ScriptContract.*:Enumeration.*")
+      "$<TARGET_FILE:contract_tests>" "--gtest_filter=RegistryContract.*:ScriptContract.*:Enumeration.*:ForeignNames.*")
     set_tests_properties(wine.windows_98 PROPERTIES TIMEOUT 120 LABELS wine
       ENVIRONMENT SCRUBHAVEN_VERSION=win98)
   endif()

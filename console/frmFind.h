@@ -150,10 +150,10 @@ class frmFind final : public controls::Form {
   // A walk that finds nothing leaves what an earlier one has put here.
   std::vector<std::string> FoundFiles;
 
-  // Walks the tree below `path` (a closing backslash is added when it lacks one) and puts
-  // every file that answers to `pattern` into FoundFiles, under the number to which it raises `FileCount`. Every folder
-  // entered becomes a row of ListView2 and counts in `DirCount`. Nothing stops it early. Gives the sum of the sizes,
-  // with the quirk of FindFilesAPI. FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+  // Walks the tree below `path` (a closing backslash is added when it lacks one) and puts every file that answers to
+  // `pattern` into FoundFiles, under the number to which it raises `FileCount`. Every folder entered becomes a row of
+  // ListView2 and counts in `DirCount`. Nothing stops it early. Gives the sum of the sizes, with the quirk of
+  // FindFilesAPI. FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
   std::int64_t FindTemps(std::string& path, const std::string& pattern, std::int32_t& FileCount,
                          std::int32_t& DirCount);
   // The same under the name of its siblings.

@@ -41,8 +41,8 @@ class Form {
   // Loads the form, shows it as a window over `owner` (null for the first window) and returns when it has been closed.
   // The owner takes no input until then.
   void showModal(Form* owner);
-  // Takes the window away; from then on its owner takes input again. showModal returns once the handlers that run have
-  // ended.
+  // Takes the window away; from then on its owner takes input again. Handlers that run go on, and showModal returns
+  // once they have ended.
   void close();
   bool isOpen() const { return open_; }
   // Whether a person can use the form: it is loaded and no other window stands over it.

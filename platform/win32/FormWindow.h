@@ -80,7 +80,7 @@ class FormWindow final : public controls::Peer {
   ControlPeer* hovered_ = nullptr;
   bool changed_ = true;
   bool repaint_ = false;
-  DWORD repaintedAt_ = 0;  // tick count of the last repaintNow() that drew
+  DWORD repaintedAt_ = 0;  // tick count; repaintNow() draws once kFlushInterval has passed since
   bool left_ = false;
 };
 

@@ -42,7 +42,12 @@ bool hasWideCalls() {
 std::string speakable(const wchar_t* name) { return exactText(name).value_or(""); }
 
 // A character that the code page lacks has become "?", which later calls take for a wildcard, or a similar one.
-std::string speakable(const char* name) { return std::strpbrk(name, "?\\/") == nullptr ? name : ""; }
+std::string speakable(const char* name) {
+  for (const char* letter = name; *letter != '\0'; letter = CharNextA(letter)) {
+    if (std::strchr("?\\/", *letter) != nullptr) return "";
+  }
+  return name;
+}
 
 // Blanks and dots at the end are cut from every path.
 bool isCutLater(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }

@@ -16,13 +16,14 @@ put() { mkdir -p -- "$(dirname -- "$C/$1")" && echo "${2:-content}" >"$C/$1"; }
 files() { (cd "$C" && find . \( -path ./windows/temp -o -path ./users \) -prune -o -print | sort); }
 
 # run_script SCRIPT: runs it from the program folder, on a system whose profile of all users is $ALL_USERS, without
-# anything on its screen.
+# anything on its screen. What Wine says of itself is not the script's.
 ALL_USERS='C:\Documents and Settings\All Users'
 run_script() {
-  local said
-  put windows/temp/start.cmd "@set \"ALLUSERSPROFILE=$ALL_USERS\""$'\r\n'"@\"C:\\Program Files\\Scrubhaven\\$1\""
-  said=$("$ROOT/scripts/in_prefix.sh" "$PREFIX" cmd /c 'C:\windows\temp\start.cmd' 2>&1 </dev/null)
-  [[ -z $said ]] || complain "$1 said: $said"
+  put windows/temp/start.cmd "@set \"ALLUSERSPROFILE=$ALL_USERS\""$'\r\n'"@\"C:\\Program Files\\Scrubhaven\\$1\" >C:\\windows\\temp\\said 2>&1"
+  rm -f "$C/windows/temp/said"
+  "$ROOT/scripts/in_prefix.sh" "$PREFIX" cmd /c 'C:\windows\temp\start.cmd' >/dev/null 2>&1 </dev/null
+  [[ -f $C/windows/temp/said && ! -s $C/windows/temp/said ]] ||
+    complain "$1 did not run, or said: $(cat "$C/windows/temp/said" 2>&1)"
 }
 
 # expect_gone SCRIPT FILE...: after a run exactly these files or folders are gone.

@@ -34,13 +34,14 @@ class MachineTest : public testing::Test {
   template <typename Act>
   void withEachCallFailing(std::initializer_list<const char*> operations, Act act) {
     for (const std::string operation : operations) {
-      bool failed = true;
-      for (int n = 1; failed; ++n) {
-        machine.failAt(operation, n);
-        act(operation + " " + std::to_string(n));
+      int failures = 0;
+      for (bool failed = true; failed; failures += failed ? 1 : 0) {
+        machine.failAt(operation, failures + 1);
+        act(operation + " " + std::to_string(failures + 1));
         failed = !machine.faultsLeft();
         machine.clearFaults();
       }
+      EXPECT_GT(failures, 0) << operation << " is never called";
     }
   }
 

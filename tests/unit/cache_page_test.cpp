@@ -109,7 +109,7 @@ TEST_F(CachePage, AnAccessTimeThatIsNoDateIsReportedAndEndsTheScan) {
   EXPECT_EQ(form.lvCache.rowCount(), 2U);
   EXPECT_FALSE(form.lvCache.selected() || form.lblStatus.visible()) << "not as if all had been listed";
   EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
-  EXPECT_TRUE(form.Del_Cache.visible());
+  EXPECT_TRUE(form.Del_Cache.visible() && form.Scan.enabled());
 }
 
 TEST_F(CachePage, DeletesTheTickedEntriesAndNoOther) {
