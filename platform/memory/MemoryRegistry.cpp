@@ -167,6 +167,11 @@ std::int32_t MemoryRegistry::find(RegistryKey handle, std::uint32_t access, KeyP
   return key->deleted ? kKeyDeleted : kRegistryDone;
 }
 
+std::int32_t MemoryRegistry::findParent(RegistryKey handle, const std::string& path, KeyPtr& parent) {
+  const std::int32_t code = find(handle, 0, parent);
+  return code == kRegistryDone && path.starts_with('\\') ? kBadPath : code;
+}
+
 RegistryKey MemoryRegistry::open(const KeyPtr& key, std::uint32_t access) {
   lastHandle_ += 4;
   open_.emplace(lastHandle_, OpenKey{key, access});
@@ -178,8 +183,7 @@ std::int32_t MemoryRegistry::openKey(RegistryKey key, const std::string& path, s
   calls_.push_back(line("openKey", nameOf(key) + path, {access}));
   if (const auto fault = faults_.strike("openKey", kRegistryAccessDenied)) return *fault;
   KeyPtr parent;
-  if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
-  if (path.starts_with('\\')) return kBadPath;
+  if (const auto code = findParent(key, path, parent); code != kRegistryDone) return code;
   const KeyPtr found = walk(parent, path);
   if (found == nullptr) return kRegistryNotFound;
   opened = open(found, access);
@@ -191,8 +195,7 @@ std::int32_t MemoryRegistry::createKey(RegistryKey key, const std::string& path,
   calls_.push_back(line("createKey", nameOf(key) + path, {access}));
   if (const auto fault = faults_.strike("createKey", kRegistryAccessDenied)) return *fault;
   KeyPtr parent;
-  if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
-  if (path.starts_with('\\')) return kBadPath;
+  if (const auto code = findParent(key, path, parent); code != kRegistryDone) return code;
   opened = open(walkAndMake(parent, path), access);
   return kRegistryDone;
 }

@@ -72,6 +72,8 @@ class MemoryRegistry final : public Registry {
   bool isNtLine() const;
   // The key behind a handle that was opened for `access`.
   std::int32_t find(RegistryKey handle, std::uint32_t access, KeyPtr& key);
+  // The key behind a handle, below which `path` names another; a path may not begin with a backslash.
+  std::int32_t findParent(RegistryKey handle, const std::string& path, KeyPtr& parent);
   RegistryKey open(const KeyPtr& key, std::uint32_t access);
   KeyPtr root(RegistryKey key);
   KeyPtr make(const std::string& path);

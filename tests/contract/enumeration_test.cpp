@@ -39,6 +39,7 @@ TEST_F(Enumeration, MatchesPatternsAsDosDid) {
     makeFile(name);
   }
   EXPECT_THAT(find(at("*.bak")), UnorderedElementsAre("a.bak", "B.BAK"));
+  EXPECT_THAT(find(at("*.bak ")), UnorderedElementsAre("a.bak", "B.BAK"));
   EXPECT_THAT(find(at("~*.*")), UnorderedElementsAre("~x.doc", "~y"));
   EXPECT_THAT(find(at("*Twain*.mtx")), ElementsAre("MyTwain_1.mtx"));
   EXPECT_THAT(find(at("*.db$")), ElementsAre("c.db$"));

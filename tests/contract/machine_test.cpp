@@ -1,6 +1,5 @@
 // Drives and current folders, the version, and what surrounds the program.
 #include <algorithm>
-#include <functional>
 
 #include "tests/contract/ContractTest.h"
 
@@ -59,18 +58,6 @@ TEST_F(Surroundings, VersionIsAskedWithARecordOfTheRightSize) {
   EXPECT_EQ(record.size, platform::kVersionRecordSize);
   EXPECT_TRUE(record.platformId == 1 || record.platformId == 2) << record.platformId;
   EXPECT_GE(record.major, 3u);
-}
-
-TEST_F(Surroundings, DayAndTimeHaveTexts) {
-  platform::Environment& environment = bed().machine().environment();
-  // Numbers with something between them, whatever the user's formats are.
-  for (const std::string& text : {environment.dateText(), environment.timeText()}) {
-    const auto isDigit = [](char letter) { return letter >= '0' && letter <= '9'; };
-    EXPECT_GE(std::ranges::count_if(text, isDigit), 3) << text;
-    EXPECT_GE(std::ranges::count_if(text, std::not_fn(isDigit)), 2) << text;
-  }
-  EXPECT_GE(environment.secondsSinceMidnight(), 0);
-  EXPECT_LT(environment.secondsSinceMidnight(), 24 * 60 * 60);
 }
 
 TEST_F(Surroundings, VariablesAreFoundInAnyCaseAndTheProgramFolderIsOne) {

@@ -1,4 +1,4 @@
-// What only the in-memory machine shows: the finer points of DOS names, and links as the test system does not have
+// What only the in-memory machine shows: names that no path reaches, and links as the test system does not have
 // them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,40 +23,6 @@ std::vector<std::string> find(MemoryMachine& machine, const std::string& pattern
   }
   machine.files().findClose(enumeration);
   return names;
-}
-
-TEST(MemoryNames, WildcardsMatchAsDosDid) {
-  struct Case {
-    const char* pattern;
-    const char* name;
-    bool matches;
-  };
-  constexpr Case kCases[] = {
-      {"*.*", "nodot", true},
-      {"*.", "nodot", true},
-      {"*.", "a.b", false},
-      {"?", "ab", false},
-      {"???", "a", true},
-      {"a?.txt", "a.txt", true},
-      {"a?b.txt", "ab.txt", false},
-      {"foo.*", "foo", true},
-      {"foo.*", "foox", false},
-      {"foo.???", "foo", true},
-      {"foo.???", "foo.abcd", false},
-      {"*.bak", "a.bak.bak", true},
-      {"*.bak", "a.bakx", false},
-      {"*a*a*a*b", "aaaaaaaa", false},
-      {"*.b*", "a.x.b", true},
-      {"*.tmp.", "a.tmp", true},
-      {"*.jpg ", "a.jpg", true},
-      {"*. jpg", "a.jpg", false},
-      {"\xE9*", "\xC9t\xE9", true},
-      {"a|b", "a|b", false},
-      {"", "", false},
-  };
-  for (const Case& c : kCases) {
-    EXPECT_EQ(Wildcards(c.pattern).matches(c.name), c.matches) << '"' << c.pattern << "\" and " << c.name;
-  }
 }
 
 TEST(MemoryNames, EntriesThatNoPathReachesAreLeftOut) {
