@@ -17,7 +17,7 @@ void fill(MemoryMachine& machine, std::int64_t count) {
 
 void listCache(benchmark::State& state) {
   MemoryMachine machine;
-  const platform::Use use(machine);
+  const platform::ScopedMachine use(machine);
   fill(machine, state.range(0));
   frmFind form;
   form.load();
@@ -29,7 +29,7 @@ BENCHMARK(listCache)->Unit(benchmark::kMillisecond)->RangeMultiplier(10)->Range(
 
 void cleanCache(benchmark::State& state) {
   MemoryMachine machine;
-  const platform::Use use(machine);
+  const platform::ScopedMachine use(machine);
   frmFind form;
   form.load();
   for (auto _ : state) {

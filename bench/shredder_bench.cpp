@@ -23,7 +23,7 @@ BENCHMARK(Keystream)->Arg(kBlock)->Arg(kMiB)->Arg(16 * kMiB)->Arg(256 * kMiB)->C
 // Bytes per second count the file once, though it is written 84 times.
 void ShredWholeFile(benchmark::State& state) {
   platform::memory::MemoryMachine machine;
-  const platform::Use use(machine);
+  const platform::ScopedMachine use(machine);
   machine.forgetWrites();
   frmMain window;
   for (auto _ : state) {

@@ -1,4 +1,4 @@
-# Natively: unit and contract tests against the machine in memory, and the checks of the house itself.
+# Natively: unit and contract tests against the machine in memory, and the lint checks.
 # On Windows: contract tests against the real machine and desktop tests, each run in its own sealed Wine prefix.
 
 set(scripts "${CMAKE_SOURCE_DIR}/scripts")
@@ -25,9 +25,9 @@ if(NOT WIN32)
     endif()
   endforeach()
 
-  add_test(NAME house.format COMMAND "${scripts}/format.sh" --check)
-  add_test(NAME house.seal COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/seal_test.sh")
-  set_tests_properties(house.format house.seal PROPERTIES TIMEOUT 120)
+  add_test(NAME lint.format COMMAND "${scripts}/format.sh" --check)
+  add_test(NAME lint.seal COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/seal_test.sh")
+  set_tests_properties(lint.format lint.seal PROPERTIES TIMEOUT 120)
   add_test(NAME wine.companions COMMAND "${CMAKE_SOURCE_DIR}/tests/scripts/companions_test.sh")
   set_tests_properties(wine.companions PROPERTIES TIMEOUT 180 LABELS wine)
 else()

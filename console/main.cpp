@@ -3,11 +3,11 @@
 
 #include "console/frmFind.h"
 #include "platform/win32/Win32Machine.h"
-#include "platform/win32/Win32Ui.h"
+#include "platform/win32/ui/Win32Ui.h"
 
 int main() {
   platform::win32::Win32Machine machine(std::make_unique<platform::win32::Win32Ui>());
-  const platform::Use use(machine);
+  const platform::ScopedMachine use(machine);
   frmFind console;
   console.showModal(nullptr);
 }

@@ -7,7 +7,7 @@ namespace controls {
 
 class CheckBox final : public Control {
  public:
-  CheckBox(Parent parent, std::string name, Start start, bool ticked = false)
+  CheckBox(Parent parent, std::string name, ControlInit start, bool ticked = false)
       : Control(parent, Kind::kCheckBox, std::move(name), std::move(start)), ticked_(ticked) {}
 
   Event onClick;

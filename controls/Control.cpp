@@ -9,7 +9,7 @@ namespace controls {
 
 Parent::Parent(Frame& in) : form(in.form()), frame(&in) {}
 
-Control::Control(Parent parent, Kind kind, std::string name, Start start)
+Control::Control(Parent parent, Kind kind, std::string name, ControlInit start)
     : form_(parent.form),
       frame_(parent.frame),
       kind_(kind),

@@ -25,7 +25,7 @@ struct Parent {
 };
 
 // A control's starting state.
-struct Start {
+struct ControlInit {
   std::string caption = {};
   std::string toolTip = {};
   bool visible = true;
@@ -77,7 +77,7 @@ class Control {
   void attach(Peer* peer) { peer_ = peer; }
 
  protected:
-  Control(Parent parent, Kind kind, std::string name, Start start);
+  Control(Parent parent, Kind kind, std::string name, ControlInit start);
   ~Control() = default;
 
   void notify(Change change);

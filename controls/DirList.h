@@ -20,7 +20,7 @@ struct DirEntry {
 
 class DirList final : public Control {
  public:
-  DirList(Parent parent, std::string name, Start start)
+  DirList(Parent parent, std::string name, ControlInit start)
       : Control(parent, Kind::kDirList, std::move(name), std::move(start)) {}
 
   // The current folder has changed, by the user or by code.

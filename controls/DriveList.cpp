@@ -20,7 +20,7 @@ std::string driveText(const platform::Drive& drive) {
 
 }  // namespace
 
-DriveList::DriveList(Parent parent, std::string name, Start start)
+DriveList::DriveList(Parent parent, std::string name, ControlInit start)
     : Control(parent, Kind::kDriveList, std::move(name), std::move(start)) {
   items_.push_back(platform::machine().files().currentFolder());
   reload();

@@ -12,7 +12,7 @@ namespace controls {
 class DriveList final : public Control {
  public:
   // Reads the machine's drives; the drive of the process's current folder is the chosen one.
-  DriveList(Parent parent, std::string name, Start start);
+  DriveList(Parent parent, std::string name, ControlInit start);
 
   // The user has chosen a drive.
   Event onChange;

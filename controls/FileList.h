@@ -13,7 +13,7 @@ namespace controls {
 
 class FileList final : public Control {
  public:
-  FileList(Parent parent, std::string name, Start start)
+  FileList(Parent parent, std::string name, ControlInit start)
       : Control(parent, Kind::kFileList, std::move(name), std::move(start)) {}
 
   // The folder whose files are listed; empty before the first setPath.

@@ -10,7 +10,7 @@ enum class Picture { kNone, kMagnifier, kInvert };
 
 class FlatButton final : public Control {
  public:
-  FlatButton(Parent parent, std::string name, Start start, Picture picture = Picture::kNone)
+  FlatButton(Parent parent, std::string name, ControlInit start, Picture picture = Picture::kNone)
       : Control(parent, Kind::kButton, std::move(name), std::move(start)), picture_(picture) {}
 
   Event onClick;

@@ -7,7 +7,7 @@ namespace controls {
 
 class Frame final : public Control {
  public:
-  Frame(Parent parent, std::string name, Start start)
+  Frame(Parent parent, std::string name, ControlInit start)
       : Control(parent, Kind::kFrame, std::move(name), std::move(start)) {}
 };
 

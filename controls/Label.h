@@ -14,7 +14,7 @@ enum class Ground { kWindow, kTrack, kFilled };
 class Label final : public Control {
  public:
   // A label begins at the left edge of its place in the layout and takes `widthPercent` of its width.
-  Label(Parent parent, std::string name, Start start, Ground ground = Ground::kWindow, int widthPercent = 100)
+  Label(Parent parent, std::string name, ControlInit start, Ground ground = Ground::kWindow, int widthPercent = 100)
       : Control(parent, Kind::kLabel, std::move(name), std::move(start)),
         ground_(ground),
         widthPercent_(widthPercent) {}

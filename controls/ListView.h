@@ -23,7 +23,7 @@ struct Column {
 
 class ListView final : public Control {
  public:
-  ListView(Parent parent, std::string name, Start start, std::vector<Column> columns, bool checkBoxes = true)
+  ListView(Parent parent, std::string name, ControlInit start, std::vector<Column> columns, bool checkBoxes = true)
       : Control(parent, Kind::kListView, std::move(name), std::move(start)),
         columns_(std::move(columns)),
         checkBoxes_(checkBoxes) {}

@@ -7,7 +7,7 @@ namespace controls {
 
 class PictureBox final : public Control {
  public:
-  PictureBox(Parent parent, std::string name, Start start)
+  PictureBox(Parent parent, std::string name, ControlInit start)
       : Control(parent, Kind::kPicture, std::move(name), std::move(start)) {}
 
   Event onClick;

@@ -7,7 +7,7 @@ namespace controls {
 
 class TextBox final : public Control {
  public:
-  TextBox(Parent parent, std::string name, Start start = {})
+  TextBox(Parent parent, std::string name, ControlInit start = {})
       : Control(parent, Kind::kTextBox, std::move(name), std::move(start)) {}
 
   const std::string& text() const { return text_; }

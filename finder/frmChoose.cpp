@@ -4,17 +4,18 @@
 
 #include "console/frmFind.h"
 
+using controls::ControlInit;
 using controls::place;
-using controls::Start;
 
 frmChoose::frmChoose(frmFind& console)
     : Form("Custom File Extensions"),
-      Frame1(*this, "Frame1", Start{.caption = "Custom File Extensions"}),
-      Label1(Frame1, "Label1",
-             Start{.caption = "You can enter up to five custom file extensions here. You do not need to enter the . "
-                              "just the extension; for example:  jpg or 001"}),
-      cmdAccept(*this, "cmdAccept", Start{.caption = "Accept"}),
-      cmdCancel(*this, "cmdCancel", Start{.caption = "Cancel"}),
+      Frame1(*this, "Frame1", ControlInit{.caption = "Custom File Extensions"}),
+      Label1(
+          Frame1, "Label1",
+          ControlInit{.caption = "You can enter up to five custom file extensions here. You do not need to enter the . "
+                                 "just the extension; for example:  jpg or 001"}),
+      cmdAccept(*this, "cmdAccept", ControlInit{.caption = "Accept"}),
+      cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel"}),
       console_(console) {
   for (std::size_t i = 0; i < kCustomExtensions; ++i) txtChoose.add(Frame1, "txtChoose" + std::to_string(i));
   cmdAccept.onClick = [this] { cmdAccept_Click(); };

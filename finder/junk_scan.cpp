@@ -56,7 +56,7 @@ bool isBlank(const std::string& text) { return platform::trimmed(text).empty(); 
 void frmFind::makeFileTypeBoxes() {
   for (std::size_t i = 0; i < kTypes.size(); ++i) {
     Check.add(Specials, "Check" + std::to_string(i),
-              controls::Start{.caption = kTypes[i].caption, .toolTip = kTypes[i].toolTip});
+              controls::ControlInit{.caption = kTypes[i].caption, .toolTip = kTypes[i].toolTip});
     Check[i].onClick = [this] { Check_Click(); };
   }
 }

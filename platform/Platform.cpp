@@ -14,8 +14,8 @@ Machine& machine() {
   return *installed;
 }
 
-Use::Use(Machine& machine) : previous_(installed) { installed = &machine; }
+ScopedMachine::ScopedMachine(Machine& machine) : previous_(installed) { installed = &machine; }
 
-Use::~Use() { installed = previous_; }
+ScopedMachine::~ScopedMachine() { installed = previous_; }
 
 }  // namespace platform

@@ -38,12 +38,12 @@ class Machine {
 Machine& machine();
 
 // Installs a machine for as long as this object lives; the one before comes back afterwards. Does not own it.
-class Use {
+class ScopedMachine {
  public:
-  explicit Use(Machine& machine);
-  ~Use();
-  Use(const Use&) = delete;
-  Use& operator=(const Use&) = delete;
+  explicit ScopedMachine(Machine& machine);
+  ~ScopedMachine();
+  ScopedMachine(const ScopedMachine&) = delete;
+  ScopedMachine& operator=(const ScopedMachine&) = delete;
 
  private:
   Machine* previous_;

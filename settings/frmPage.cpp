@@ -17,7 +17,7 @@ void writeSetting(std::int32_t value) {
 
 frmPage::frmPage()
     : ToggleWindow("Cear Pagfile", "Toggles Enable/Disable Clear Pagefile"),
-      lblPage(Frame1, "lblPage", controls::Start{.caption = kUnknownSetting}) {}
+      lblPage(Frame1, "lblPage", controls::ControlInit{.caption = kUnknownSetting}) {}
 
 controls::Box frmPage::layout() {
   return layoutAround(lblPage, {"Clear Pagefile on shutdown is currently disabled.",

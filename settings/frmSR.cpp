@@ -35,8 +35,8 @@ void runNet(const std::string& command, const std::string& service) {
 
 frmSR::frmSR()
     : ToggleWindow("Toggle System Restore", "Toggles Enable/Disable System Restore"),
-      lblSR(Frame1, "lblSR", controls::Start{.caption = kUnknownSetting}),
-      ListView1(Frame1, "ListView1", controls::Start{.visible = false}, {}) {}
+      lblSR(Frame1, "lblSR", controls::ControlInit{.caption = kUnknownSetting}),
+      ListView1(Frame1, "ListView1", controls::ControlInit{.visible = false}, {}) {}
 
 controls::Box frmSR::layout() {
   return layoutAround(lblSR, {"System Restore is currently disabled.", "System Restore is currently enabled."});

@@ -7,9 +7,9 @@
 #include "console/modOS.h"
 #include "settings/modRegistry.h"
 
+using controls::ControlInit;
 using controls::messageBox;
 using controls::place;
-using controls::Start;
 
 namespace {
 
@@ -22,9 +22,9 @@ constexpr int kButtonWidth = 50;
 
 ToggleWindow::ToggleWindow(std::string caption, std::string toggleToolTip)
     : Form(std::move(caption)),
-      Frame1(*this, "Frame1", Start{}),
-      cmdToggle(*this, "cmdToggle", Start{.caption = kToggleCaption, .toolTip = std::move(toggleToolTip)}),
-      cmd_Cancel(*this, "cmd_Cancel", Start{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
+      Frame1(*this, "Frame1", ControlInit{}),
+      cmdToggle(*this, "cmdToggle", ControlInit{.caption = kToggleCaption, .toolTip = std::move(toggleToolTip)}),
+      cmd_Cancel(*this, "cmd_Cancel", ControlInit{.caption = "Cancel", .toolTip = "ExitThis Window"}) {
   cmdToggle.onClick = [this] { cmdToggle_Click(); };
   cmd_Cancel.onClick = [this] { close(); };
   cmdToggle.setMnemonic('E');

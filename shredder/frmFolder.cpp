@@ -2,17 +2,17 @@
 
 #include "shredder/frmMain.h"
 
+using controls::ControlInit;
 using controls::place;
-using controls::Start;
 
 frmFolder::frmFolder(frmMain& shredder)
     : Form("Add folder contents"),
-      Frame1(*this, "Frame1", Start{.caption = "Select a folder (folder contents will be shredded)"}),
-      Drive1(Frame1, "Drive1", Start{}),
-      Dir1(Frame1, "Dir1", Start{}),
-      File1(Frame1, "File1", Start{}),
-      okButton(*this, "okButton", Start{.caption = "OK"}),
-      cancelButton(*this, "cancelButton", Start{.caption = "Cancel"}),
+      Frame1(*this, "Frame1", ControlInit{.caption = "Select a folder (folder contents will be shredded)"}),
+      Drive1(Frame1, "Drive1", ControlInit{}),
+      Dir1(Frame1, "Dir1", ControlInit{}),
+      File1(Frame1, "File1", ControlInit{}),
+      okButton(*this, "okButton", ControlInit{.caption = "OK"}),
+      cancelButton(*this, "cancelButton", ControlInit{.caption = "Cancel"}),
       shredder_(shredder) {
   Drive1.onChange = [this] { Drive1_Change(); };
   Dir1.onChange = [this] { Dir1_Change(); };

@@ -5,25 +5,26 @@
 #include "shredder/modMain.h"
 
 using controls::Box;
+using controls::ControlInit;
 using controls::messageBox;
 using controls::place;
-using controls::Start;
 using platform::Answer;
 
 frmMain::frmMain()
     : Form("Scrubhaven Pro - Shredder"),
-      Frame1(*this, "Frame1", Start{.caption = "Select Files to Shred"}),
-      ListView1(Frame1, "ListView1", Start{}, {{.title = "File Name and Path"}}, false),
-      cmdAddFile(*this, "cmdAddFile", Start{.caption = "Add File", .toolTip = "Add File to Shredder List"}),
-      cmdAddFolder(*this, "cmdAddFolder",
-                   Start{.caption = "Add Folder", .toolTip = "Add Contents of an Entire Folder to Shredder List"}),
+      Frame1(*this, "Frame1", ControlInit{.caption = "Select Files to Shred"}),
+      ListView1(Frame1, "ListView1", ControlInit{}, {{.title = "File Name and Path"}}, false),
+      cmdAddFile(*this, "cmdAddFile", ControlInit{.caption = "Add File", .toolTip = "Add File to Shredder List"}),
+      cmdAddFolder(
+          *this, "cmdAddFolder",
+          ControlInit{.caption = "Add Folder", .toolTip = "Add Contents of an Entire Folder to Shredder List"}),
       cmdRemoveFile(*this, "cmdRemoveFile",
-                    Start{.caption = "Remove File", .toolTip = "Remove File From Shredder List"}),
-      cmdShred(*this, "cmdShred", Start{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
-      cmdCancel(*this, "cmdCancel", Start{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
-      cmdClose(*this, "cmdClose", Start{.caption = "Close", .toolTip = "Close Shredder"}),
-      lblBlue(*this, "lblBlue", Start{.visible = false}, controls::Ground::kFilled, 0),
-      lblGrey(*this, "lblGrey", Start{}, controls::Ground::kTrack) {
+                    ControlInit{.caption = "Remove File", .toolTip = "Remove File From Shredder List"}),
+      cmdShred(*this, "cmdShred", ControlInit{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
+      cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
+      cmdClose(*this, "cmdClose", ControlInit{.caption = "Close", .toolTip = "Close Shredder"}),
+      lblBlue(*this, "lblBlue", ControlInit{.visible = false}, controls::Ground::kFilled, 0),
+      lblGrey(*this, "lblGrey", ControlInit{}, controls::Ground::kTrack) {
   cmdAddFile.onClick = [this] { cmdAddFile_Click(); };
   cmdAddFolder.onClick = [this] { cmdAddFolder_Click(); };
   cmdRemoveFile.onClick = [this] { cmdRemoveFile_Click(); };

@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "platform/win32/Win32Machine.h"
-#include "platform/win32/Win32Ui.h"
+#include "platform/win32/ui/Win32Ui.h"
 #include "shredder/frmMain.h"
 #include "shredder/modMain.h"
 
@@ -48,7 +48,7 @@ int timeKeystream(int megabytes) {
 int timeShredding(const std::string& path) {
   SetCurrentDirectoryA(path.substr(0, path.rfind('\\') + 1).c_str());
   platform::win32::Win32Machine machine(std::make_unique<platform::win32::Win32Ui>());
-  const platform::Use use(machine);
+  const platform::ScopedMachine use(machine);
   frmMain window;
   const auto start = std::chrono::steady_clock::now();
   ShredFile(path, SHRED_ROUNDS, window);

@@ -39,7 +39,7 @@ std::string timeText(int secondOfDay) {
 
 bool MemoryCalendar::fileTimeToSystemTime(const FileTime& time, SystemTime& fields) {
   constexpr std::uint32_t kHighestBit = 0x80000000;
-  if (faults_.strike("fileTimeToSystemTime") || (time.high & kHighestBit) != 0) return false;
+  if (faults_.nextFault("fileTimeToSystemTime") || (time.high & kHighestBit) != 0) return false;
   const std::uint64_t milliseconds = ((std::uint64_t{time.high} << 32) | time.low) / kStepsPerMillisecond;
   const sys_days day = kFileTimesStart + days(milliseconds / kMillisecondsPerDay);
   const auto ofDay = static_cast<std::uint32_t>(milliseconds % kMillisecondsPerDay);
@@ -56,7 +56,7 @@ bool MemoryCalendar::fileTimeToSystemTime(const FileTime& time, SystemTime& fiel
 }
 
 std::string MemoryCalendar::textOf(Date date) {
-  faults_.strike("textOf");
+  faults_.nextFault("textOf");
   const double whole = std::trunc(date);
   const auto secondOfDay = static_cast<int>(std::lround(std::abs(date - whole) * kSecondsPerDay));
   if (whole == 0) return timeText(secondOfDay);

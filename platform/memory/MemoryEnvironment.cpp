@@ -8,12 +8,12 @@ namespace platform::memory {
 // same.
 
 std::uint32_t MemoryEnvironment::getTickCount() {
-  faults_.strike("getTickCount");
+  faults_.nextFault("getTickCount");
   return tickCount_;
 }
 
 std::string MemoryEnvironment::programFolder() {
-  faults_.strike("programFolder");
+  faults_.nextFault("programFolder");
   return programFolder_;
 }
 
@@ -22,33 +22,33 @@ void MemoryEnvironment::setVariable(std::string_view name, std::string value) {
 }
 
 std::string MemoryEnvironment::getEnvironmentVariable(const std::string& name) {
-  if (faults_.strike("getEnvironmentVariable")) return {};
+  if (faults_.nextFault("getEnvironmentVariable")) return {};
   const auto found = variables_.find(upper(name));
   return found == variables_.end() ? std::string() : found->second;
 }
 
 std::string MemoryEnvironment::upperCase(std::string_view text) {
-  faults_.strike("upperCase");
+  faults_.nextFault("upperCase");
   return upper(text);
 }
 
 std::string MemoryEnvironment::dateText() {
-  faults_.strike("dateText");
+  faults_.nextFault("dateText");
   return dateText_;
 }
 
 std::string MemoryEnvironment::timeText() {
-  faults_.strike("timeText");
+  faults_.nextFault("timeText");
   return timeText_;
 }
 
 float MemoryEnvironment::secondsSinceMidnight() {
-  faults_.strike("secondsSinceMidnight");
+  faults_.nextFault("secondsSinceMidnight");
   return seconds_;
 }
 
 double MemoryEnvironment::nextUniform() {
-  faults_.strike("nextUniform");
+  faults_.nextFault("nextUniform");
   return uniform_.next();
 }
 

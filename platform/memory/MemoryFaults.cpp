@@ -22,7 +22,7 @@ void MemoryFaults::clear() {
   for (auto& [name, operation] : operations_) operation.failures.clear();
 }
 
-std::optional<std::int32_t> MemoryFaults::strike(std::string_view operation, std::int32_t usual) {
+std::optional<std::int32_t> MemoryFaults::nextFault(std::string_view operation, std::int32_t usual) {
   auto found = operations_.find(operation);
   if (found == operations_.end()) found = operations_.emplace(operation, Operation{}).first;
   Operation& called = found->second;

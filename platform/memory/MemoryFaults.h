@@ -22,7 +22,7 @@ class MemoryFaults {
   void clear();
 
   // For the operations: counts a call, and gives the number to fail with when this call has been ordered to fail.
-  std::optional<std::int32_t> strike(std::string_view operation, std::int32_t usual = 0);
+  std::optional<std::int32_t> nextFault(std::string_view operation, std::int32_t usual = 0);
 
  private:
   struct Operation {

@@ -105,7 +105,7 @@ bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
 }
 
 Handle MemoryFileSystem::findFirstFile(const std::string& pattern, FindRecord& record) {
-  if (faults_.strike("findFirstFile")) return kInvalidHandle;
+  if (faults_.nextFault("findFirstFile")) return kInvalidHandle;
   std::optional<Enumeration> enumeration = startEnumeration(pattern);
   if (!enumeration || !next(*enumeration, record)) return kInvalidHandle;
   const Handle handle = disk_.newHandle();
@@ -114,26 +114,26 @@ Handle MemoryFileSystem::findFirstFile(const std::string& pattern, FindRecord& r
 }
 
 bool MemoryFileSystem::findNextFile(Handle enumeration, FindRecord& record) {
-  if (faults_.strike("findNextFile")) return false;
+  if (faults_.nextFault("findNextFile")) return false;
   const auto found = enumerations_.find(enumeration);
   return found != enumerations_.end() && next(found->second, record);
 }
 
 bool MemoryFileSystem::findClose(Handle enumeration) {
-  const bool fails = faults_.strike("findClose").has_value();
+  const bool fails = faults_.nextFault("findClose").has_value();
   return enumerations_.erase(enumeration) != 0 && !fails;
 }
 
 // --- Attributes and lengths
 
 std::uint32_t MemoryFileSystem::getFileAttributes(const std::string& path) {
-  if (faults_.strike("getFileAttributes")) return kInvalidAttributes;
+  if (faults_.nextFault("getFileAttributes")) return kInvalidAttributes;
   const DiskResult<NodePtr> node = disk_.find(path);
   return node ? (*node)->reportedAttributes() : kInvalidAttributes;
 }
 
 bool MemoryFileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
-  if (faults_.strike("setFileAttributes")) return false;
+  if (faults_.nextFault("setFileAttributes")) return false;
   const DiskResult<NodePtr> node = disk_.find(path);
   if (!node || (*node)->deniesWriting) return false;
   (*node)->attributes = ((*node)->attributes & ~kSettable) | (attributes & kSettable);
@@ -141,14 +141,14 @@ bool MemoryFileSystem::setFileAttributes(const std::string& path, std::uint32_t 
 }
 
 Result<std::int32_t> MemoryFileSystem::fileLength(const std::string& path) {
-  if (const auto number = faults_.strike("fileLength", kFileNotFound)) return failure(*number);
+  if (const auto number = faults_.nextFault("fileLength", kFileNotFound)) return failure(*number);
   const DiskResult<NodePtr> node = disk_.find(path);
   if (!node || (*node)->isFolder()) return failure(kFileNotFound);
   return static_cast<std::int32_t>(static_cast<std::uint32_t>((*node)->bytes.size()));
 }
 
 bool MemoryFileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
-  if (faults_.strike("anyFileMatches")) return false;
+  if (faults_.nextFault("anyFileMatches")) return false;
   std::optional<Enumeration> enumeration = startEnumeration(pattern);
   constexpr std::uint32_t kTested = kReadOnly | kHidden | kSystem | kDirectory;
   FindRecord record;
@@ -161,14 +161,14 @@ bool MemoryFileSystem::anyFileMatches(const std::string& pattern, std::uint32_t 
 // --- Handles
 
 Handle MemoryFileSystem::createFile(const std::string& path, const OpenRequest& request) {
-  if (faults_.strike("createFile")) return kInvalidHandle;
+  if (faults_.nextFault("createFile")) return kInvalidHandle;
   const DiskResult<NodePtr> file = disk_.find(path);
   if (!file || request.disposition != kOpenExisting) return kInvalidHandle;
   return disk_.open(*file, request.access, request.share).value_or(kInvalidHandle);
 }
 
 bool MemoryFileSystem::closeHandle(Handle handle) {
-  const bool fails = faults_.strike("closeHandle").has_value();
+  const bool fails = faults_.nextFault("closeHandle").has_value();
   const bool isNumbered =
       std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
   return !isNumbered && disk_.close(handle).has_value() && !fails;
@@ -177,7 +177,7 @@ bool MemoryFileSystem::closeHandle(Handle handle) {
 // --- File numbers
 
 Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
-  if (const auto fault = faults_.strike("openBinary", kPathFileAccess)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("openBinary", kPathFileAccess)) return failure(*fault);
   if (number < 1 || number > kLastFileNumber) return failure(kBadFileNumber);
   if (numbered_.contains(number)) return failure(kFileAlreadyOpen);
   DiskResult<NodePtr> file = disk_.find(path);
@@ -197,18 +197,18 @@ Result<void> MemoryFileSystem::write(int number, std::optional<std::uint64_t> po
 }
 
 Result<void> MemoryFileSystem::putBytes(int number, std::string_view bytes) {
-  if (const auto fault = faults_.strike("putBytes", kDiskFull)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("putBytes", kDiskFull)) return failure(*fault);
   return write(number, std::nullopt, bytes);
 }
 
 Result<void> MemoryFileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
-  if (const auto fault = faults_.strike("putBytesAt", kDiskFull)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("putBytesAt", kDiskFull)) return failure(*fault);
   if (position == 0) return failure(kInvalidCall);
   return write(number, position - 1, bytes);
 }
 
 void MemoryFileSystem::closeFile(int number) {
-  faults_.strike("closeFile");
+  faults_.nextFault("closeFile");
   const auto opened = numbered_.find(number);
   if (opened == numbered_.end()) return;
   static_cast<void>(disk_.close(opened->second));
@@ -216,7 +216,7 @@ void MemoryFileSystem::closeFile(int number) {
 }
 
 Result<int> MemoryFileSystem::freeFile() {
-  if (const auto fault = faults_.strike("freeFile", kTooManyFiles)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("freeFile", kTooManyFiles)) return failure(*fault);
   int number = 1;
   while (numbered_.contains(number)) ++number;
   if (number > kLastFileNumber) return failure(kTooManyFiles);
@@ -224,20 +224,20 @@ Result<int> MemoryFileSystem::freeFile() {
 }
 
 bool MemoryFileSystem::flushFileBuffers(Handle handle) {
-  return !faults_.strike("flushFileBuffers") && disk_.isOpen(handle);
+  return !faults_.nextFault("flushFileBuffers") && disk_.isOpen(handle);
 }
 
 // --- Renaming and removing
 
 Result<std::string> MemoryFileSystem::getFullPathName(const std::string& path) {
-  if (const auto fault = faults_.strike("getFullPathName", kPathNotFound)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("getFullPathName", kPathNotFound)) return failure(*fault);
   const DiskResult<FullPath> full = disk_.fullPath(path);
   if (!full) return failure(kPathNotFound);
   return full->text();
 }
 
 Result<void> MemoryFileSystem::moveFile(const std::string& from, const std::string& to) {
-  if (const auto fault = faults_.strike("moveFile", kPathFileAccess)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("moveFile", kPathFileAccess)) return failure(*fault);
   const DiskResult<NodePtr> node = disk_.find(from);
   if (!node) return failure(changeFailure(node.error()));
   const DiskResult<void> moved = disk_.move(*node, to);
@@ -245,7 +245,7 @@ Result<void> MemoryFileSystem::moveFile(const std::string& from, const std::stri
 }
 
 Result<void> MemoryFileSystem::remove(const std::string& path) {
-  if (const auto fault = faults_.strike("remove", kPathFileAccess)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("remove", kPathFileAccess)) return failure(*fault);
   const DiskResult<NodePtr> node = disk_.find(path);
   if (!node) return failure(changeFailure(node.error()));
   if ((*node)->isFolder()) return failure(kPathFileAccess);
@@ -256,29 +256,29 @@ Result<void> MemoryFileSystem::remove(const std::string& path) {
 // --- Drives and folders
 
 std::vector<Drive> MemoryFileSystem::drives() {
-  if (faults_.strike("drives")) return {};
+  if (faults_.nextFault("drives")) return {};
   return disk_.drives();
 }
 
 std::string MemoryFileSystem::currentFolder() {
-  if (faults_.strike("currentFolder")) return {};
+  if (faults_.nextFault("currentFolder")) return {};
   return disk_.currentFolder();
 }
 
 Result<std::string> MemoryFileSystem::currentFolderOf(char letter) {
-  if (const auto fault = faults_.strike("currentFolderOf", kDeviceUnavailable)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("currentFolderOf", kDeviceUnavailable)) return failure(*fault);
   const DiskResult<std::string> folder = disk_.currentFolderOf(letter);
   if (!folder) return failure(kDeviceUnavailable);
   return *folder;
 }
 
 Result<std::vector<std::string>> MemoryFileSystem::subfolders(const std::string& folder) {
-  if (const auto fault = faults_.strike("subfolders", kDeviceUnavailable)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("subfolders", kDeviceUnavailable)) return failure(*fault);
   return shownNames(folder, true);
 }
 
 Result<std::vector<std::string>> MemoryFileSystem::filesIn(const std::string& folder) {
-  if (const auto fault = faults_.strike("filesIn", kDeviceUnavailable)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("filesIn", kDeviceUnavailable)) return failure(*fault);
   return shownNames(folder, false);
 }
 

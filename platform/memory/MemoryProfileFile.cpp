@@ -85,7 +85,7 @@ std::vector<std::string> MemoryProfileFile::linesOf(const std::string& file) con
 std::uint32_t MemoryProfileFile::getString(const std::string& section, const std::string& entry,
                                            const std::string& fallback, std::span<char> buffer,
                                            const std::string& file) {
-  const bool fails = faults_.strike("getString").has_value();
+  const bool fails = faults_.nextFault("getString").has_value();
   const std::string text = (fails ? std::nullopt : textOf(linesOf(file), section, entry)).value_or(fallback);
   if (buffer.empty()) return 0;
   const std::size_t length = std::min(text.size(), buffer.size() - 1);
@@ -96,7 +96,7 @@ std::uint32_t MemoryProfileFile::getString(const std::string& section, const std
 
 std::uint32_t MemoryProfileFile::getInt(const std::string& section, const std::string& entry, std::int32_t fallback,
                                         const std::string& file) {
-  const bool fails = faults_.strike("getInt").has_value();
+  const bool fails = faults_.nextFault("getInt").has_value();
   const std::optional<std::string> text = fails ? std::nullopt : textOf(linesOf(file), section, entry);
   if (!text) return static_cast<std::uint32_t>(fallback);
   const bool isNegative = text->starts_with('-');
@@ -109,7 +109,7 @@ std::uint32_t MemoryProfileFile::getInt(const std::string& section, const std::s
 
 bool MemoryProfileFile::writeString(const std::string& section, const std::string& entry, const std::string& text,
                                     const std::string& file) {
-  if (faults_.strike("writeString")) return false;
+  if (faults_.nextFault("writeString")) return false;
   const std::string path = fullName(file);
   DiskResult<NodePtr> node = disk_.find(path);
   if (!node && node.error() == DiskError::kFileNotFound) node = disk_.create(path);

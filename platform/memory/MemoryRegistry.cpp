@@ -181,7 +181,7 @@ RegistryKey MemoryRegistry::open(const KeyPtr& key, std::uint32_t access) {
 std::int32_t MemoryRegistry::openKey(RegistryKey key, const std::string& path, std::uint32_t access,
                                      RegistryKey& opened) {
   calls_.push_back(line("openKey", nameOf(key) + path, {access}));
-  if (const auto fault = faults_.strike("openKey", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("openKey", kRegistryAccessDenied)) return *fault;
   KeyPtr parent;
   if (const auto code = findParent(key, path, parent); code != kRegistryDone) return code;
   const KeyPtr found = walk(parent, path);
@@ -193,7 +193,7 @@ std::int32_t MemoryRegistry::openKey(RegistryKey key, const std::string& path, s
 std::int32_t MemoryRegistry::createKey(RegistryKey key, const std::string& path, std::uint32_t access,
                                        RegistryKey& opened) {
   calls_.push_back(line("createKey", nameOf(key) + path, {access}));
-  if (const auto fault = faults_.strike("createKey", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("createKey", kRegistryAccessDenied)) return *fault;
   KeyPtr parent;
   if (const auto code = findParent(key, path, parent); code != kRegistryDone) return code;
   opened = open(walkAndMake(parent, path), access);
@@ -202,7 +202,7 @@ std::int32_t MemoryRegistry::createKey(RegistryKey key, const std::string& path,
 
 std::int32_t MemoryRegistry::deleteKey(RegistryKey key, const std::string& path) {
   calls_.push_back(line("deleteKey", nameOf(key) + path, {}));
-  if (const auto fault = faults_.strike("deleteKey", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("deleteKey", kRegistryAccessDenied)) return *fault;
   KeyPtr parent;
   if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
   std::vector<std::string> parts = partsOf(path);
@@ -228,7 +228,7 @@ void MemoryRegistry::markDeleted(Key& key) {
 }
 
 std::int32_t MemoryRegistry::closeKey(RegistryKey key) {
-  const auto fault = faults_.strike("closeKey", kRegistryInvalidHandle);
+  const auto fault = faults_.nextFault("closeKey", kRegistryInvalidHandle);
   const bool isOpen = root(key) != nullptr || open_.erase(key) != 0;
   if (fault) return *fault;
   return isOpen ? kRegistryDone : kRegistryInvalidHandle;
@@ -239,7 +239,7 @@ std::int32_t MemoryRegistry::closeKey(RegistryKey key) {
 std::int32_t MemoryRegistry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
                                         std::span<char> buffer, std::uint32_t& size) {
   calls_.push_back(line("queryValue", name, {buffer.size()}));
-  if (const auto fault = faults_.strike("queryValue", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("queryValue", kRegistryAccessDenied)) return *fault;
   KeyPtr opened;
   if (const auto code = find(key, kQueryValue, opened); code != kRegistryDone) return code;
   const auto found = opened->values.find(name);
@@ -255,7 +255,7 @@ std::int32_t MemoryRegistry::queryValue(RegistryKey key, const std::string& name
 std::int32_t MemoryRegistry::setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                       const std::string& data) {
   calls_.push_back(line("setValue", name, {type, data.size()}));
-  if (const auto fault = faults_.strike("setValue", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("setValue", kRegistryAccessDenied)) return *fault;
   KeyPtr opened;
   if (const auto code = find(key, kSetValue, opened); code != kRegistryDone) return code;
   opened->values[name] = {type, asStored(data, type, isNtLine())};
@@ -264,7 +264,7 @@ std::int32_t MemoryRegistry::setValue(RegistryKey key, const std::string& name, 
 
 std::int32_t MemoryRegistry::deleteValue(RegistryKey key, const std::string& name) {
   calls_.push_back(line("deleteValue", name, {}));
-  if (const auto fault = faults_.strike("deleteValue", kRegistryAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("deleteValue", kRegistryAccessDenied)) return *fault;
   KeyPtr opened;
   if (const auto code = find(key, kSetValue, opened); code != kRegistryDone) return code;
   return opened->values.erase(name) != 0 ? kRegistryDone : kRegistryNotFound;

@@ -11,15 +11,15 @@ class MemoryScriptShell final : public ScriptShell {
   MemoryScriptShell(Registry& registry, MemoryFaults& faults) : shell_(registry), faults_(faults) {}
 
   Result<std::string> regRead(const std::string& path) override {
-    if (const auto fault = faults_.strike("regRead", kScriptPathNotFound)) return failure(*fault);
+    if (const auto fault = faults_.nextFault("regRead", kScriptPathNotFound)) return failure(*fault);
     return shell_.regRead(path);
   }
   Result<void> regWrite(const std::string& path, const std::string& text) override {
-    if (const auto fault = faults_.strike("regWrite", kPermissionDenied)) return failure(*fault);
+    if (const auto fault = faults_.nextFault("regWrite", kPermissionDenied)) return failure(*fault);
     return shell_.regWrite(path, text);
   }
   Result<void> regDelete(const std::string& path) override {
-    if (const auto fault = faults_.strike("regDelete", kScriptPathNotFound)) return failure(*fault);
+    if (const auto fault = faults_.nextFault("regDelete", kScriptPathNotFound)) return failure(*fault);
     return shell_.regDelete(path);
   }
 

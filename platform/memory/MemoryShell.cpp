@@ -29,7 +29,7 @@ std::vector<std::string> pathsOf(std::string_view list) {
 
 std::int32_t MemoryShell::fileOperation(const FileOperation& operation) {
   fileOperations_.push_back(operation);
-  if (const auto fault = faults_.strike("fileOperation", kErrorAccessDenied)) return *fault;
+  if (const auto fault = faults_.nextFault("fileOperation", kErrorAccessDenied)) return *fault;
   if (operation.operation != kShellDelete) return kErrorInvalidParameter;
 
   const bool toRecycleBin = (operation.flags & kAllowUndo) != 0;
@@ -47,23 +47,23 @@ std::int32_t MemoryShell::fileOperation(const FileOperation& operation) {
 
 std::int32_t MemoryShell::execute(const ShellCommand& command) {
   commands_.push_back(command);
-  return faults_.strike("execute", kNoAssociation).value_or(kExecuted);
+  return faults_.nextFault("execute", kNoAssociation).value_or(kExecuted);
 }
 
 Result<void> MemoryShell::launchHidden(const std::string& commandLine) {
   launches_.push_back(commandLine);
-  const auto fault = faults_.strike("launchHidden", kFileNotFound);
+  const auto fault = faults_.nextFault("launchHidden", kFileNotFound);
   return fault ? failure(*fault) : Result<void>{};
 }
 
 std::int32_t MemoryShell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {
   binEmptyings_.push_back({root, flags});
-  if (const auto fault = faults_.strike("emptyRecycleBin", kUnexpected)) return *fault;
+  if (const auto fault = faults_.nextFault("emptyRecycleBin", kUnexpected)) return *fault;
   return disk_.emptyRecycleBin(root) > 0 ? 0 : kUnexpected;
 }
 
 void MemoryShell::addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) {
-  if (faults_.strike("addToRecentDocs") || flags != kRecentByPath) return;
+  if (faults_.nextFault("addToRecentDocs") || flags != kRecentByPath) return;
   if (!path) return recentDocuments_.clear();
   std::erase(recentDocuments_, *path);
   recentDocuments_.push_back(*path);

@@ -46,7 +46,7 @@ class Raised {
 }  // namespace
 
 Answer MemoryUi::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
-  faults_.strike("messageBox");
+  faults_.nextFault("messageBox");
   const std::vector<Answer> buttons = buttonsOf(style);
   const bool second = (style & kBoxSecondButtonDefault) != 0 && buttons.size() > 1;
   ShownBox box{text, title, style, buttons[second ? 1 : 0]};
@@ -65,7 +65,7 @@ Answer MemoryUi::messageBox(const std::string& text, const std::string& title, s
 
 Result<std::string> MemoryUi::openFileDialog(const OpenFileRequest& request) {
   fileDialogs_.push_back(request);
-  if (const auto fault = faults_.strike("openFileDialog", kDialogCancelled)) return failure(*fault);
+  if (const auto fault = faults_.nextFault("openFileDialog", kDialogCancelled)) return failure(*fault);
   if (chosenFiles_.empty()) return failure(kDialogCancelled);
   std::string path = takeFirst(chosenFiles_);
   disk_.setCurrentFolder(MemoryDisk::split(path).folder);
@@ -73,7 +73,7 @@ Result<std::string> MemoryUi::openFileDialog(const OpenFileRequest& request) {
 }
 
 void MemoryUi::serveEvents() {
-  faults_.strike("serveEvents");
+  faults_.nextFault("serveEvents");
   if (!queued_.empty()) takeFirst(queued_)();
   if (inAlways_) return;
   const Raised raised(inAlways_);
@@ -82,7 +82,7 @@ void MemoryUi::serveEvents() {
 }
 
 void MemoryUi::runModal(controls::Form& form, controls::Form*) {
-  faults_.strike("runModal");
+  faults_.nextFault("runModal");
   if (modal_.empty()) {
     form.close();
     return;
@@ -92,7 +92,7 @@ void MemoryUi::runModal(controls::Form& form, controls::Form*) {
 }
 
 void MemoryUi::end() {
-  faults_.strike("end");
+  faults_.nextFault("end");
   throw Ended{};
 }
 

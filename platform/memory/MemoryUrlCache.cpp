@@ -55,7 +55,7 @@ bool MemoryUrlCache::store(Place& place, UrlCacheEntry* buffer, std::uint32_t& s
 }
 
 Handle MemoryUrlCache::findFirstUrlCacheEntry(UrlCacheEntry* buffer, std::uint32_t& size) {
-  if (faults_.strike("findFirstUrlCacheEntry")) return kNoUrlCache;
+  if (faults_.nextFault("findFirstUrlCacheEntry")) return kNoUrlCache;
   Place place = 0;
   if (!store(place, buffer, size)) return kNoUrlCache;
   enumerations_[++lastHandle_] = place;
@@ -63,7 +63,7 @@ Handle MemoryUrlCache::findFirstUrlCacheEntry(UrlCacheEntry* buffer, std::uint32
 }
 
 bool MemoryUrlCache::findNextUrlCacheEntry(Handle enumeration, UrlCacheEntry* buffer, std::uint32_t& size) {
-  if (faults_.strike("findNextUrlCacheEntry")) return false;
+  if (faults_.nextFault("findNextUrlCacheEntry")) return false;
   const auto found = enumerations_.find(enumeration);
   return found != enumerations_.end() && store(found->second, buffer, size);
 }
@@ -71,11 +71,11 @@ bool MemoryUrlCache::findNextUrlCacheEntry(Handle enumeration, UrlCacheEntry* bu
 // A closing that fails closes all the same.
 bool MemoryUrlCache::findCloseUrlCache(Handle enumeration) {
   const bool closed = enumerations_.erase(enumeration) > 0;
-  return !faults_.strike("findCloseUrlCache") && closed;
+  return !faults_.nextFault("findCloseUrlCache") && closed;
 }
 
 bool MemoryUrlCache::deleteUrlCacheEntry(const std::string& url) {
-  if (faults_.strike("deleteUrlCacheEntry") || inUse_.contains(url)) return false;
+  if (faults_.nextFault("deleteUrlCacheEntry") || inUse_.contains(url)) return false;
   const auto found = places_.find(url);
   if (found == places_.end()) return false;
   pages_.erase(found->second);
@@ -84,7 +84,7 @@ bool MemoryUrlCache::deleteUrlCacheEntry(const std::string& url) {
 }
 
 void* MemoryUrlCache::localAlloc(std::size_t bytes) {
-  if (faults_.strike("localAlloc")) return nullptr;
+  if (faults_.nextFault("localAlloc")) return nullptr;
   void* block = std::malloc(bytes);
   if (block == nullptr) return nullptr;
   std::memset(block, kGarbage, bytes);
@@ -94,7 +94,7 @@ void* MemoryUrlCache::localAlloc(std::size_t bytes) {
 
 // Memory belongs to the process: a block may come from the machine that was in use before.
 void MemoryUrlCache::localFree(void* block) {
-  faults_.strike("localFree");
+  faults_.nextFault("localFree");
   blocks_.erase(block);
   std::free(block);
 }

@@ -32,7 +32,7 @@ std::string textOf(const Guid& guid) {
 
 std::int32_t MemoryUrlHistory::coCreateInstance(const Guid& classId, std::uint32_t context, const Guid& interfaceId,
                                                 Handle& object) {
-  if (const auto fault = faults_.strike("coCreateInstance", kNotRegistered)) return *fault;
+  if (const auto fault = faults_.nextFault("coCreateInstance", kNotRegistered)) return *fault;
   const bool inProcess = (context & kInProcess) != 0;
   if (!registered_ || !inProcess || textOf(classId) != kClass) return kNotRegistered;
   if (textOf(interfaceId) != kSecondInterface) return kNoInterface;
@@ -42,7 +42,7 @@ std::int32_t MemoryUrlHistory::coCreateInstance(const Guid& classId, std::uint32
 }
 
 std::int32_t MemoryUrlHistory::dispCallFunc(Handle object, std::uint32_t slot) {
-  if (const auto fault = faults_.strike("dispCallFunc", kNotImplemented)) return *fault;
+  if (const auto fault = faults_.nextFault("dispCallFunc", kNotImplemented)) return *fault;
   if (!objects_.contains(object)) return kBadPointer;
   if (slot == kClearHistory) {
     visited_.clear();

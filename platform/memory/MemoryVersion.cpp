@@ -3,7 +3,7 @@
 namespace platform::memory {
 
 bool MemoryVersion::getVersionEx(VersionRecord& record) {
-  if (faults_.strike("getVersionEx") || record.size != kVersionRecordSize) return false;
+  if (faults_.nextFault("getVersionEx") || record.size != kVersionRecordSize) return false;
   record = record_;
   record.size = kVersionRecordSize;
   return true;

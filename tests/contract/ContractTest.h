@@ -1,4 +1,4 @@
-// The fixture of the contract tests: a bed, its machine installed, and short words for what most tests do.
+// The fixture of the contract tests: a test machine, its services installed, and short words for what most tests do.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -9,27 +9,27 @@
 #include <utility>
 #include <vector>
 
-#include "tests/contract/Bed.h"
+#include "tests/contract/TestMachine.h"
 
 namespace contract {
 
 class ContractTest : public testing::Test {
  protected:
-  Bed& bed() { return *bed_; }
-  platform::FileSystem& files() { return bed_->machine().files(); }
-  platform::FileObjects& fileObjects() { return bed_->machine().fileObjects(); }
-  platform::Shell& shell() { return bed_->machine().shell(); }
+  TestMachine& testMachine() { return *testMachine_; }
+  platform::FileSystem& files() { return testMachine_->machine().files(); }
+  platform::FileObjects& fileObjects() { return testMachine_->machine().fileObjects(); }
+  platform::Shell& shell() { return testMachine_->machine().shell(); }
 
   // The full path of something in the working folder.
-  std::string at(const std::string& name) const { return bed_->root() + '\\' + name; }
+  std::string at(const std::string& name) const { return testMachine_->root() + '\\' + name; }
 
   std::string makeFile(const std::string& name, const std::string& bytes = "") {
-    bed_->makeFile(at(name), bytes);
+    testMachine_->makeFile(at(name), bytes);
     return at(name);
   }
 
   std::string makeFolder(const std::string& name) {
-    bed_->makeFolder(at(name));
+    testMachine_->makeFolder(at(name));
     return at(name);
   }
 
@@ -64,7 +64,7 @@ class ContractTest : public testing::Test {
   }
 
  private:
-  std::unique_ptr<Bed> bed_ = makeBed();
+  std::unique_ptr<TestMachine> testMachine_ = makeTestMachine();
 };
 
 // The failure's number, 0 for success.

@@ -19,9 +19,9 @@ constexpr platform::FileTime kAfternoon{.low = 0x8CF19900, .high = 0x01C402BB};
 
 class UrlCacheContract : public ContractTest {
  protected:
-  void SetUp() override { bed().emptyCache(); }
+  void SetUp() override { testMachine().emptyCache(); }
 
-  platform::UrlCache& cache() { return bed().machine().urlCache(); }
+  platform::UrlCache& cache() { return testMachine().machine().urlCache(); }
 
   // Memory that a cache can fill, with an entry at its start.
   struct Block {
@@ -64,7 +64,7 @@ TEST_F(UrlCacheContract, GivesEveryEntryOnceWhenItIsAskedForTheSizeFirst) {
     // Texts of different lengths: a size from the entry before would not do.
     put.push_back("http://contract.example/" + std::string(static_cast<std::size_t>(i * 7 % 40), 'x') +
                   std::to_string(i));
-    bed().cachePage(put.back(), kAfternoon);
+    testMachine().cachePage(put.back(), kAfternoon);
   }
   EXPECT_THAT(urls(), testing::UnorderedElementsAreArray(put));
 }
@@ -73,8 +73,8 @@ TEST_F(UrlCacheContract, AnEmptyCacheAndTheEndHaveNoSizeAndATooSmallBlockGetsNot
   std::uint32_t size = 0;
   EXPECT_EQ(cache().findFirstUrlCacheEntry(nullptr, size), kNoUrlCache);
   EXPECT_EQ(size, 0U);
-  bed().cachePage("http://contract.example/page", kAfternoon);
-  bed().cachePage("http://contract.example/page2", kAfternoon);
+  testMachine().cachePage("http://contract.example/page", kAfternoon);
+  testMachine().cachePage("http://contract.example/page2", kAfternoon);
   platform::Handle walk = kNoUrlCache;
   auto block = read(walk);
   ASSERT_FALSE(block.empty());
@@ -100,20 +100,21 @@ TEST_F(UrlCacheContract, AnEmptyCacheAndTheEndHaveNoSizeAndATooSmallBlockGetsNot
 }
 
 TEST_F(UrlCacheContract, DeletesByUrlWhatNobodyUses) {
-  for (const char* name : {"a", "b", "c"}) bed().cachePage(std::string("http://contract.example/") + name, kAfternoon);
+  for (const char* name : {"a", "b", "c"})
+    testMachine().cachePage(std::string("http://contract.example/") + name, kAfternoon);
   EXPECT_TRUE(cache().deleteUrlCacheEntry("http://contract.example/b"));
   EXPECT_FALSE(cache().deleteUrlCacheEntry("http://contract.example/b"));
   EXPECT_FALSE(cache().deleteUrlCacheEntry(""));
   EXPECT_THAT(urls(), UnorderedElementsAre("http://contract.example/a", "http://contract.example/c"));
 
-  bed().useCachedPage("http://contract.example/a");
+  testMachine().useCachedPage("http://contract.example/a");
   EXPECT_FALSE(cache().deleteUrlCacheEntry("http://contract.example/a"));
   EXPECT_THAT(urls(), UnorderedElementsAre("http://contract.example/a", "http://contract.example/c"));
 }
 
 class CalendarContract : public ContractTest {
  protected:
-  platform::Calendar& calendar() { return bed().machine().calendar(); }
+  platform::Calendar& calendar() { return testMachine().machine().calendar(); }
 };
 
 TEST_F(CalendarContract, TurnsFileTimesIntoFieldsAsTheyStand) {
@@ -142,7 +143,7 @@ TEST_F(CalendarContract, WritesTheTimeOfDayUnlessItIsMidnight) {
 
 class HistoryContract : public ContractTest {
  protected:
-  platform::UrlHistory& history() { return bed().machine().urlHistory(); }
+  platform::UrlHistory& history() { return testMachine().machine().urlHistory(); }
 };
 
 TEST_F(HistoryContract, CreatesTheObjectAndNoOtherAndComesBackFromItsMethods) {
@@ -168,25 +169,25 @@ class BinAndRecentContract : public ContractTest {};
 
 TEST_F(BinAndRecentContract, EmptiesTheWholeBin) {
   // Some systems cannot take protected files out of the bin; those of other tests may lie there.
-  const std::size_t before = bed().recycledItems();
+  const std::size_t before = testMachine().recycledItems();
   for (const char* name : {"a.txt", "b.txt", "c.txt"}) {
     const std::string list = makeFile(name, "bytes") + '\0';
     ASSERT_EQ(shell().fileOperation({.sourceList = list, .flags = platform::kNoConfirmation | platform::kAllowUndo}),
               0);
   }
-  ASSERT_EQ(bed().recycledItems(), before + 3);
+  ASSERT_EQ(testMachine().recycledItems(), before + 3);
   constexpr std::uint32_t kSilently = platform::kBinNoConfirmation | platform::kBinNoProgress | platform::kBinNoSound;
   EXPECT_EQ(shell().emptyRecycleBin("", kSilently), 0);
-  EXPECT_LE(bed().recycledItems(), before);
+  EXPECT_LE(testMachine().recycledItems(), before);
 }
 
 TEST_F(BinAndRecentContract, ForgetsTheRecentDocuments) {
   const std::string document = makeFile("letter.txt", "bytes");
   shell().addToRecentDocs(platform::kRecentByPath, document);
-  EXPECT_EQ(bed().recentDocuments(), 1U);
+  EXPECT_EQ(testMachine().recentDocuments(), 1U);
   shell().addToRecentDocs(platform::kRecentByPath, std::nullopt);
-  EXPECT_EQ(bed().recentDocuments(), 0U);
-  EXPECT_TRUE(bed().exists(document));
+  EXPECT_EQ(testMachine().recentDocuments(), 0U);
+  EXPECT_TRUE(testMachine().exists(document));
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ TEST_F(Enumeration, MatchesPatternsAsDosDid) {
 }
 
 TEST_F(Enumeration, MatchesTheShortAliasToo) {
-  if (!bed().hasShortNames()) GTEST_SKIP() << "the volume makes no short names";
+  if (!testMachine().hasShortNames()) GTEST_SKIP() << "the volume makes no short names";
   makeFile("report.bakery");
   makeFile("report.txt");
   EXPECT_THAT(find(at("*.bak")), ElementsAre("report.bakery"));
@@ -61,8 +61,8 @@ TEST_F(Enumeration, MatchesTheShortAliasToo) {
 
 TEST_F(Enumeration, RecordsTellKindAttributesAndSize) {
   makeFolder("folder");
-  bed().setAttributes(makeFile("seven.txt", "1234567"), platform::kHidden | platform::kReadOnly);
-  bed().makeLongFile(at("long.bin"), (std::uint64_t{5} << 30) + 1);
+  testMachine().setAttributes(makeFile("seven.txt", "1234567"), platform::kHidden | platform::kReadOnly);
+  testMachine().makeLongFile(at("long.bin"), (std::uint64_t{5} << 30) + 1);
 
   EXPECT_TRUE(platform::isDirectory(recordOf(at("folder")).attributes));
   const FindRecord seven = recordOf(at("SEVEN.TXT"));
@@ -89,16 +89,16 @@ TEST_F(Enumeration, GoesOnWhileWhatItGaveIsDeletedAndOthersRunBesideIt) {
   } while (files().findNextFile(enumeration, record));
   EXPECT_TRUE(files().findClose(enumeration));
   EXPECT_EQ(given, 300);
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt"));
+  EXPECT_THAT(testMachine().namesIn(testMachine().root()), ElementsAre("kept.txt"));
 }
 
 TEST_F(Enumeration, TakesRelativePatternsFromTheCurrentFolder) {
   makeFile("here\\a.txt");
   makeFile("here\\below\\b.txt");
-  bed().setCurrentFolder(at("here"));
+  testMachine().setCurrentFolder(at("here"));
   EXPECT_THAT(find("*.txt"), ElementsAre("a.txt"));
   EXPECT_THAT(find("below\\*.txt"), ElementsAre("b.txt"));
-  EXPECT_THAT(find(bed().root().substr(0, 2) + "*.txt"), ElementsAre("a.txt"));
+  EXPECT_THAT(find(testMachine().root().substr(0, 2) + "*.txt"), ElementsAre("a.txt"));
 }
 
 }  // namespace

@@ -32,17 +32,17 @@ TEST_F(Attributes, CanBeSetAndTakenAway) {
   const std::string file = makeFile("file.txt");
   makeFolder("folder");
   EXPECT_TRUE(files().setFileAttributes(file, platform::kReadOnly | platform::kHidden));
-  EXPECT_EQ(withoutArchive(bed().attributes(file)), platform::kReadOnly | platform::kHidden);
+  EXPECT_EQ(withoutArchive(testMachine().attributes(file)), platform::kReadOnly | platform::kHidden);
   EXPECT_TRUE(files().setFileAttributes(file, platform::kNormal));
-  EXPECT_EQ(withoutArchive(bed().attributes(file)) & ~platform::kNormal, 0u);
+  EXPECT_EQ(withoutArchive(testMachine().attributes(file)) & ~platform::kNormal, 0u);
   EXPECT_TRUE(files().setFileAttributes(at("folder"), platform::kHidden));
-  EXPECT_EQ(withoutArchive(bed().attributes(at("folder"))), platform::kDirectory | platform::kHidden);
+  EXPECT_EQ(withoutArchive(testMachine().attributes(at("folder"))), platform::kDirectory | platform::kHidden);
   EXPECT_FALSE(files().setFileAttributes(at("missing"), platform::kHidden));
 }
 
 TEST_F(Attributes, AndLengthOfALockedFileCanBeAsked) {
   const std::string file = makeFile("locked.txt", "12345");
-  bed().lock(file);
+  testMachine().lock(file);
   EXPECT_FALSE(platform::isDirectory(files().getFileAttributes(file)));
   EXPECT_NE(files().getFileAttributes(file), kInvalidAttributes);
   EXPECT_EQ(files().fileLength(file), 5);
@@ -52,16 +52,16 @@ TEST_F(Attributes, AndLengthOfALockedFileCanBeAsked) {
 
 TEST_F(Attributes, LengthIsTheLowHalfAsASignedNumber) {
   EXPECT_EQ(files().fileLength(makeFile("empty.txt")), 0);
-  bed().makeLongFile(at("two.bin"), std::uint64_t{3} << 30);
+  testMachine().makeLongFile(at("two.bin"), std::uint64_t{3} << 30);
   EXPECT_EQ(files().fileLength(at("two.bin")), -(1 << 30));
-  bed().makeLongFile(at("five.bin"), (std::uint64_t{5} << 30) + 7);
+  testMachine().makeLongFile(at("five.bin"), (std::uint64_t{5} << 30) + 7);
   EXPECT_EQ(files().fileLength(at("five.bin")), (1 << 30) + 7);
 }
 
 TEST_F(Attributes, MaskDecidesWhatTheDirectorySearchSees) {
   constexpr std::uint32_t kAnyFile = 39;
-  bed().setAttributes(makeFile("hidden.txt"), platform::kHidden);
-  bed().setAttributes(makeFile("protected.txt"), platform::kReadOnly);
+  testMachine().setAttributes(makeFile("hidden.txt"), platform::kHidden);
+  testMachine().setAttributes(makeFile("protected.txt"), platform::kReadOnly);
   makeFolder("folder");
   EXPECT_TRUE(files().anyFileMatches(at("hidden.txt"), kAnyFile));
   EXPECT_TRUE(files().anyFileMatches(at("hidden.txt"), platform::kHidden));
@@ -92,14 +92,14 @@ TEST_F(Handles, WithoutSharingKeepOthersOut) {
   EXPECT_FALSE(opensForReading(file, kShareNone));
   EXPECT_EQ(files().createFile(file, {.access = kGenericWrite, .share = kShareRead | kShareWrite}), kInvalidHandle);
   EXPECT_TRUE(files().closeHandle(reader));
-  EXPECT_EQ(bed().readBack(file), "bytes");
+  EXPECT_EQ(testMachine().readBack(file), "bytes");
 }
 
 TEST_F(Handles, AreGivenForFilesThatExistOnly) {
   // The attribute word that asks for nothing in particular: read-only, hidden, system, archive and normal together.
   constexpr std::uint32_t kEveryKind = 167;
   const std::string file = makeFile("protected.txt");
-  bed().setAttributes(file, platform::kReadOnly | platform::kHidden | platform::kSystem);
+  testMachine().setAttributes(file, platform::kReadOnly | platform::kHidden | platform::kSystem);
   makeFolder("folder");
   const Handle handle = files().createFile(file, {.flagsAndAttributes = kEveryKind});
   ASSERT_NE(handle, kInvalidHandle);
@@ -107,7 +107,7 @@ TEST_F(Handles, AreGivenForFilesThatExistOnly) {
   EXPECT_EQ(files().createFile(at("folder"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
   EXPECT_EQ(files().createFile(at("missing.txt"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
   EXPECT_EQ(files().createFile(at("*.txt"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
-  EXPECT_FALSE(bed().exists(at("missing.txt")));
+  EXPECT_FALSE(testMachine().exists(at("missing.txt")));
 }
 
 class FileNumbers : public ContractTest {
@@ -120,7 +120,7 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   ASSERT_TRUE(files().openBinary(1, file));
   EXPECT_TRUE(files().putBytes(1, "ab"));
   EXPECT_TRUE(files().putBytes(1, "c"));
-  EXPECT_EQ(bed().readBack(file), "abc3456789");
+  EXPECT_EQ(testMachine().readBack(file), "abc3456789");
   EXPECT_FALSE(opensForReading(file, kShareNone));
   EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
   EXPECT_TRUE(files().putBytesAt(1, 6, "X"));
@@ -131,13 +131,13 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytes(1, "C"));
   EXPECT_TRUE(files().putBytesAt(1, 100, ""));
   files().closeFile(1);
-  EXPECT_EQ(bed().readBack(file), std::string("\0\xFF"
-                                              "C34XY789\0\r",
-                                              12));
+  EXPECT_EQ(testMachine().readBack(file), std::string("\0\xFF"
+                                                      "C34XY789\0\r",
+                                                      12));
 
   ASSERT_TRUE(files().openBinary(1, at("new.bin"))) << "is made";
   files().closeFile(1);
-  EXPECT_EQ(bed().readBack(at("new.bin")), "");
+  EXPECT_EQ(testMachine().readBack(at("new.bin")), "");
 }
 
 TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) {
@@ -150,10 +150,10 @@ TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) 
   files().closeFile(1);
   EXPECT_EQ(numberOf(files().putBytes(1, "x")), platform::kBadFileNumber);
   EXPECT_EQ(numberOf(files().putBytesAt(1, 1, "x")), platform::kBadFileNumber);
-  EXPECT_EQ(bed().readBack(file), "abc");
+  EXPECT_EQ(testMachine().readBack(file), "abc");
   EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), platform::kPathNotFound);
   EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), platform::kPathFileAccess);
-  bed().setAttributes(file, platform::kReadOnly);
+  testMachine().setAttributes(file, platform::kReadOnly);
   EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPathFileAccess);
 }
 

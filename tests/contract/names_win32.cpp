@@ -11,7 +11,7 @@ class ForeignNames : public ContractTest {
  protected:
   // Makes a file in the working folder; the prefix keeps every character of the name as it is.
   void makeForeign(const std::wstring& name) {
-    const std::string root = bed().root();
+    const std::string root = testMachine().root();
     const std::wstring path = L"\\\\?\\" + std::wstring(root.begin(), root.end()) + L"\\" + name;
     const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);
@@ -41,13 +41,13 @@ TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldNeverPassesForAnother) {
 
   std::vector<std::string> names = find(at("*.bak"));
   EXPECT_EQ(std::erase(names, "a.bak"), 1);
-  EXPECT_EQ(names.size(), bed().hasShortNames() ? foreign.size() : 0);
+  EXPECT_EQ(names.size(), testMachine().hasShortNames() ? foreign.size() : 0);
   for (const std::string& name : names) {
     EXPECT_EQ(name.find_first_of("?\\"), std::string::npos) << name;
     EXPECT_TRUE(fileObjects().deleteFile(at(name), true)) << name;
   }
   EXPECT_EQ(find(at("*.bak")), std::vector<std::string>{"a.bak"});
-  EXPECT_TRUE(bed().exists(at("inner\\own.bak")));
+  EXPECT_TRUE(testMachine().exists(at("inner\\own.bak")));
 }
 
 TEST_F(ForeignNames, RemovingATreeRemovesNothingBesideIt) {
@@ -55,8 +55,8 @@ TEST_F(ForeignNames, RemovingATreeRemovesNothingBesideIt) {
   makeFolder("tree");
   makeForeign(L"tree\\..\xFF3Cown.bak");
   const bool gone = fileObjects().deleteFolder(at("tree"), true).has_value();
-  EXPECT_EQ(gone, bed().hasShortNames());
-  EXPECT_TRUE(bed().exists(at("own.bak")));
+  EXPECT_EQ(gone, testMachine().hasShortNames());
+  EXPECT_TRUE(testMachine().exists(at("own.bak")));
 }
 
 TEST_F(ForeignNames, AnEntryThatLaterCallsWouldTakeForItsNeighbourIsLeftOut) {

@@ -14,14 +14,14 @@ TEST_F(FileObjectsContract, TellFoldersFromFilesAndGiveAFilesFullPathAndMaskedAt
   for (const std::string name : {"folder\\file.txt", "missing", "fold*"}) {
     EXPECT_FALSE(fileObjects().folderExists(at(name))) << name;
   }
-  bed().setAttributes(file, platform::kReadOnly | platform::kHidden);
-  bed().setCurrentFolder(at("folder"));
+  testMachine().setAttributes(file, platform::kReadOnly | platform::kHidden);
+  testMachine().setCurrentFolder(at("folder"));
   const auto object = fileObjects().getFile("file.txt");
   ASSERT_TRUE(object);
   EXPECT_EQ(object->path, file);
   EXPECT_EQ(withoutArchive(object->attributes), platform::kReadOnly | platform::kHidden);
 
-  bed().setAttributes(file, 0);
+  testMachine().setAttributes(file, 0);
   EXPECT_EQ(withoutArchive(fileObjects().getFile(file)->attributes), 0u) << "the bit for none is not one of theirs";
 }
 
@@ -33,26 +33,26 @@ TEST_F(FileObjectsContract, FindNoFileWhereThereIsNone) {
   for (const std::string name : {"missing.txt", "missing\\file.txt", "*.bak", "folder"}) {
     EXPECT_EQ(numberOf(fileObjects().deleteFile(at(name), true)), platform::kFileNotFound) << name;
   }
-  EXPECT_TRUE(bed().exists(at("folder\\file.txt")));
+  EXPECT_TRUE(testMachine().exists(at("folder\\file.txt")));
 }
 
 TEST_F(FileObjectsContract, DeleteWhatMatchesAndFoldersWithAllInThemProtectedFilesOnlyByForce) {
   for (const char* name : {"a.tmp", "b.tmp", "kept.txt", "tree kept\\a.txt"}) makeFile(name);
-  bed().setAttributes(makeFile("tree\\deep\\hidden.txt"), platform::kHidden | platform::kSystem);
-  bed().setAttributes(makeFolder("tree\\hidden"), platform::kHidden | platform::kSystem);
-  bed().setAttributes(makeFile("tree\\deep\\protected.txt"), platform::kReadOnly | platform::kHidden);
+  testMachine().setAttributes(makeFile("tree\\deep\\hidden.txt"), platform::kHidden | platform::kSystem);
+  testMachine().setAttributes(makeFolder("tree\\hidden"), platform::kHidden | platform::kSystem);
+  testMachine().setAttributes(makeFile("tree\\deep\\protected.txt"), platform::kReadOnly | platform::kHidden);
   EXPECT_TRUE(fileObjects().deleteFile(at("*.tmp"), false));
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), false)), platform::kPermissionDenied);
   EXPECT_EQ(numberOf(fileObjects().deleteFile(at("tree\\deep\\protected.txt"), false)), platform::kPermissionDenied);
-  EXPECT_TRUE(bed().exists(at("tree\\deep\\protected.txt")));
+  EXPECT_TRUE(testMachine().exists(at("tree\\deep\\protected.txt")));
   EXPECT_TRUE(fileObjects().deleteFolder(at("TREE\\"), true));
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt", "tree kept"));
+  EXPECT_THAT(testMachine().namesIn(testMachine().root()), ElementsAre("kept.txt", "tree kept"));
   EXPECT_TRUE(fileObjects().deleteFolder(at("tree kept"), false));
 
   const std::string file = makeFile("tree\\in use.txt", "kept");
-  bed().lock(file);
+  testMachine().lock(file);
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), platform::kPermissionDenied);
-  EXPECT_TRUE(bed().exists(file));
+  EXPECT_TRUE(testMachine().exists(file));
 }
 
 TEST_F(FileObjectsContract, DeleteNoFolderWhereThereIsNoneAndNoRoot) {
@@ -61,30 +61,30 @@ TEST_F(FileObjectsContract, DeleteNoFolderWhereThereIsNoneAndNoRoot) {
     EXPECT_EQ(numberOf(fileObjects().deleteFolder(at(name), true)), platform::kPathNotFound) << name;
   }
   EXPECT_EQ(numberOf(fileObjects().deleteFolder("", true)), platform::kPathNotFound);
-  const std::string drive = bed().root().substr(0, 2);
+  const std::string drive = testMachine().root().substr(0, 2);
   for (const std::string& root : {drive + "\\", drive + "\\.", at("..\\")}) {
     EXPECT_EQ(numberOf(fileObjects().deleteFolder(root, true)), platform::kPermissionDenied) << root;
   }
-  EXPECT_TRUE(bed().exists(at("tree\\file.txt")));
+  EXPECT_TRUE(testMachine().exists(at("tree\\file.txt")));
 }
 
 TEST_F(FileObjectsContract, DeleteFoldersWithoutWhatTheirLinksPointTo) {
   makeFile("outside\\full\\kept.txt", "kept");
   makeFolder("outside\\empty");
-  bed().makeFolderLink(at("tree\\deep\\toFull"), at("outside\\full"));
-  bed().makeFolderLink(at("toEmpty"), at("outside\\empty"));
+  testMachine().makeFolderLink(at("tree\\deep\\toFull"), at("outside\\full"));
+  testMachine().makeFolderLink(at("toEmpty"), at("outside\\empty"));
   for (const std::string name : {"tree\\deep\\toFull", "toEmpty"}) {
     const std::uint32_t attributes = files().getFileAttributes(at(name));
     EXPECT_TRUE(platform::isDirectory(attributes) && !platform::isOwnFolder(attributes)) << name;
   }
   EXPECT_TRUE(fileObjects().folderExists(at("toEmpty")));
-  const std::int32_t expected = bed().letsLinksGo() ? 0 : platform::kPermissionDenied;
+  const std::int32_t expected = testMachine().letsLinksGo() ? 0 : platform::kPermissionDenied;
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), expected);
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("toEmpty"), true)), expected);
-  EXPECT_EQ(bed().exists(at("tree")), !bed().letsLinksGo());
-  EXPECT_EQ(bed().exists(at("toEmpty")), !bed().letsLinksGo());
-  EXPECT_EQ(bed().readBack(at("outside\\full\\kept.txt")), "kept");
-  EXPECT_TRUE(bed().exists(at("outside\\empty")));
+  EXPECT_EQ(testMachine().exists(at("tree")), !testMachine().letsLinksGo());
+  EXPECT_EQ(testMachine().exists(at("toEmpty")), !testMachine().letsLinksGo());
+  EXPECT_EQ(testMachine().readBack(at("outside\\full\\kept.txt")), "kept");
+  EXPECT_TRUE(testMachine().exists(at("outside\\empty")));
 }
 
 class ShellContract : public ContractTest {
@@ -101,34 +101,34 @@ class ShellContract : public ContractTest {
 };
 
 TEST_F(ShellContract, DeletesToTheRecycleBinProtectedFilesToo) {
-  const std::size_t before = bed().recycledItems();
+  const std::size_t before = testMachine().recycledItems();
   const std::string file = makeFile("file.txt", "bytes");
   EXPECT_EQ(remove({file}, kToRecycleBin), 0);
-  EXPECT_FALSE(bed().exists(file));
-  EXPECT_EQ(bed().recycledItems(), before + 1);
+  EXPECT_FALSE(testMachine().exists(file));
+  EXPECT_EQ(testMachine().recycledItems(), before + 1);
 
   const std::string isProtected = makeFile("protected.txt", "bytes");
-  bed().setAttributes(isProtected, platform::kReadOnly);
+  testMachine().setAttributes(isProtected, platform::kReadOnly);
   EXPECT_EQ(remove({isProtected}, kToRecycleBin), 0);
-  EXPECT_FALSE(bed().exists(isProtected));
-  EXPECT_EQ(bed().recycledItems(), before + 2);
+  EXPECT_FALSE(testMachine().exists(isProtected));
+  EXPECT_EQ(testMachine().recycledItems(), before + 2);
 }
 
 TEST_F(ShellContract, DeletesForGoodWhatItsListNamesAndSaysWhatStays) {
-  const std::size_t before = bed().recycledItems();
+  const std::size_t before = testMachine().recycledItems();
   for (const char* name : {"a.tmp", "b.tmp", "with blanks.txt", "last", "folder\\deep\\c.txt", "kept.txt"})
     makeFile(name);
   EXPECT_EQ(remove({at("with blanks.txt"), at("last")}, kForGood), 0);
   EXPECT_EQ(remove({at("*.tmp")}, kForGood), 0);
   EXPECT_EQ(remove({at("folder")}, kForGood), 0);
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("kept.txt"));
-  EXPECT_EQ(bed().recycledItems(), before);
+  EXPECT_THAT(testMachine().namesIn(testMachine().root()), ElementsAre("kept.txt"));
+  EXPECT_EQ(testMachine().recycledItems(), before);
 
-  bed().lock(at("kept.txt"));
+  testMachine().lock(at("kept.txt"));
   for (const std::string name : {"kept.txt", "missing.txt", "missing\\file.txt"}) {
     EXPECT_NE(remove({at(name)}, kForGood), 0) << name;
   }
-  EXPECT_TRUE(bed().exists(at("kept.txt")));
+  EXPECT_TRUE(testMachine().exists(at("kept.txt")));
 }
 
 }  // namespace

@@ -21,10 +21,10 @@ using testing::Optional;
 
 class RegistryContract : public ContractTest {
  protected:
-  platform::Registry& registry() { return bed().machine().registry(); }
+  platform::Registry& registry() { return testMachine().machine().registry(); }
 
   // The full path of a key in the working key.
-  std::string key(const std::string& name) { return bed().keyRoot() + '\\' + name; }
+  std::string key(const std::string& name) { return testMachine().keyRoot() + '\\' + name; }
 
   std::string script(const std::string& name) { return "HKEY_CURRENT_USER\\" + key(name); }
 
@@ -51,7 +51,7 @@ class RegistryContract : public ContractTest {
   bool isNtLine() {
     platform::VersionRecord version;
     version.size = platform::kVersionRecordSize;
-    bed().machine().version().getVersionEx(version);
+    testMachine().machine().version().getVersionEx(version);
     return version.platformId == 2;
   }
 
@@ -62,10 +62,10 @@ class RegistryContract : public ContractTest {
 
 TEST_F(RegistryContract, KeysAreMadeWithTheirParentsAndFoundWithoutRegardToCaseOrAClosingBackslash) {
   registry().closeKey(create(key("Parent\\Child\\*\\"), platform::kSetValue | platform::kCreateSubKey));
-  EXPECT_TRUE(bed().hasKey(key("Parent\\Child\\*")));
-  bed().storeValue(key("Parent"), "v", kRegistryNumber, "abcd");
+  EXPECT_TRUE(testMachine().hasKey(key("Parent\\Child\\*")));
+  testMachine().storeValue(key("Parent"), "v", kRegistryNumber, "abcd");
   registry().closeKey(create(key("parent"), platform::kSetValue));
-  EXPECT_THAT(bed().storedValue(key("Parent"), "v"), Optional(std::string("abcd")));
+  EXPECT_THAT(testMachine().storedValue(key("Parent"), "v"), Optional(std::string("abcd")));
   for (const std::string& path : {key("parent\\CHILD"), key("Parent\\Child\\")}) {
     EXPECT_EQ(registry().closeKey(open(path, platform::kQueryValue)), kRegistryDone);
   }
@@ -80,8 +80,8 @@ TEST_F(RegistryContract, KeysAreMadeWithTheirParentsAndFoundWithoutRegardToCaseO
 }
 
 TEST_F(RegistryContract, QueriesTellTheSizeAndFillOnlyABufferThatIsLargeEnough) {
-  bed().storeValue(key("K"), "number", kRegistryNumber, std::string("\x0A\0\0\0", 4));
-  bed().storeValue(key("K"), "text", kRegistryText, std::string("abc\0", 4));
+  testMachine().storeValue(key("K"), "number", kRegistryNumber, std::string("\x0A\0\0\0", 4));
+  testMachine().storeValue(key("K"), "text", kRegistryText, std::string("abc\0", 4));
   const RegistryKey opened = open(key("K"), platform::kQueryValue);
   EXPECT_EQ(query(opened, "NUMBER", 32), kRegistryDone);
   EXPECT_EQ(type, kRegistryNumber);
@@ -104,15 +104,16 @@ TEST_F(RegistryContract, ATextIsStoredWithTheNulThatStandsBehindIt) {
   EXPECT_EQ(registry().setValue(opened, "empty", kRegistryText, ""), kRegistryDone);
   EXPECT_EQ(registry().setValue(opened, "", kRegistryNumber, std::string("\1\0\0\0", 4)), kRegistryDone);
   registry().closeKey(opened);
-  EXPECT_THAT(bed().storedValue(key("K"), "text"), Optional(std::string("abc\0", 4)));
-  EXPECT_THAT(bed().storedValue(key("K"), "empty"), Optional(isNtLine() ? std::string() : std::string(1, '\0')));
-  EXPECT_THAT(bed().storedValue(key("K"), ""), Optional(std::string("\1\0\0\0", 4)));
+  EXPECT_THAT(testMachine().storedValue(key("K"), "text"), Optional(std::string("abc\0", 4)));
+  EXPECT_THAT(testMachine().storedValue(key("K"), "empty"),
+              Optional(isNtLine() ? std::string() : std::string(1, '\0')));
+  EXPECT_THAT(testMachine().storedValue(key("K"), ""), Optional(std::string("\1\0\0\0", 4)));
 }
 
 TEST_F(RegistryContract, AKeyServesWhatItWasOpenedForOnTheNtLine) {
   const std::int32_t expected = isNtLine() ? kRegistryAccessDenied : kRegistryDone;
-  bed().storeValue(key("K"), "v", kRegistryNumber, "abcd");
-  bed().storeValue(key("K"), "w", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K"), "v", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K"), "w", kRegistryNumber, "abcd");
   const RegistryKey reading = open(key("K"), platform::kQueryValue);
   EXPECT_EQ(registry().setValue(reading, "v", kRegistryNumber, "efgh"), expected);
   EXPECT_EQ(registry().deleteValue(reading, "w"), expected);
@@ -124,7 +125,7 @@ TEST_F(RegistryContract, AKeyServesWhatItWasOpenedForOnTheNtLine) {
 }
 
 TEST_F(RegistryContract, DeletionAsksForNoRightOfTheParentAndTellsWhatIsMissing) {
-  bed().storeValue(key("K\\Sub"), "v", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K\\Sub"), "v", kRegistryNumber, "abcd");
   const RegistryKey values = open(key("K\\Sub"), platform::kSetValue);
   EXPECT_EQ(registry().deleteValue(values, "V"), kRegistryDone);
   EXPECT_EQ(registry().deleteValue(values, "v"), kRegistryNotFound);
@@ -134,14 +135,14 @@ TEST_F(RegistryContract, DeletionAsksForNoRightOfTheParentAndTellsWhatIsMissing)
   EXPECT_EQ(registry().deleteKey(parent, "sub"), kRegistryNotFound);
   registry().closeKey(parent);
   // A key with subkeys goes only on the older family.
-  bed().storeValue(key("K\\Old\\Sub"), "v", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K\\Old\\Sub"), "v", kRegistryNumber, "abcd");
   EXPECT_EQ(registry().deleteKey(kCurrentUser, key("K\\Old")), isNtLine() ? kRegistryAccessDenied : kRegistryDone);
-  EXPECT_EQ(bed().hasKey(key("K\\Old\\Sub")), isNtLine());
-  EXPECT_TRUE(bed().hasKey(key("K")));
+  EXPECT_EQ(testMachine().hasKey(key("K\\Old\\Sub")), isNtLine());
+  EXPECT_TRUE(testMachine().hasKey(key("K")));
 }
 
 TEST_F(RegistryContract, TheLayerReadsWhatItWrites) {
-  const platform::Use use(bed().machine());
+  const platform::ScopedMachine use(testMachine().machine());
   const auto roundTrip = [this](const std::string& valueType, const platform::Variant& value) {
     platform::Variant result;
     EXPECT_EQ(WriteRegistryValue("hkcu", key("Layer\\"), "v", valueType, value).value(), 0);
@@ -151,15 +152,15 @@ TEST_F(RegistryContract, TheLayerReadsWhatItWrites) {
   EXPECT_EQ(roundTrip("S", ""), platform::Variant(""));
   EXPECT_EQ(roundTrip("B", true), platform::Variant(true));
   EXPECT_EQ(roundTrip("D", -1), platform::Variant(65535));
-  EXPECT_EQ(DeleteRegistryKey("HKCU", bed().keyRoot(), "Layer"), 0);
-  EXPECT_FALSE(bed().hasKey(key("Layer")));
+  EXPECT_EQ(DeleteRegistryKey("HKCU", testMachine().keyRoot(), "Layer"), 0);
+  EXPECT_FALSE(testMachine().hasKey(key("Layer")));
   const std::string file = makeFile("hive.ini");
-  EXPECT_EQ(DeleteRegistryKey(file, bed().keyRoot(), "x"), kRegistryInvalidHandle);
+  EXPECT_EQ(DeleteRegistryKey(file, testMachine().keyRoot(), "x"), kRegistryInvalidHandle);
 }
 
 class ProfileContract : public ContractTest {
  protected:
-  platform::ProfileFile& profiles() { return bed().machine().profiles(); }
+  platform::ProfileFile& profiles() { return testMachine().machine().profiles(); }
 
   std::string get(const std::string& section, const std::string& entry, std::size_t room = 255) {
     std::string buffer(room, ' ');
@@ -197,40 +198,40 @@ TEST_F(ProfileContract, WritingReplacesOrMakesEntrySectionAndFile) {
   EXPECT_TRUE(profiles().writeString("T", "a", "2", file));
   EXPECT_TRUE(profiles().writeString("s", "b", "3", file));
   EXPECT_TRUE(profiles().writeString("S", "A", "changed", file));
-  EXPECT_EQ(bed().readBack(file), "[S]\r\na=changed\r\nb=3\r\n[T]\r\na=2\r\n");
+  EXPECT_EQ(testMachine().readBack(file), "[S]\r\na=changed\r\nb=3\r\n[T]\r\na=2\r\n");
   EXPECT_FALSE(profiles().writeString("S", "a", "x", at("no\\such.ini")));
 }
 
 class ScriptContract : public RegistryContract {
  protected:
-  platform::ScriptShell& shell() { return bed().machine().scriptShell(); }
+  platform::ScriptShell& shell() { return testMachine().machine().scriptShell(); }
 };
 
 TEST_F(ScriptContract, WritesAndReadsValuesAndDefaultValues) {
   EXPECT_TRUE(shell().regWrite(script("New\\Key\\"), "the default"));
   EXPECT_TRUE(shell().regWrite(script("New\\Key\\v"), "a value"));
-  EXPECT_THAT(bed().storedValue(key("New\\Key"), ""), Optional(std::string("the default\0", 12)));
+  EXPECT_THAT(testMachine().storedValue(key("New\\Key"), ""), Optional(std::string("the default\0", 12)));
   EXPECT_EQ(shell().regRead(script("New\\Key\\")).value(), "the default");
   EXPECT_EQ(shell().regRead(script("New\\Key\\v")).value(), "a value");
-  bed().storeValue(key("New\\Key"), "n", kRegistryNumber, std::string("\x0A\0\0\0", 4));
+  testMachine().storeValue(key("New\\Key"), "n", kRegistryNumber, std::string("\x0A\0\0\0", 4));
   EXPECT_EQ(shell().regRead(script("New\\Key\\n")).value(), "10");
 }
 
 TEST_F(ScriptContract, DeletesValuesAndKeysAndSaysWhatIsMissing) {
-  bed().storeValue(key("K"), "v", kRegistryNumber, "abcd");
-  bed().storeValue(key("K"), "w", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K"), "v", kRegistryNumber, "abcd");
+  testMachine().storeValue(key("K"), "w", kRegistryNumber, "abcd");
   EXPECT_TRUE(shell().regDelete(script("K\\v")));
-  EXPECT_FALSE(bed().storedValue(key("K"), "v"));
-  EXPECT_TRUE(bed().storedValue(key("K"), "w"));
+  EXPECT_FALSE(testMachine().storedValue(key("K"), "v"));
+  EXPECT_TRUE(testMachine().storedValue(key("K"), "w"));
   EXPECT_TRUE(shell().regDelete(script("K\\")));
-  EXPECT_FALSE(bed().hasKey(key("K")));
+  EXPECT_FALSE(testMachine().hasKey(key("K")));
   for (const std::string& missing : {script("K\\"), script("K\\v"), std::string("NO_SUCH_ROOT\\K\\")}) {
     EXPECT_EQ(numberOf(shell().regDelete(missing)), platform::kScriptPathNotFound) << missing;
   }
   EXPECT_EQ(numberOf(shell().regRead(script("K\\v"))), platform::kScriptPathNotFound);
-  bed().makeKey(key("K\\Sub"));
+  testMachine().makeKey(key("K\\Sub"));
   EXPECT_EQ(numberOf(shell().regDelete(script("K\\"))), isNtLine() ? platform::kPermissionDenied : 0);
-  EXPECT_EQ(bed().hasKey(key("K\\Sub")), isNtLine());
+  EXPECT_EQ(testMachine().hasKey(key("K\\Sub")), isNtLine());
 }
 
 }  // namespace

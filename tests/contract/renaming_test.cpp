@@ -11,15 +11,15 @@ class Renaming : public ContractTest {};
 
 TEST_F(Renaming, MovesAFileAndTakesABareNameForOneInTheCurrentFolder) {
   const std::string file = makeFile("source\\a.txt", "kept");
-  bed().setAttributes(file, platform::kReadOnly);
-  bed().setCurrentFolder(makeFolder("here"));
+  testMachine().setAttributes(file, platform::kReadOnly);
+  testMachine().setCurrentFolder(makeFolder("here"));
   EXPECT_EQ(numberOf(files().rename(file, "b.txt")), 0);
   EXPECT_EQ(numberOf(files().rename("b.txt", "c.txt")), 0);
   EXPECT_EQ(numberOf(files().rename(at("here\\c.txt"), at("c name .tmp"))), 0);
-  EXPECT_EQ(bed().readBack(at("c name .tmp")), "kept");
-  EXPECT_EQ(withoutArchive(bed().attributes(at("c name .tmp"))), platform::kReadOnly);
-  EXPECT_THAT(bed().namesIn(at("source")), IsEmpty());
-  EXPECT_THAT(bed().namesIn(at("here")), IsEmpty());
+  EXPECT_EQ(testMachine().readBack(at("c name .tmp")), "kept");
+  EXPECT_EQ(withoutArchive(testMachine().attributes(at("c name .tmp"))), platform::kReadOnly);
+  EXPECT_THAT(testMachine().namesIn(at("source")), IsEmpty());
+  EXPECT_THAT(testMachine().namesIn(at("here")), IsEmpty());
   EXPECT_EQ(files().getFullPathName("c.txt").value(), at("here\\c.txt"));
   EXPECT_EQ(files().getFullPathName("..\\x\\.\\y").value(), at("x\\y"));
   EXPECT_FALSE(files().getFullPathName("").has_value());
@@ -27,23 +27,23 @@ TEST_F(Renaming, MovesAFileAndTakesABareNameForOneInTheCurrentFolder) {
 
 TEST_F(Renaming, NeverCrossesDrives) {
   const std::string file = makeFile("a.txt", "kept");
-  const std::string other = bed().onOtherDrive();
-  bed().makeFile(other + "\\there.txt", "there");
+  const std::string other = testMachine().onOtherDrive();
+  testMachine().makeFile(other + "\\there.txt", "there");
   EXPECT_EQ(numberOf(files().rename(file, other + "\\b.txt")), platform::kDifferentDrive);
   EXPECT_EQ(numberOf(files().rename(other + "\\there.txt", at("b.txt"))), platform::kDifferentDrive);
   EXPECT_EQ(numberOf(files().rename(other + "\\there.txt", "bare.tmp")), platform::kDifferentDrive);
-  EXPECT_EQ(bed().readBack(file), "kept");
-  EXPECT_EQ(bed().readBack(other + "\\there.txt"), "there");
-  EXPECT_FALSE(bed().exists(other + "\\b.txt"));
-  EXPECT_FALSE(bed().exists(at("b.txt")));
+  EXPECT_EQ(testMachine().readBack(file), "kept");
+  EXPECT_EQ(testMachine().readBack(other + "\\there.txt"), "there");
+  EXPECT_FALSE(testMachine().exists(other + "\\b.txt"));
+  EXPECT_FALSE(testMachine().exists(at("b.txt")));
   // The drive's letter counts, not how it is written.
   std::string lower = file;
   lower[0] = static_cast<char>(lower[0] - 'A' + 'a');
   EXPECT_EQ(numberOf(files().rename(lower, at("b.txt"))), 0);
   // The system itself would have copied.
   EXPECT_EQ(numberOf(files().moveFile(at("b.txt"), other + "\\b.txt")), 0);
-  EXPECT_EQ(bed().readBack(other + "\\b.txt"), "kept");
-  EXPECT_FALSE(bed().exists(at("b.txt")));
+  EXPECT_EQ(testMachine().readBack(other + "\\b.txt"), "kept");
+  EXPECT_FALSE(testMachine().exists(at("b.txt")));
 }
 
 TEST_F(Renaming, IsRefusedWhereItCannotBe) {
@@ -52,12 +52,12 @@ TEST_F(Renaming, IsRefusedWhereItCannotBe) {
   EXPECT_EQ(numberOf(files().rename(at("missing.txt"), at("b.txt"))), platform::kFileNotFound);
   EXPECT_EQ(numberOf(files().rename(file, at("taken.txt"))), platform::kFileAlreadyExists);
   EXPECT_EQ(numberOf(files().rename(file, at("missing\\b.txt"))), platform::kPathNotFound);
-  bed().lock(file);
+  testMachine().lock(file);
   EXPECT_EQ(numberOf(files().rename(file, at("b.txt"))), platform::kPermissionDenied);
-  bed().unlock(file);
+  testMachine().unlock(file);
   EXPECT_FALSE(files().rename(at("a*.txt"), at("c.txt")));
-  EXPECT_EQ(bed().readBack(file), "kept");
-  EXPECT_EQ(bed().readBack(at("taken.txt")), "taken");
+  EXPECT_EQ(testMachine().readBack(file), "kept");
+  EXPECT_EQ(testMachine().readBack(at("taken.txt")), "taken");
 }
 
 class Removing : public ContractTest {};
@@ -69,16 +69,17 @@ TEST_F(Removing, TakesOneFileAndLeavesFoldersAndProtectedAndLockedFiles) {
   EXPECT_EQ(numberOf(files().remove(at("missing\\a.txt"))), platform::kPathNotFound);
   makeFolder("folder");
   const std::string file = makeFile("protected.txt", "kept");
-  bed().setAttributes(file, platform::kReadOnly);
+  testMachine().setAttributes(file, platform::kReadOnly);
   const std::string locked = makeFile("locked.txt");
-  bed().lock(locked);
+  testMachine().lock(locked);
   EXPECT_EQ(numberOf(files().remove(at("folder"))), platform::kPathFileAccess);
   EXPECT_EQ(numberOf(files().remove(file)), platform::kPathFileAccess);
   EXPECT_EQ(numberOf(files().remove(locked)), platform::kPermissionDenied);
   makeFile("d.txt");
   EXPECT_FALSE(files().remove(at("*.txt")));
   EXPECT_FALSE(files().remove(at("?.txt")));
-  EXPECT_THAT(bed().namesIn(bed().root()), ElementsAre("d.txt", "folder", "locked.txt", "protected.txt"));
+  EXPECT_THAT(testMachine().namesIn(testMachine().root()),
+              ElementsAre("d.txt", "folder", "locked.txt", "protected.txt"));
 }
 
 class FreeFileNumbers : public ContractTest {

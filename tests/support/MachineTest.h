@@ -46,5 +46,5 @@ class MachineTest : public testing::Test {
   }
 
  private:
-  platform::Use use_{machine};
+  platform::ScopedMachine use_{machine};
 };

@@ -1,0 +1,29 @@
+// The native list of folders, each with a small picture, indented by its depth.
+#pragma once
+
+#include "controls/DirList.h"
+#include "platform/win32/ui/ControlPeer.h"
+
+namespace platform::win32 {
+
+class DirListPeer final : public ControlPeer {
+ public:
+  DirListPeer(const Host& host, controls::DirList& list);
+
+  void onCommand(int code) override;
+  void draw(const DRAWITEMSTRUCT& item) override;
+  bool press() override;
+
+ protected:
+  void showValue() override;
+
+ private:
+  int lineHeight() const;
+  // Pixels from the list's left edge to the text of an entry.
+  int textLeft(const controls::DirEntry& entry) const;
+  void openSelected();
+
+  controls::DirList& list_;
+};
+
+}  // namespace platform::win32

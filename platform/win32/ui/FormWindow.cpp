@@ -1,0 +1,329 @@
+#include "platform/win32/ui/FormWindow.h"
+
+#include <algorithm>
+
+#include "platform/win32/ui/PeerFactory.h"
+
+namespace platform::win32 {
+namespace {
+
+constexpr const char* kWindowClass = "ScrubhavenForm";
+constexpr const char* kIconName = "APPLICATION";
+constexpr UINT_PTR kHoverTimer = 1;
+constexpr UINT kHoverInterval = 50;  // milliseconds between looks whether the pointer has left a control
+
+// How much larger than its least size a first window opens, in percent. Lists want the height.
+constexpr int kRoomyWidth = 120;
+constexpr int kRoomyHeight = 130;
+
+// A first window can be made an icon or fill the screen; one over another window cannot.
+DWORD windowStyle(bool hasOwner) {
+  const DWORD boxes = hasOwner ? 0 : WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+  return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN | boxes;
+}
+
+HICON loadIcon(int side) {
+  return static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), kIconName, IMAGE_ICON, side, side, LR_SHARED));
+}
+
+void registerClass(WNDPROC procedure) {
+  WNDCLASSA windowClass = {};
+  if (GetClassInfoA(GetModuleHandleA(nullptr), kWindowClass, &windowClass)) return;
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = GetModuleHandleA(nullptr);
+  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  windowClass.lpszClassName = kWindowClass;
+  RegisterClassA(&windowClass);
+}
+
+HWND createWindow(const controls::Form& form, HWND owner, WNDPROC procedure) {
+  registerClass(procedure);
+  const HWND window =
+      CreateWindowExA(WS_EX_CONTROLPARENT, kWindowClass, form.caption().c_str(), windowStyle(owner != nullptr), 0, 0, 0,
+                      0, owner, nullptr, GetModuleHandleA(nullptr), nullptr);
+  SendMessageA(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(loadIcon(GetSystemMetrics(SM_CXICON))));
+  SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(loadIcon(GetSystemMetrics(SM_CXSMICON))));
+  return window;
+}
+
+RECT workArea() {
+  RECT area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+  return area;
+}
+
+// Where something of length `length` begins so that it stands in the middle of `from` to `to`, but within the limits.
+int centred(int length, int from, int to, int least, int most) {
+  return std::clamp((from + to - length) / 2, least, std::max(least, most - length));
+}
+
+}  // namespace
+
+FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
+    : form_(form),
+      owner_(owner),
+      ui_(ui),
+      layout_(form.layout()),
+      handle_(createWindow(form, owner == nullptr ? nullptr : owner->handle(), procedure)),
+      toolTips_(handle_) {
+  SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  createControls();
+  form_.attach(this);
+}
+
+FormWindow::~FormWindow() {
+  form_.attach(nullptr);
+  leave();
+  // From now on this window's messages are the system's own. The native controls have procedures of their peers, to
+  // which they still turn while they are destroyed: the peers come after them.
+  SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
+  DestroyWindow(handle_);
+}
+
+void FormWindow::createControls() {
+  const Host host{handle_, metrics_, changed_};
+  std::vector<ControlPeer*> order;
+  for (controls::Control* control : controls::tabOrder(layout_)) {
+    std::unique_ptr<ControlPeer> peer = makePeer(host, *control);
+    toolTips_.add(peer->handle());
+    order.push_back(peer.get());
+    peers_.emplace(peer->handle(), std::move(peer));
+  }
+  // Frames go to the bottom, an outer one below its inner ones, so that each paints only the ground around what it
+  // holds.
+  for (auto peer = order.rbegin(); peer != order.rend(); ++peer) {
+    if ((*peer)->control().kind() != controls::Kind::kFrame) continue;
+    SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  keys_.emplace(form_, std::move(order));
+}
+
+void FormWindow::open() {
+  const controls::Rect place = firstPlace();
+  SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  flush();
+  if (owner_ != nullptr) EnableWindow(owner_->handle(), FALSE);
+  ShowWindow(handle_, owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
+  UpdateWindow(handle_);
+}
+
+void FormWindow::leave() {
+  if (left_) return;
+  left_ = true;
+  if (owner_ != nullptr) {
+    EnableWindow(owner_->handle(), TRUE);
+    if (GetActiveWindow() == handle_) SetActiveWindow(owner_->handle());
+  }
+  ShowWindow(handle_, SW_HIDE);
+}
+
+void FormWindow::changed(controls::Change change) {
+  if (change == controls::Change::kClosed) leave();
+  if (change == controls::Change::kRepaint) repaintNow();
+}
+
+// At once, because the handler that asks for it may serve no events for long.
+void FormWindow::repaintNow() {
+  repaint_ = changed_ = true;
+  const DWORD now = GetTickCount();
+  if (now - repaintedAt_ < kFlushInterval) return;
+  repaintedAt_ = now;
+  flush();
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::flush() {
+  if (!changed_) return;
+  changed_ = false;
+  keys_->beginChanges();
+  for (const auto& [window, peer] : peers_) peer->flush();
+  keys_->endChanges();
+  if (repaint_) redrawAll();
+  repaint_ = false;
+}
+
+bool FormWindow::handleKey(const MSG& message) {
+  const bool ours = message.hwnd == handle_ || IsChild(handle_, message.hwnd);
+  return ours && keys_->handle(message);
+}
+
+controls::Size FormWindow::wholeSize(controls::Size inside) const {
+  RECT frame = {0, 0, inside.width, inside.height};
+  AdjustWindowRectEx(&frame, windowStyle(owner_ != nullptr), FALSE, WS_EX_CONTROLPARENT);
+  return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
+}
+
+controls::Rect FormWindow::firstPlace() const {
+  const RECT area = workArea();
+  RECT around = area;
+  controls::Size inside = controls::leastSize(layout_, metrics_);
+  if (owner_ == nullptr) {
+    inside = {MulDiv(inside.width, kRoomyWidth, 100), MulDiv(inside.height, kRoomyHeight, 100)};
+  } else {
+    GetWindowRect(owner_->handle(), &around);
+  }
+  const controls::Size whole = wholeSize(inside);
+  controls::Rect place;
+  place.width = std::min<int>(whole.width, area.right - area.left);
+  place.height = std::min<int>(whole.height, area.bottom - area.top);
+  place.x = centred(place.width, around.left, around.right, area.left, area.right);
+  place.y = centred(place.height, around.top, around.bottom, area.top, area.bottom);
+  return place;
+}
+
+// All controls move at once, and without their pixels: what a control showed at its old place may have been another's.
+void FormWindow::arrange() {
+  RECT inside;
+  GetClientRect(handle_, &inside);
+  const controls::Places places = controls::arrange(layout_, metrics_, {inside.right, inside.bottom});
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(peers_.size()));
+  for (const auto& [window, peer] : peers_) {
+    const controls::Rect place = peer->nativePlace(places.at(&peer->control()));
+    moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, place.width, place.height,
+                           SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+  }
+  EndDeferWindowPos(moves);
+  for (const auto& [window, peer] : peers_) peer->placed();
+  redrawAll();
+}
+
+void FormWindow::redrawAll() const {
+  RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+// The common controls keep colours of their own and learn of new ones only from their parent.
+void FormWindow::passOnColours() const {
+  for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  redrawAll();
+}
+
+ControlPeer* FormWindow::peerOf(HWND window) const {
+  const auto found = peers_.find(window);
+  return found == peers_.end() ? nullptr : found->second.get();
+}
+
+void FormWindow::hover(ControlPeer* peer) {
+  if (hovered_ == peer) return;
+  if (hovered_ != nullptr) hovered_->pointerLeaves();
+  hovered_ = peer;
+  if (peer == nullptr) {
+    KillTimer(handle_, kHoverTimer);
+    return;
+  }
+  SetTimer(handle_, kHoverTimer, kHoverInterval, nullptr);
+  peer->pointerEnters();
+}
+
+// Nothing tells when the pointer leaves the window altogether.
+void FormWindow::checkHover() {
+  POINT position;
+  if (!GetCursorPos(&position) || peerOf(WindowFromPoint(position)) != hovered_) hover(nullptr);
+}
+
+LRESULT FormWindow::receivePointer(HWND under, LPARAM details) {
+  ControlPeer* const peer = peerOf(under);
+  hover(peer);
+  if (LOWORD(details) == HTCLIENT) {
+    HCURSOR shape = peer == nullptr ? nullptr : peer->cursor();
+    if (ui_.pointer() == Pointer::kHourglass) shape = LoadCursorA(nullptr, IDC_WAIT);
+    if (shape != nullptr) {
+      SetCursor(shape);
+      return TRUE;
+    }
+  }
+  return DefWindowProcA(handle_, WM_SETCURSOR, reinterpret_cast<WPARAM>(under), details);
+}
+
+LRESULT FormWindow::receiveNotify(NMHDR& header) {
+  HWND about = nullptr;
+  if (toolTips_.asksFor(header, about)) {
+    const ControlPeer* const asked = peerOf(about);
+    if (asked != nullptr) ToolTips::answer(header, asked->control().toolTip().c_str());
+    return 0;
+  }
+  ControlPeer* const peer = peerOf(header.hwndFrom);
+  return peer == nullptr ? 0 : peer->onNotify(header);
+}
+
+LRESULT FormWindow::receiveCommand(HWND from, int code) {
+  ControlPeer* const peer = peerOf(from);
+  if (peer != nullptr) peer->onCommand(code);
+  return 0;
+}
+
+LRESULT FormWindow::receiveDrawing(const DRAWITEMSTRUCT& item) {
+  ControlPeer* const peer = peerOf(item.hwndItem);
+  if (peer != nullptr) peer->draw(item);
+  return TRUE;
+}
+
+LRESULT FormWindow::receiveActivation(WPARAM first, LPARAM second) {
+  if (LOWORD(first) == WA_INACTIVE) {
+    keys_->rememberFocus();
+    return 0;
+  }
+  DefWindowProcA(handle_, WM_ACTIVATE, first, second);
+  const bool minimized = HIWORD(first) != 0;
+  // Whoever gives the window the focus may not be done with his own: no drawing in the middle of that.
+  repaintedAt_ = GetTickCount();
+  if (!minimized) form_.gotFocus();
+  return 0;
+}
+
+// No smaller than what holds everything, unless the screen itself is smaller.
+LRESULT FormWindow::receiveSizeQuestion(MINMAXINFO& limits) const {
+  const controls::Size least = wholeSize(controls::leastSize(layout_, metrics_));
+  const RECT area = workArea();
+  limits.ptMinTrackSize = {std::min<LONG>(least.width, area.right - area.left),
+                           std::min<LONG>(least.height, area.bottom - area.top)};
+  return 0;
+}
+
+// Messages that come before the window has its object, or after, are the system's own.
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (form == nullptr) return DefWindowProcA(window, message, first, second);
+  return form->receive(message, first, second);
+}
+
+LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_COMMAND:
+      return receiveCommand(reinterpret_cast<HWND>(second), HIWORD(first));
+    case WM_NOTIFY:
+      return receiveNotify(*reinterpret_cast<NMHDR*>(second));
+    case WM_DRAWITEM:
+      return receiveDrawing(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      SetBkColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNFACE));
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+    case WM_SETCURSOR:
+      return receivePointer(reinterpret_cast<HWND>(first), second);
+    case WM_ACTIVATE:
+      return receiveActivation(first, second);
+    case WM_GETMINMAXINFO:
+      return receiveSizeQuestion(*reinterpret_cast<MINMAXINFO*>(second));
+    case WM_SIZE:
+      if (first != SIZE_MINIMIZED) arrange();
+      return 0;
+    case WM_SETFOCUS:
+      keys_->restoreFocus();
+      return 0;
+    case WM_TIMER:
+      checkHover();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+      passOnColours();
+      return 0;
+    case WM_CLOSE:
+      form_.closeRequested();
+      return 0;
+    default:
+      return DefWindowProcA(handle_, message, first, second);
+  }
+}
+
+}  // namespace platform::win32

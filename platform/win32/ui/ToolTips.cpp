@@ -1,0 +1,36 @@
+#include "platform/win32/ui/ToolTips.h"
+
+// Kept apart: the common controls' header needs <windows.h> before it.
+#include <commctrl.h>
+
+namespace platform::win32 {
+
+ToolTips::ToolTips(HWND owner)
+    : owner_(owner),
+      handle_(CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
+                              0, owner, nullptr, GetModuleHandleA(nullptr), nullptr)) {
+  // A width of its own lets a text have several lines; a long path still gets one.
+  SendMessageA(handle_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN));
+}
+
+void ToolTips::add(HWND control) {
+  TTTOOLINFOA tool = {};
+  tool.cbSize = TTTOOLINFOA_V1_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = owner_;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = LPSTR_TEXTCALLBACKA;
+  SendMessageA(handle_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+bool ToolTips::asksFor(const NMHDR& header, HWND& control) const {
+  if (header.hwndFrom != handle_ || header.code != TTN_NEEDTEXTA) return false;
+  control = reinterpret_cast<HWND>(header.idFrom);
+  return true;
+}
+
+void ToolTips::answer(NMHDR& header, const char* text) {
+  reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = const_cast<char*>(text);
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,134 @@
+#include "platform/win32/ui/Win32Ui.h"
+
+#include <windows.h>
+
+// Kept apart: the dialogs' header needs <windows.h> before it.
+#include <commdlg.h>
+
+#include <algorithm>
+#include <array>
+
+#include "controls/Form.h"
+#include "platform/win32/ui/CommonControls.h"
+#include "platform/win32/ui/FormWindow.h"
+
+namespace platform::win32 {
+namespace {
+
+// The pointer may rest on one of our windows: lets that window set the shape now, not at the next move.
+void applyPointerAtOnce() {
+  POINT position;
+  if (!GetCursorPos(&position)) return;
+  const HWND under = WindowFromPoint(position);
+  if (under == nullptr || GetWindowThreadProcessId(under, nullptr) != GetCurrentThreadId()) return;
+  const LRESULT part = SendMessageA(under, WM_NCHITTEST, 0, MAKELPARAM(position.x, position.y));
+  SendMessageA(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under), MAKELPARAM(part, WM_MOUSEMOVE));
+}
+
+// What stands for the answer when no box could be shown: nothing that could be taken for consent.
+Answer answerWithoutBox(std::uint32_t style) {
+  switch (style & MB_TYPEMASK) {
+    case MB_YESNO:
+      return Answer::kNo;
+    case MB_OKCANCEL:
+      return Answer::kCancel;
+    default:
+      return Answer::kOk;
+  }
+}
+
+}  // namespace
+
+Win32Ui::Win32Ui() { startCommonControls(); }
+
+Win32Ui::~Win32Ui() = default;
+
+Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
+  flush();
+  const int pressed = MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style);
+  return pressed == 0 ? answerWithoutBox(style) : static_cast<Answer>(pressed);
+}
+
+Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
+  flush();
+  // The dialog wants the filter's parts closed by NULs, and the list of them by another, which the text has anyway.
+  std::string filter = request.filter + '\0';
+  std::ranges::replace(filter, '|', '\0');
+  std::array<char, MAX_PATH + 1> path{};
+  OPENFILENAMEA dialog = {};
+  // Windows 95 and NT 4 refuse the longer record of later systems.
+  dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
+  dialog.hwndOwner = activeWindow();
+  dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrFile = path.data();
+  dialog.nMaxFile = path.size();
+  dialog.lpstrTitle = request.title.c_str();
+  std::array<char, MAX_PATH + 1> before{};
+  GetCurrentDirectoryA(before.size(), before.data());
+  const bool chosen = GetOpenFileNameA(&dialog) != FALSE;
+  // Not every system's dialog ends in the chosen file's folder, or where it began when it is cancelled.
+  SetCurrentDirectoryA(chosen ? std::string(path.data(), dialog.nFileOffset).c_str() : before.data());
+  return chosen ? Result<std::string>(path.data()) : failure(kDialogCancelled);
+}
+
+void Win32Ui::serveEvents() {
+  const DWORD now = GetTickCount();
+  if (now == servedAt_) return;
+  servedAt_ = now;
+  if (now - flushedAt_ >= kFlushInterval) {
+    flushedAt_ = now;
+    flush();
+  }
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
+}
+
+void Win32Ui::setPointer(Pointer pointer) {
+  if (pointer_ == pointer) return;
+  pointer_ = pointer;
+  applyPointerAtOnce();
+}
+
+void Win32Ui::runModal(controls::Form& form, controls::Form* owner) {
+  FormWindow* const over = windowOf(owner);
+  FormWindow& window = *windows_.emplace_back(std::make_unique<FormWindow>(form, over, *this));
+  window.open();
+  while (form.isOpen()) {
+    flush();
+    MSG message;
+    // Not above 0: the thread is asked to end, or there is nothing left to wait for.
+    if (GetMessageA(&message, nullptr, 0, 0) <= 0) end();
+    dispatch(message);
+  }
+  window.leave();
+  windows_.pop_back();
+}
+
+void Win32Ui::end() { ExitProcess(0); }
+
+HWND Win32Ui::activeWindow() const {
+  const HWND active = GetActiveWindow();
+  return active == nullptr && !windows_.empty() ? windows_.back()->handle() : active;
+}
+
+FormWindow* Win32Ui::windowOf(const controls::Form* form) const {
+  for (const std::unique_ptr<FormWindow>& window : windows_) {
+    if (&window->form() == form) return window.get();
+  }
+  return nullptr;
+}
+
+void Win32Ui::flush() {
+  for (const std::unique_ptr<FormWindow>& window : windows_) window->flush();
+}
+
+void Win32Ui::dispatch(tagMSG& message) {
+  if (message.message == WM_QUIT) end();
+  for (const std::unique_ptr<FormWindow>& window : windows_) {
+    if (window->handleKey(message)) return;
+  }
+  TranslateMessage(&message);
+  DispatchMessageA(&message);
+}
+
+}  // namespace platform::win32

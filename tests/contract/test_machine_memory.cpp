@@ -1,0 +1,79 @@
+// The test machine on the in-memory machine.
+#include <algorithm>
+#include <utility>
+
+#include "platform/memory/MemoryMachine.h"
+#include "tests/contract/TestMachine.h"
+
+namespace contract {
+namespace {
+
+constexpr const char* kRoot = "C:\\contract";
+
+class MemoryTestMachine final : public TestMachine {
+ public:
+  MemoryTestMachine() { machine_.addFolder(kRoot); }
+
+  platform::Machine& machine() override { return machine_; }
+  std::string root() const override { return kRoot; }
+  std::string onOtherDrive() override {
+    machine_.addDrive('D');
+    machine_.addFolder("D:\\contract");
+    return "D:\\contract";
+  }
+
+  void makeFolder(const std::string& path) override { machine_.addFolder(path); }
+  void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
+  void makeLongFile(const std::string& path, std::uint64_t size) override { machine_.addSizedFile(path, size); }
+  void setAttributes(const std::string& path, std::uint32_t attributes) override {
+    machine_.setAttributes(path, attributes);
+  }
+  void lock(const std::string& path) override { machine_.lock(path); }
+  void unlock(const std::string& path) override { machine_.unlock(path); }
+
+  bool exists(const std::string& path) const override { return machine_.exists(path); }
+  std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
+  std::uint32_t attributes(const std::string& path) const override { return machine_.attributes(path).value(); }
+  std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.namesIn(folder); }
+
+  void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
+  std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  void makeFolderLink(const std::string& path, const std::string& target) override {
+    machine_.addFolderLink(path, target);
+  }
+  bool letsLinksGo() const override { return true; }
+  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
+    machine_.setVariable(name, value.value_or(""));
+  }
+  // It has never been filled.
+  void emptyCache() override {}
+  void cachePage(const std::string& url, const platform::FileTime& expires) override {
+    machine_.addCachedPage(
+        {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
+  }
+  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
+  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
+
+  bool hasShortNames() const override { return true; }
+
+  std::string keyRoot() const override { return "Software\\Contract"; }
+  void makeKey(const std::string& path) override { machine_.addRegistryKey("HKCU\\" + path); }
+  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
+                  const std::string& bytes) override {
+    machine_.setRegistryValue("HKCU\\" + path, name, {type, bytes});
+  }
+  bool hasKey(const std::string& path) const override { return machine_.hasRegistryKey("HKCU\\" + path); }
+  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
+    const auto value = machine_.registryValue("HKCU\\" + path, name);
+    return value ? std::optional(value->data) : std::nullopt;
+  }
+
+ private:
+  platform::memory::MemoryMachine machine_;
+};
+
+}  // namespace
+
+std::unique_ptr<TestMachine> makeTestMachine() { return std::make_unique<MemoryTestMachine>(); }
+
+}  // namespace contract
