@@ -11,7 +11,7 @@ using platform::memory::MemoryMachine;
 void fill(MemoryMachine& machine, std::int64_t count) {
   for (std::int64_t i = 0; i < count; ++i) {
     const std::string name = "page" + std::to_string(i);
-    machine.addCachedPage({.url = "http://bench.example/" + name, .localFile = "C:\\Cache\\" + name + "[1].htm"});
+    machine.urlCache().add({.url = "http://bench.example/" + name, .localFile = "C:\\Cache\\" + name + "[1].htm"});
   }
 }
 
@@ -41,7 +41,7 @@ void cleanCache(benchmark::State& state) {
     state.ResumeTiming();
     form.cmdCleanCache.click();
   }
-  if (!machine.cachedUrls().empty()) state.SkipWithError("entries are left");
+  if (!machine.urlCache().urls().empty()) state.SkipWithError("entries are left");
   state.SetComplexityN(state.range(0));
 }
 BENCHMARK(cleanCache)->Unit(benchmark::kMillisecond)->RangeMultiplier(10)->Range(1'000, 100'000)->Complexity();

@@ -24,7 +24,7 @@ BENCHMARK(Keystream)->Arg(kBlock)->Arg(kMiB)->Arg(16 * kMiB)->Arg(256 * kMiB)->C
 void ShredWholeFile(benchmark::State& state) {
   platform::memory::MemoryMachine machine;
   const platform::ScopedMachine use(machine);
-  machine.forgetWrites();
+  machine.disk().forgetWrites();
   frmMain window;
   for (auto _ : state) {
     state.PauseTiming();

@@ -1,5 +1,6 @@
 #include "controls/ListView.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace controls {
@@ -9,33 +10,43 @@ void ListView::add(std::string text, std::vector<std::string> subItems) {
 }
 
 void ListView::add(Row row) {
-  if (keyOf_) ++keys_[keyOf_(row.text)];
+  if (keyOf_) keys_.insert(keyOf_(row.text));
   const bool ticked = row.ticked;
   if (ticked) ++tickedCount_;
-  rows_.append(std::move(row));
+  rows_.push_back(std::move(row));
   notify(Change::kRows);
   if (ticked) raiseItemCheck();
 }
 
 void ListView::forget(const Row& row) {
-  if (!keyOf_) return;
-  const auto found = keys_.find(keyOf_(row.text));
-  if (--found->second == 0) keys_.erase(found);
+  if (keyOf_) keys_.erase(keys_.find(keyOf_(row.text)));
+  if (row.ticked) --tickedCount_;
 }
 
-void ListView::remove(std::size_t index) {
-  const Row& row = rows_.at(index);
-  const bool wasTicked = row.ticked;
-  forget(row);
-  rows_.remove(index);
-  if (wasTicked) --tickedCount_;
-  if (selected_ == index) {
-    selected_.reset();
-  } else if (selected_ && *selected_ > index) {
-    selected_ = *selected_ - 1;
+void ListView::removeRows(std::vector<std::size_t> indices) {
+  if (indices.empty()) return;
+  std::ranges::sort(indices);
+  const std::size_t tickedBefore = tickedCount_;
+  for (const std::size_t index : indices) forget(rows_[index]);
+  if (selected_) {
+    const auto position = std::ranges::lower_bound(indices, *selected_);
+    const bool removed = position != indices.end() && *position == *selected_;
+    selected_ =
+        removed ? std::nullopt : std::optional(*selected_ - static_cast<std::size_t>(position - indices.begin()));
   }
+  // Each row that stays moves forward once, over all the gaps before it.
+  auto gap = indices.begin();
+  std::size_t kept = indices.front();
+  for (std::size_t i = kept; i < rows_.size(); ++i) {
+    if (gap != indices.end() && *gap == i) {
+      ++gap;
+    } else {
+      rows_[kept++] = std::move(rows_[i]);
+    }
+  }
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(kept), rows_.end());
   notify(Change::kRows);
-  if (wasTicked) raiseItemCheck();
+  if (tickedCount_ != tickedBefore) raiseItemCheck();
 }
 
 void ListView::clear() {
@@ -49,7 +60,7 @@ void ListView::clear() {
 }
 
 void ListView::setTicked(std::size_t index, bool ticked) {
-  Row& row = rows_.at(index);
+  Row& row = rows_[index];
   if (row.ticked == ticked) return;
   row.ticked = ticked;
   if (ticked) {

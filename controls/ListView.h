@@ -7,13 +7,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "controls/Control.h"
-#include "controls/RowStore.h"
 
 namespace controls {
+
+struct Row {
+  std::string text;                   // the first column
+  std::vector<std::string> subItems;  // the columns behind it
+  bool ticked = false;
+};
 
 struct Column {
   std::string title;
@@ -39,16 +44,21 @@ class ListView final : public Control {
 
   // All indices are 0-based and below rowCount().
   std::size_t rowCount() const { return rows_.size(); }
-  bool empty() const { return rows_.size() == 0; }
-  const Row& row(std::size_t index) const { return rows_.at(index); }
-  const std::string& text(std::size_t index) const { return rows_.at(index).text; }
-  bool ticked(std::size_t index) const { return rows_.at(index).ticked; }
+  bool empty() const { return rows_.empty(); }
+  // References are good until the next call that adds or removes rows.
+  const Row& row(std::size_t index) const { return rows_[index]; }
+  const std::string& text(std::size_t index) const { return rows_[index].text; }
+  bool ticked(std::size_t index) const { return rows_[index].ticked; }
   std::size_t tickedCount() const { return tickedCount_; }
 
   // Adds a row at the end.
   void add(std::string text, std::vector<std::string> subItems = {});
   void add(Row row);
-  void remove(std::size_t index);
+  // Removes one row. Takes time in proportion to the rows behind it; removeRows is for many.
+  void remove(std::size_t index) { removeRows({index}); }
+  // Removes the rows with these indices, given in any order, each once. Item-check is raised once at the end when one
+  // of them was ticked.
+  void removeRows(std::vector<std::size_t> indices);
   void clear();
   void setTicked(std::size_t index, bool ticked);
 
@@ -66,6 +76,7 @@ class ListView final : public Control {
   bool containsKey(const std::string& key) const { return keys_.contains(key); }
 
  private:
+  // Takes a row that is about to go out of the counts.
   void forget(const Row& row);
   void raiseItemCheck() {
     if (onItemCheck) onItemCheck();
@@ -73,11 +84,11 @@ class ListView final : public Control {
 
   std::vector<Column> columns_;
   bool checkBoxes_;
-  RowStore rows_;
+  std::vector<Row> rows_;
   std::size_t tickedCount_ = 0;
   std::optional<std::size_t> selected_;
   std::function<std::string(std::string_view)> keyOf_;
-  std::unordered_map<std::string, std::size_t> keys_;  // key to number of rows
+  std::unordered_multiset<std::string> keys_;
 };
 
 }  // namespace controls

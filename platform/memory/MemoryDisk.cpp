@@ -25,6 +25,22 @@ NodePtr makeNode(std::string_view name, bool folder) {
   return node;
 }
 
+void setSettable(Node& node, std::uint32_t attributes) {
+  constexpr std::uint32_t kKind = kDirectory | kReparsePoint;
+  node.attributes = (node.attributes & kKind) | (attributes & ~(kKind | kNormal));
+}
+
+void appendFiles(const Node& folder, std::vector<std::string>& paths) {
+  if (folder.isLink()) return;
+  for (const NodePtr& entry : folder.entries->all()) {
+    if (entry->isFolder()) {
+      appendFiles(*entry, paths);
+    } else {
+      paths.push_back(MemoryDisk::pathOf(*entry));
+    }
+  }
+}
+
 // Works the names of `text` into `parts`. `trim` takes blanks and dots from the end of the last one, as calls do.
 void appendParts(std::string_view text, bool trim, std::vector<std::string>& parts) {
   while (!text.empty()) {
@@ -134,9 +150,34 @@ NodePtr MemoryDisk::addNode(FullPath path, bool folder) {
   return node;
 }
 
-NodePtr MemoryDisk::addFolder(const std::string& path) { return addNode(parse(path, Reading::kLiteral), true); }
+NodePtr MemoryDisk::addFolder(const std::string& path, std::uint32_t attributes) {
+  NodePtr folder = addNode(parse(path, Reading::kLiteral), true);
+  setSettable(*folder, attributes);
+  return folder;
+}
 
-NodePtr MemoryDisk::addFile(const std::string& path) { return addNode(parse(path, Reading::kLiteral), false); }
+NodePtr MemoryDisk::renewedFile(const std::string& path, std::uint32_t attributes) {
+  NodePtr file = addNode(parse(path, Reading::kLiteral), false);
+  file->bytes = MemoryBytes();
+  setSettable(*file, attributes);
+  return file;
+}
+
+NodePtr MemoryDisk::addFile(const std::string& path, const std::string& contents, std::uint32_t attributes) {
+  NodePtr file = renewedFile(path, attributes);
+  file->bytes.write(0, contents);
+  return file;
+}
+
+NodePtr MemoryDisk::addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes) {
+  NodePtr file = renewedFile(path, attributes);
+  file->bytes.resize(size);
+  return file;
+}
+
+void MemoryDisk::setAttributes(const std::string& path, std::uint32_t attributes) {
+  setSettable(*existing(path), attributes);
+}
 
 void MemoryDisk::addLink(const std::string& path, const std::string& target) {
   const NodePtr node = addFolder(path);
@@ -165,6 +206,44 @@ void MemoryDisk::setCurrentFolder(const std::string& path) {
 
 NodePtr MemoryDisk::peek(const std::string& path) const {
   return walk(parse(path, Reading::kLiteral), Last::kAsItIs, Ready::kNoMatter, kMaxLinks).value_or(nullptr);
+}
+
+NodePtr MemoryDisk::existing(const std::string& path) const {
+  NodePtr node = peek(path);
+  if (node == nullptr) mistake("there is no such file", path);
+  return node;
+}
+
+NodePtr MemoryDisk::existingFolder(const std::string& path) const {
+  NodePtr node = existing(path);
+  if (!node->isFolder()) mistake("that is no folder", path);
+  return node;
+}
+
+std::optional<std::string> MemoryDisk::contents(const std::string& path) const {
+  const NodePtr node = peek(path);
+  if (node == nullptr || node->isFolder()) return std::nullopt;
+  return node->bytes.all();
+}
+
+std::optional<std::uint32_t> MemoryDisk::attributes(const std::string& path) const {
+  const NodePtr node = peek(path);
+  if (node == nullptr) return std::nullopt;
+  return node->reportedAttributes();
+}
+
+std::vector<std::string> MemoryDisk::filesBelow(const std::string& folder) const {
+  std::vector<std::string> paths;
+  appendFiles(*existingFolder(folder), paths);
+  std::ranges::sort(paths);
+  return paths;
+}
+
+std::vector<std::string> MemoryDisk::namesIn(const std::string& folder) const {
+  std::vector<std::string> names;
+  for (const NodePtr& entry : existingFolder(folder)->entries->all()) names.push_back(entry->name);
+  std::ranges::sort(names);
+  return names;
 }
 
 // --- Drives
@@ -294,6 +373,7 @@ DiskResult<NodePtr> MemoryDisk::create(std::string_view path) {
 }
 
 bool MemoryDisk::sharingForbids(const Node& file, std::uint32_t access, std::uint32_t share) const {
+  if (file.locked) return true;
   if (file.openings == 0) return false;
   const auto allows = [](std::uint32_t sharing, std::uint32_t wanted) {
     return ((wanted & kGenericRead) == 0 || (sharing & kShareRead) != 0) &&
@@ -375,7 +455,7 @@ DiskResult<void> MemoryDisk::move(const NodePtr& node, std::string_view path) {
 DiskResult<void> MemoryDisk::mayGo(const Node& node, bool readOnlyToo) const {
   if (node.parent == nullptr || node.deniesWriting) return refuse(DiskError::kAccessDenied);
   if (!readOnlyToo && (node.attributes & kReadOnly) != 0) return refuse(DiskError::kAccessDenied);
-  if (node.openings != 0) return refuse(DiskError::kSharingViolation);
+  if (node.locked || node.openings != 0) return refuse(DiskError::kSharingViolation);
   // The system keeps the process's current folder open.
   if (node.isFolder() && compareNames(pathOf(node), currentFolder()) == 0) return refuse(DiskError::kSharingViolation);
   return {};

@@ -95,6 +95,7 @@ struct Node {
   std::string alias;             // empty when the name is its own 8.3 name, and when there is no alias
   std::uint32_t attributes = 0;  // never kNormal, which only stands for none
   bool unspeakable = false;      // the code page cannot hold the name
+  bool locked = false;           // another program has it open, and shares nothing
   bool deniesWriting = false;    // and deleting
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
@@ -118,17 +119,41 @@ struct Write {
 
 class MemoryDisk {
  public:
-  // --- What a person or another program does to the machine. Parents are made; paths are taken literally, so that
-  // names with blanks or dots at the end can be made. A mistake in such a call throws std::logic_error.
-  void addDrive(char letter, const std::string& label, bool ready);
-  NodePtr addFolder(const std::string& path);
-  NodePtr addFile(const std::string& path);
+  // --- What the user or another program does. Missing parents are made; paths are taken literally, so that names with
+  // blanks or dots at the end can be made. What cannot be done (a file in a file, an unknown drive, a file that is not
+  // there) throws std::logic_error.
+  void addDrive(char letter, const std::string& label = "", bool ready = true);
   void setReady(char letter, bool ready);
-  void setCurrentFolder(const std::string& path);
+  // A folder or file that is already there gets the new attributes and contents.
+  NodePtr addFolder(const std::string& path, std::uint32_t attributes = 0);
+  NodePtr addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
+  // A file of `size` zeros, which take no memory.
+  NodePtr addSizedFile(const std::string& path, std::uint64_t size, std::uint32_t attributes = kArchive);
+  // A folder that is a link to the folder `target`, which need not exist.
   void addLink(const std::string& path, const std::string& target);
+  // A file whose name the code page cannot hold; only its 8.3 alias can be used. Empty: it has none.
   void addUnspeakable(const std::string& folder, const std::string& alias);
-  // The node of a path, whatever the state of its drive; null when there is none.
-  NodePtr peek(const std::string& path) const;
+  // From now on enumerations give this size for the file, as a folder does whose entry is older than the latest writes.
+  void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
+  void setAttributes(const std::string& path, std::uint32_t attributes);
+  // Makes the folder its drive's current one, and the drive the current drive.
+  void setCurrentFolder(const std::string& path);
+  // Another program holds the file, and shares nothing.
+  void lock(const std::string& path) { existing(path)->locked = true; }
+  void unlock(const std::string& path) { existing(path)->locked = false; }
+  // From now on opening the file for writing, and deleting it, are refused.
+  void denyWriting(const std::string& path) { existing(path)->deniesWriting = true; }
+
+  // --- What is there, whatever the state of the drive.
+  bool exists(const std::string& path) const { return peek(path) != nullptr; }
+  // The bytes of a file; nothing when there is none.
+  std::optional<std::string> contents(const std::string& path) const;
+  // As a query reports them; nothing when there is no such file or folder.
+  std::optional<std::uint32_t> attributes(const std::string& path) const;
+  // The full paths of the files in a folder and below, sorted bytewise; links are not followed.
+  std::vector<std::string> filesBelow(const std::string& folder) const;
+  // The names directly in a folder, sorted bytewise.
+  std::vector<std::string> namesIn(const std::string& folder) const;
 
   // --- Drives
   std::vector<Drive> drives() const;
@@ -206,9 +231,13 @@ class MemoryDisk {
   enum class Last { kAsItIs, kFollowLink };
   enum class Ready { kMustBe, kNoMatter };
 
+  NodePtr peek(const std::string& path) const;
+  NodePtr existing(const std::string& path) const;
+  NodePtr existingFolder(const std::string& path) const;
   FullPath parse(std::string_view path, Reading reading) const;
   DiskResult<NodePtr> walk(const FullPath& path, Last last, Ready ready, int linksLeft) const;
   NodePtr addNode(FullPath path, bool folder);
+  NodePtr renewedFile(const std::string& path, std::uint32_t attributes);
   bool sharingForbids(const Node& file, std::uint32_t access, std::uint32_t share) const;
   DiskResult<void> mayGo(const Node& node, bool readOnlyToo) const;
   DiskResult<void> mayGoWithAllInIt(const Node& node) const;

@@ -107,6 +107,12 @@ void MemoryRegistry::set(const std::string& path, const std::string& name, Regis
   make(path)->values[name] = std::move(value);
 }
 
+void MemoryRegistry::setNumber(const std::string& path, const std::string& name, std::uint32_t number) {
+  std::string bytes;
+  for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);  // lowest byte first
+  set(path, name, {kRegistryNumber, bytes});
+}
+
 std::optional<RegistryValue> MemoryRegistry::value(const std::string& path, const std::string& name) const {
   const KeyPtr key = peek(path);
   if (key == nullptr || !key->values.contains(name)) return std::nullopt;

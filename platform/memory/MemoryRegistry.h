@@ -33,6 +33,10 @@ class MemoryRegistry final : public Registry {
   // std::logic_error.
   void addKey(const std::string& path) { make(path); }
   void set(const std::string& path, const std::string& name, RegistryValue value);
+  void setText(const std::string& path, const std::string& name, const std::string& text) {
+    set(path, name, {kRegistryText, text + '\0'});
+  }
+  void setNumber(const std::string& path, const std::string& name, std::uint32_t number);
   std::optional<RegistryValue> value(const std::string& path, const std::string& name) const;
   bool hasKey(const std::string& path) const { return peek(path) != nullptr; }
   // Every key below `path` and every value in it and them, in the order of their names: "Sub\", "Sub\Name=4:0a000000"

@@ -30,8 +30,8 @@ TEST(MemoryNames, EntriesThatNoPathReachesAreLeftOut) {
   machine.addFile("C:\\t\\blank.bak ", "other");
   machine.addFile("C:\\t\\blank.bak", "own");
   machine.addFile("C:\\t\\dot.");
-  machine.addUnspeakableFile("C:\\t", "UNSPEA~1.BAK");
-  machine.addUnspeakableFile("C:\\t", "");
+  machine.disk().addUnspeakable("C:\\t", "UNSPEA~1.BAK");
+  machine.disk().addUnspeakable("C:\\t", "");
   EXPECT_THAT(find(machine, "C:\\t\\*"), ElementsAre(".", "..", "UNSPEA~1.BAK", "blank.bak"));
   EXPECT_TRUE(machine.fileObjects().deleteFile("C:\\t\\blank.bak ", true));
   EXPECT_TRUE(machine.exists("C:\\t\\blank.bak ")) << "a call cannot name it";
@@ -42,9 +42,9 @@ TEST(MemoryNames, EntriesThatNoPathReachesAreLeftOut) {
 TEST(MemoryDisk, LinksLeadElsewhere) {
   MemoryMachine machine;
   machine.addFile("C:\\real\\file.txt", "bytes");
-  machine.addFolderLink("C:\\link", "C:\\real");
-  machine.addFolderLink("C:\\real\\round", "C:\\real");
-  machine.addFolderLink("C:\\self", "C:\\self");
+  machine.disk().addLink("C:\\link", "C:\\real");
+  machine.disk().addLink("C:\\real\\round", "C:\\real");
+  machine.disk().addLink("C:\\self", "C:\\self");
   EXPECT_EQ(machine.files().getFileAttributes("C:\\link"), kDirectory | kReparsePoint);
   EXPECT_THAT(find(machine, "C:\\link\\*.txt"), ElementsAre("file.txt"));
   EXPECT_EQ(machine.files().fileLength("C:\\link\\round\\round\\file.txt"), 5);

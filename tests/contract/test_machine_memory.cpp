@@ -17,7 +17,7 @@ class MemoryTestMachine final : public TestMachine {
   platform::Machine& machine() override { return machine_; }
   std::string root() const override { return kRoot; }
   std::string onOtherDrive() override {
-    machine_.addDrive('D');
+    machine_.disk().addDrive('D');
     machine_.addFolder("D:\\contract");
     return "D:\\contract";
   }
@@ -26,50 +26,50 @@ class MemoryTestMachine final : public TestMachine {
   void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
   void makeLongFile(const std::string& path, std::uint64_t size) override { machine_.addSizedFile(path, size); }
   void setAttributes(const std::string& path, std::uint32_t attributes) override {
-    machine_.setAttributes(path, attributes);
+    machine_.disk().setAttributes(path, attributes);
   }
-  void lock(const std::string& path) override { machine_.lock(path); }
-  void unlock(const std::string& path) override { machine_.unlock(path); }
+  void lock(const std::string& path) override { machine_.disk().lock(path); }
+  void unlock(const std::string& path) override { machine_.disk().unlock(path); }
 
   bool exists(const std::string& path) const override { return machine_.exists(path); }
   std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
-  std::uint32_t attributes(const std::string& path) const override { return machine_.attributes(path).value(); }
-  std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.namesIn(folder); }
+  std::uint32_t attributes(const std::string& path) const override { return machine_.disk().attributes(path).value(); }
+  std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.disk().namesIn(folder); }
 
-  void setCurrentFolder(const std::string& folder) override { machine_.setCurrentFolder(folder); }
-  std::size_t recycledItems() const override { return machine_.recycleBin().size(); }
+  void setCurrentFolder(const std::string& folder) override { machine_.disk().setCurrentFolder(folder); }
+  std::size_t recycledItems() const override { return machine_.disk().recycleBin().size(); }
   void makeFolderLink(const std::string& path, const std::string& target) override {
-    machine_.addFolderLink(path, target);
+    machine_.disk().addLink(path, target);
   }
   bool letsLinksGo() const override { return true; }
   void setVariable(const std::string& name, const std::optional<std::string>& value) override {
-    machine_.setVariable(name, value.value_or(""));
+    machine_.environment().setVariable(name, value.value_or(""));
   }
   // It has never been filled.
   void emptyCache() override {}
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
-    machine_.addCachedPage(
+    machine_.urlCache().add(
         {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
   }
-  void useCachedPage(const std::string& url) override { machine_.useCachedPage(url); }
-  std::size_t recentDocuments() const override { return machine_.recentDocuments().size(); }
+  void useCachedPage(const std::string& url) override { machine_.urlCache().use(url); }
+  std::size_t recentDocuments() const override { return machine_.shell().recentDocuments().size(); }
 
   bool hasShortNames() const override { return true; }
 
   std::string keyRoot() const override { return "Software\\Contract"; }
-  void makeKey(const std::string& path) override { machine_.addRegistryKey("HKCU\\" + path); }
+  void makeKey(const std::string& path) override { machine_.registry().addKey("HKCU\\" + path); }
   void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
                   const std::string& bytes) override {
-    machine_.setRegistryValue("HKCU\\" + path, name, {type, bytes});
+    machine_.registry().set("HKCU\\" + path, name, {type, bytes});
   }
-  bool hasKey(const std::string& path) const override { return machine_.hasRegistryKey("HKCU\\" + path); }
+  bool hasKey(const std::string& path) const override { return machine_.registry().hasKey("HKCU\\" + path); }
   std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
-    const auto value = machine_.registryValue("HKCU\\" + path, name);
+    const auto value = machine_.registry().value("HKCU\\" + path, name);
     return value ? std::optional(value->data) : std::nullopt;
   }
 
  private:
-  platform::memory::MemoryMachine machine_;
+  mutable platform::memory::MemoryMachine machine_;  // its services are not const, nor are their queries
 };
 
 }  // namespace

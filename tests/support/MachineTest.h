@@ -18,8 +18,8 @@ class MachineTest : public testing::Test {
 
   void TearDown() override {
     EXPECT_EQ(machine.openHandles(), 0u) << "the program left something open";
-    EXPECT_FALSE(machine.faultsLeft()) << "an ordered failure never happened";
-    EXPECT_FALSE(machine.answersLeft()) << "an answer was prepared for a box that never came";
+    EXPECT_FALSE(machine.faults().left()) << "an ordered failure never happened";
+    EXPECT_FALSE(machine.ui().answersLeft()) << "an answer was prepared for a box that never came";
   }
 
   // The texts of the boxes shown so far.
@@ -38,8 +38,8 @@ class MachineTest : public testing::Test {
       for (bool failed = true; failed; failures += failed ? 1 : 0) {
         machine.failAt(operation, failures + 1);
         act(operation + " " + std::to_string(failures + 1));
-        failed = !machine.faultsLeft();
-        machine.clearFaults();
+        failed = !machine.faults().left();
+        machine.faults().clear();
       }
       EXPECT_GT(failures, 0) << operation << " is never called";
     }

@@ -18,7 +18,7 @@ class ShredderTest : public MachineTest {
   ShredderTest() {
     keystream() = {};
     machine.addFolder(kHere);
-    machine.setCurrentFolder(kHere);
-    machine.setDay("21/11/2026", "12:34:56", 45296.12F);
+    machine.disk().setCurrentFolder(kHere);
+    machine.environment().setDay("21/11/2026", "12:34:56", 45296.12F);
   }
 };

@@ -19,7 +19,7 @@ class CachePage : public ConsoleTest {
   void addPages(int count) {
     for (int i = 0; i < count; ++i) {
       const std::string name = "p" + std::to_string(i);
-      machine.addCachedPage({.url = "http://h/" + name, .localFile = "C:\\Cache\\" + name});
+      machine.urlCache().add({.url = "http://h/" + name, .localFile = "C:\\Cache\\" + name});
     }
   }
 
@@ -45,10 +45,10 @@ class CachePage : public ConsoleTest {
 };
 
 TEST_F(CachePage, ListsTheFirstEntryAsItIsAndOfTheOthersOnlyOrdinaryOnes) {
-  machine.addCachedPage({.url = "Cookie:me@first", .type = kCookie, .expires = kAfternoon, .accessed = kAfternoon});
-  machine.addCachedPage({.url = "http://h/file", .localFile = "C:\\Cache\\file[1].htm", .accessed = kAfternoon});
-  machine.addCachedPage({.url = "Cookie:me@later", .localFile = "C:\\Cookies\\later.txt", .type = kCookie});
-  machine.addCachedPage({.url = "http://h/nofile", .type = kCookie | 1, .expires = kNever});
+  machine.urlCache().add({.url = "Cookie:me@first", .type = kCookie, .expires = kAfternoon, .accessed = kAfternoon});
+  machine.urlCache().add({.url = "http://h/file", .localFile = "C:\\Cache\\file[1].htm", .accessed = kAfternoon});
+  machine.urlCache().add({.url = "Cookie:me@later", .localFile = "C:\\Cookies\\later.txt", .type = kCookie});
+  machine.urlCache().add({.url = "http://h/nofile", .type = kCookie | 1, .expires = kNever});
   form.Del_Cache.click();
   EXPECT_EQ(entries(), (Paths{"|Cookie:me@first|3/5/2004 2:10:03 PM|3/5/2004 2:10:03 PM",
                               "C:\\Cache\\file[1].htm|http://h/file|1/1/1601|3/5/2004 2:10:03 PM",
@@ -82,7 +82,7 @@ TEST_F(CachePage, TakesThePlaceOfTheOtherLists) {
 TEST_F(CachePage, AnAbortEndsTheListAfterTheSecondRowAndOnlyOnce) {
   addPages(5);
   form.cmdCacheAbort.click();  // nothing runs: it waits for the next scan
-  machine.onBox([this](const platform::memory::ShownBox&) {
+  machine.ui().onBox([this](const platform::memory::ShownBox&) {
     EXPECT_FALSE(form.AbortRequested || form.Del_Cache.visible());
     EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
   });
@@ -91,7 +91,7 @@ TEST_F(CachePage, AnAbortEndsTheListAfterTheSecondRowAndOnlyOnce) {
   expectBox("    Scan Aborted", "Scan Aborted");
   EXPECT_EQ(form.lvCache.rowCount(), 2U);
 
-  machine.onBox({});
+  machine.ui().onBox({});
   form.Del_Cache.click();
   EXPECT_EQ(form.lvCache.rowCount(), 5U);
   machine.whenServing([this] { form.cmdCacheAbort.click(); });
@@ -101,8 +101,8 @@ TEST_F(CachePage, AnAbortEndsTheListAfterTheSecondRowAndOnlyOnce) {
 
 TEST_F(CachePage, AnAccessTimeThatIsNoDateIsReportedAndEndsTheScan) {
   addPages(1);
-  machine.addCachedPage({.url = "http://h/bad", .localFile = "C:\\Cache\\bad", .accessed = kNever});
-  machine.addCachedPage({.url = "http://h/next"});
+  machine.urlCache().add({.url = "http://h/bad", .localFile = "C:\\Cache\\bad", .accessed = kNever});
+  machine.urlCache().add({.url = "http://h/next"});
   form.Del_Cache.click();
   EXPECT_EQ(boxTexts(), Paths{"Run-time error '13':\r\n\r\nType mismatch"});
   EXPECT_EQ(entries().back(), "C:\\Cache\\bad|http://h/bad|1/1/1601|");
@@ -114,17 +114,17 @@ TEST_F(CachePage, AnAccessTimeThatIsNoDateIsReportedAndEndsTheScan) {
 
 TEST_F(CachePage, DeletesTheTickedEntriesAndNoOther) {
   addPages(5);
-  machine.useCachedPage("http://h/p3");
+  machine.urlCache().use("http://h/p3");
   form.Del_Cache.click();
   tick({1, 3});
   clean(Answer::kNo);
   expectBox("Delete Selected Cache Items?", "Scrubhaven Pro", 292);
   EXPECT_TRUE(form.lvCache.ticked(1) && form.lvCache.ticked(3));
-  EXPECT_EQ(machine.calls("deleteUrlCacheEntry"), 0);
+  EXPECT_EQ(machine.faults().calls("deleteUrlCacheEntry"), 0);
 
   clean(Answer::kYes);
   expectBox("All selected cache items have been cleaned.", "Cache Cleaned", 64);
-  EXPECT_EQ(machine.cachedUrls(), (Paths{"http://h/p0", "http://h/p2", "http://h/p3", "http://h/p4"}));
+  EXPECT_EQ(machine.urlCache().urls(), (Paths{"http://h/p0", "http://h/p2", "http://h/p3", "http://h/p4"}));
   EXPECT_EQ(form.lvCache.rowCount(), 3U) << "the row of an entry in use goes too";
   EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
   EXPECT_TRUE(form.cmdCleanCache.enabled() && form.cmdCacheInvert.enabled());
@@ -138,7 +138,7 @@ TEST_F(CachePage, CleaningEveryRowLeavesThePageIdleAndTheNextScanSaysThatTheCach
   form.Del_Cache.click();
   form.cmdSelect.click();
   clean(Answer::kYes);
-  EXPECT_TRUE(machine.cachedUrls().empty());
+  EXPECT_TRUE(machine.urlCache().urls().empty());
   EXPECT_EQ(form.lvCache.toolTip(), "");
   EXPECT_TRUE(form.cmdSelect.visible() && form.Scan.enabled());
   EXPECT_FALSE(form.cmdSelect.enabled() || form.cmdCleanCache.enabled() || form.cmdCacheInvert.enabled());
@@ -179,15 +179,15 @@ TEST_F(CachePage, SurvivesAnyFailingCall) {
   addPages(3);
   form.Del_Cache.click();
   const Paths good = entries();
-  const std::size_t blocks = machine.memoryBlocks();
+  const std::size_t blocks = machine.urlCache().blocks();
   withEachCallFailing({"findFirstUrlCacheEntry", "findNextUrlCacheEntry", "findCloseUrlCache", "localAlloc",
                        "fileTimeToSystemTime", "localFree"},
                       [&](const std::string& call) {
                         form.Del_Cache.click();
-                        const bool failed = !machine.faultsLeft();
+                        const bool failed = !machine.faults().left();
                         EXPECT_TRUE(form.Del_Cache.visible()) << call;
                         EXPECT_TRUE(failed ? form.lvCache.rowCount() <= 3 : entries() == good) << call;
-                        EXPECT_LE(machine.memoryBlocks(), blocks) << call;
+                        EXPECT_LE(machine.urlCache().blocks(), blocks) << call;
                         EXPECT_EQ(machine.openHandles(), 0U) << call;
                       });
 }
@@ -202,7 +202,7 @@ TEST_F(CachePage, TheRowOfAnEntryThatFoundNoMemoryNamesNothing) {
   EXPECT_EQ(entries(), Paths{"||1/1/1601|1/1/1601"});
   form.cmdSelect.click();
   clean(Answer::kYes);
-  EXPECT_EQ(machine.cachedUrls().size(), 2U);
+  EXPECT_EQ(machine.urlCache().urls().size(), 2U);
 }
 
 }  // namespace

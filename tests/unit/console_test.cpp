@@ -37,13 +37,13 @@ TEST_F(Console, WithoutAFolderToStartInNothingIsScanned) {
 }
 
 TEST_F(Console, ChoosingADriveShowsTheWayToItsCurrentFolderAndAnEmptyOneIsReported) {
-  machine.addDrive('D', "BACKUP");
+  machine.disk().addDrive('D', "BACKUP");
   machine.addFolder("D:\\Old\\Deep\\Below");
   machine.addFolder("D:\\Old\\Deep\\hidden", platform::kHidden);
-  machine.setCurrentFolder("D:\\Old\\Deep");
+  machine.disk().setCurrentFolder("D:\\Old\\Deep");
   machine.addFolder("C:\\Here");
-  machine.setCurrentFolder("C:\\Here");
-  machine.addDrive('E', "", false);
+  machine.disk().setCurrentFolder("C:\\Here");
+  machine.disk().addDrive('E', "", false);
   form.Drive1.reload();
   ASSERT_EQ(form.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
   form.Drive1.choose(1);
@@ -74,13 +74,13 @@ TEST_F(Console, ChoosingADriveShowsTheWayToItsCurrentFolderAndAnEmptyOneIsReport
 TEST_F(Console, HelpAndWebSiteReachTheShellAsTexts) {
   form.cmdHelp.click();
   form.Picture1.click();
-  ASSERT_EQ(machine.shellCommands().size(), 2U);
-  const platform::ShellCommand& help = machine.shellCommands()[0];
+  ASSERT_EQ(machine.shell().commands().size(), 2U);
+  const platform::ShellCommand& help = machine.shell().commands()[0];
   EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
   EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
   EXPECT_EQ(help.owner, platform::ShellOwner::kDesktopWindow);
   EXPECT_EQ(form.CommonDialog1.helpFile, "C:\\Program Files\\Scrubhaven\\scrubhaven.hlp");
-  const platform::ShellCommand& web = machine.shellCommands()[1];
+  const platform::ShellCommand& web = machine.shell().commands()[1];
   EXPECT_FALSE(web.verb || web.parameters || web.folder || web.showCommand != 0);
   EXPECT_EQ(web.owner, platform::ShellOwner::kNone);
 }
@@ -97,7 +97,7 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
     EXPECT_TRUE(machine.boxes().empty());
     form.cmdHelp.enable();
     form.cmdHelp.click();
-    EXPECT_EQ(machine.shellCommands().size(), 1U);
+    EXPECT_EQ(machine.shell().commands().size(), 1U);
     EXPECT_THROW(form.closeRequested(), Ended);
     form.cmdCacheAbort.click();
   });
@@ -133,7 +133,7 @@ TEST_F(Console, NamesTheWindowsVersion) {
       {{.platformId = 7}, "Failed"},
   };
   for (const auto& [record, name] : cases) {
-    machine.setVersion(record);
+    machine.version().set(record);
     EXPECT_EQ(GetWindowsVersionName(), name);
   }
   machine.failAt("getVersionEx");

@@ -34,7 +34,7 @@ class DeleteFiles : public ConsoleTest {
   // What was written over a file, in order, and whether each write followed the one before.
   std::string writtenTo(const std::string& path) const {
     std::string bytes;
-    for (const auto& write : machine.writes()) {
+    for (const auto& write : machine.disk().writes()) {
       if (write.path == path && !write.bytes.empty()) {
         EXPECT_EQ(write.position, bytes.size());
         bytes += write.bytes;
@@ -58,7 +58,7 @@ TEST_F(DeleteFiles, AsksFirstAndNoOrNothingTickedChangesNothing) {
   form.Delete.click();
   expectBox("Confirm file deletion?", "Confirm Deletion", 292);
   EXPECT_EQ(paths(), Paths{"C:\\J\\a.tmp"});
-  EXPECT_TRUE(machine.fileOperations().empty());
+  EXPECT_TRUE(machine.shell().fileOperations().empty());
 }
 
 TEST_F(DeleteFiles, GoesToTheRecycleBinOrIsGoneForGoodAndOnlyTickedRows) {
@@ -67,19 +67,19 @@ TEST_F(DeleteFiles, GoesToTheRecycleBinOrIsGoneForGoodAndOnlyTickedRows) {
   const std::size_t before = machine.boxes().size();
   confirm();
   EXPECT_EQ(machine.boxes().size(), before + 1) << "no closing message";
-  EXPECT_EQ(machine.recycleBin(), (Paths{"C:\\J\\b.tmp", "C:\\J\\c.tmp"}));
+  EXPECT_EQ(machine.disk().recycleBin(), (Paths{"C:\\J\\b.tmp", "C:\\J\\c.tmp"}));
   EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\d.tmp"}));
-  ASSERT_EQ(machine.fileOperations().size(), 2U);
-  EXPECT_EQ(machine.fileOperations()[0].flags, 80);
-  EXPECT_EQ(machine.fileOperations()[0].sourceList, std::string("C:\\J\\b.tmp") + '\0');
+  ASSERT_EQ(machine.shell().fileOperations().size(), 2U);
+  EXPECT_EQ(machine.shell().fileOperations()[0].flags, 80);
+  EXPECT_EQ(machine.shell().fileOperations()[0].sourceList, std::string("C:\\J\\b.tmp") + '\0');
   EXPECT_FALSE(form.Delete.enabled()) << "no ticked row is left";
 
   form.ListView1.clickTick(1);
   form.optRecycle.click();
   EXPECT_FALSE(form.optWipe.ticked());
   confirm();
-  EXPECT_EQ(machine.fileOperations().back().flags, 16);
-  EXPECT_EQ(machine.recycleBin().size(), 2U);
+  EXPECT_EQ(machine.shell().fileOperations().back().flags, 16);
+  EXPECT_EQ(machine.disk().recycleBin().size(), 2U);
   EXPECT_EQ(machine.filesBelow("C:\\J"), Paths{"C:\\J\\a.tmp"});
 }
 
@@ -90,7 +90,7 @@ TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndNoKeepsTheFile) {
   machine.addFile("C:\\J\\other.tmp", "x");
   list({"1.tmp", "33.tmp", "35.tmp"});
   const std::size_t before = machine.boxes().size();
-  machine.onBox([this](const auto& box) {
+  machine.ui().onBox([this](const auto& box) {
     if (box.title == "Delete File") form.ListView1.setTicked(3, true);  // too late to count
   });
   for (const Answer answer : {Answer::kYes, Answer::kNo, Answer::kYes}) machine.answer(answer);
@@ -105,15 +105,15 @@ TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndNoKeepsTheFile) {
 TEST_F(DeleteFiles, FileInUseIsNamedAndStays) {
   for (const char* name : {"a", "b", "gone"}) machine.addFile(std::string("C:\\J\\") + name + ".tmp");
   list({"a.tmp", "b.tmp", "gone.tmp"});
-  machine.lock("C:\\J\\a.tmp");
+  machine.disk().lock("C:\\J\\a.tmp");
   machine.failAt("getFile", 2, platform::kPermissionDenied);
   confirm();
   expectBox("C:\\J\\a.tmp is in use by Windows and can not be deleted.", "File Deletion Error", 0);
   EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"})) << "b's attributes cannot be read";
   EXPECT_EQ(paths(), machine.filesBelow("C:\\J"));
-  const int opened = machine.calls("createFile");
+  const int opened = machine.faults().calls("createFile");
   EXPECT_FALSE(form.FileIsOpen1("C:\\J\\gone.tmp"));
-  EXPECT_EQ(machine.calls("createFile"), opened);
+  EXPECT_EQ(machine.faults().calls("createFile"), opened);
 }
 
 TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndOnlyTickedFiles) {
@@ -133,7 +133,7 @@ TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndOnlyTickedFiles) {
   expectBox("All files that are not locked have been shredded.", "Files Shredded", 64);
   EXPECT_EQ(form.ListView1.toolTip(), "Scan Results");
   EXPECT_TRUE(form.optWipe.visible());
-  EXPECT_TRUE(machine.recycleBin().empty());
+  EXPECT_TRUE(machine.disk().recycleBin().empty());
 
   list({"a.tmp", "c.tmp"});
   confirm();
@@ -148,7 +148,7 @@ TEST_F(DeleteFiles, WipeLeavesReadOnlyLockedAndRefusedFilesAndTheRowsInOrder) {
   machine.addFile("C:\\J\\4.tmp", "locked");
   machine.addFile("C:\\J\\5.tmp", "gone already");
   list({"1.tmp", "3.tmp", "4.tmp", "5.tmp"});
-  machine.lock("C:\\J\\4.tmp");
+  machine.disk().lock("C:\\J\\4.tmp");
   ASSERT_TRUE(machine.fileObjects().deleteFile("C:\\J\\5.tmp", true));
   form.optWipe.click();
   confirm();
@@ -158,8 +158,8 @@ TEST_F(DeleteFiles, WipeLeavesReadOnlyLockedAndRefusedFilesAndTheRowsInOrder) {
   EXPECT_EQ(lastBox(), "All files that are not locked have been shredded.");
 
   // A file that cannot be opened for writing ends the command and is not removed.
-  machine.unlock("C:\\J\\4.tmp");
-  machine.denyWriting("C:\\J\\4.tmp");
+  machine.disk().unlock("C:\\J\\4.tmp");
+  machine.disk().denyWriting("C:\\J\\4.tmp");
   const std::size_t before = machine.boxes().size();
   confirm();
   EXPECT_EQ(machine.boxes().size(), before + 1) << "no closing message";

@@ -37,9 +37,9 @@ TEST_F(JunkScan, FoldersThatAreNotSearched) {
   machine.addFile("C:\\W\\Both\\b.tmp", "x");
   machine.addFile("C:\\Elsewhere\\c.tmp", "x");
   machine.addFile("C:\\W\\NoAttributes\\d.tmp", "x");
-  machine.setAttributes("C:\\W\\HiddenOnly", kHidden);
-  machine.setAttributes("C:\\W\\Both", kHidden | kSystem);
-  machine.addFolderLink("C:\\W\\Link", "C:\\Elsewhere");
+  machine.disk().setAttributes("C:\\W\\HiddenOnly", kHidden);
+  machine.disk().setAttributes("C:\\W\\Both", kHidden | kSystem);
+  machine.disk().addLink("C:\\W\\Link", "C:\\Elsewhere");
   // That of "NoAttributes", the last of the entries.
   machine.failAt("getFileAttributes", 4);
   scan({kTypeTmp}, "C:\\W");
@@ -81,7 +81,7 @@ TEST_F(JunkScan, BusyStateLetsOnlyAbortActAndEndsAsItBegan) {
   machine.whenServing([&] {
     EXPECT_EQ(usableCommands(), (Paths{"cmdAbort", "cmdCacheAbort"}));
     EXPECT_TRUE(form.lblFile.visible());
-    machine.advance(2500);
+    machine.environment().advance(2500);
   });
   scan({kTypeTmp}, "C:\\J");
   EXPECT_EQ(form.Label6.caption(), "Results: 1 files found in 2 seconds.");
@@ -96,13 +96,13 @@ TEST_F(JunkScan, AbortStopsBeforeDeeperFoldersAndCountsTheTimeOfTheBox) {
   for (int i = 0; i < 5; ++i) machine.addFile("C:\\J\\F" + std::to_string(i) + "\\a.tmp", "x");
   machine.addFile("C:\\J\\top.tmp", "x");
   int served = 0;
-  machine.everyServing([&] {
+  machine.ui().everyServing([&] {
     if (++served == 9) form.cmdAbort.click();  // behind the 8 entries of C:\J, with "." and ".."
   });
-  machine.onBox([&](const platform::memory::ShownBox& box) {
+  machine.ui().onBox([&](const platform::memory::ShownBox& box) {
     EXPECT_EQ(box.text + box.title, "    Scan AbortedScan Aborted");
     EXPECT_FALSE(form.Label6.visible());
-    machine.advance(3500);
+    machine.environment().advance(3500);
   });
   scan({kTypeTmp}, "C:\\J");
   EXPECT_EQ(paths(), Paths{"C:\\J\\top.tmp"});
@@ -142,7 +142,7 @@ TEST_F(JunkScan, BoxesSayClearAllWhenAllAreTickedRowsWhenAnyIs) {
 
 TEST_F(JunkScan, OwnExtensionsAreKeptWhenAllBoxesAreEmptied) {
   const auto choose = [this](std::initializer_list<const char*> texts, bool accept) {
-    machine.whenModal([&, texts, accept](controls::Form& shown) {
+    machine.ui().whenModal([&, texts, accept](controls::Form& shown) {
       auto& window = dynamic_cast<frmChoose&>(shown);
       EXPECT_EQ(window.caption(), "Custom File Extensions");
       EXPECT_FALSE(form.cmdChoose.acceptsInput()) << "the console is covered";

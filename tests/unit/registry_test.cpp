@@ -48,7 +48,7 @@ TEST_F(RegistryLayer, KnowsTheRootsInAnyCaseAndIniFilesThatPeopleSee) {
   EXPECT_EQ(result, Variant("def"));
   EXPECT_EQ(WriteRegistryValue("HKXX", kKey, "v", "S", "x").value(), kUnknownHive);
   EXPECT_EQ(DeleteRegistryKey("HKXX", kKey, "v"), kUnknownHive);
-  EXPECT_TRUE(machine.registryCalls().empty());
+  EXPECT_TRUE(machine.registry().calls().empty());
 }
 
 TEST_F(RegistryLayer, ReadsEachTypeAndWhateverElseFitsIntoTheSizesPassed) {
@@ -72,18 +72,18 @@ TEST_F(RegistryLayer, ReadsEachTypeAndWhateverElseFitsIntoTheSizesPassed) {
       {"D", {kRegistryBinary, std::string(33, 'x')}, platform::kRegistryMoreData, "def"},
   };
   EXPECT_EQ(read("D"), kRegistryNotFound);
-  machine.addRegistryKey(kMachineKey);
+  machine.registry().addKey(kMachineKey);
   for (const char* type : {"S", "B", "D"}) EXPECT_EQ(read(type), kRegistryNotFound) << type;
   EXPECT_EQ(result, Variant("def"));
   std::size_t open = 3;
   for (const Case& one : cases) {
-    machine.setRegistryValue(kMachineKey, "v", one.stored);
+    machine.registry().set(kMachineKey, "v", one.stored);
     EXPECT_EQ(read(one.type), one.status) << one.type << one.stored.data;
     EXPECT_EQ(result, one.result) << one.type << one.stored.data;
     if (one.status != 0) ++open;
-    EXPECT_EQ(machine.openRegistryKeys(), open) << "only a failed read leaves the key open";
+    EXPECT_EQ(machine.registry().openKeys(), open) << "only a failed read leaves the key open";
   }
-  EXPECT_EQ(machine.registryCalls()[0], "openKey HKCU Software\\T 1");
+  EXPECT_EQ(machine.registry().calls()[0], "openKey HKCU Software\\T 1");
 }
 
 TEST_F(RegistryLayer, WritesEachTypeInItsFormOrFailsWithTheConversion) {
@@ -111,29 +111,29 @@ TEST_F(RegistryLayer, WritesEachTypeInItsFormOrFailsWithTheConversion) {
   };
   for (const Case& one : cases) {
     EXPECT_EQ(write(one.type, one.value), one.outcome) << one.type << platform::textOf(one.value);
-    EXPECT_EQ(machine.registryContents(kMachineKey).at(0), one.stored) << one.type << platform::textOf(one.value);
+    EXPECT_EQ(machine.registry().contents(kMachineKey).at(0), one.stored) << one.type << platform::textOf(one.value);
   }
   for (const Variant& large : {Variant(40000), Variant(-32769), Variant("32767.5"), Variant("1e400")}) {
     EXPECT_EQ(write("D", large), -platform::kOverflow) << platform::textOf(large);
   }
   for (const char* none : {"", "ten", "10 0", "inf"}) EXPECT_EQ(write("D", none), -platform::kTypeMismatch) << none;
-  EXPECT_EQ(machine.registryContents(kMachineKey).at(0), "v=4:ff7f0000");
-  EXPECT_EQ(machine.openRegistryKeys(), 9U) << "one for each failed conversion";
-  EXPECT_EQ(machine.registryCalls()[0], "createKey HKCU Software\\T 6");
-  EXPECT_EQ(machine.registryCalls()[1], "setValue v 1 2") << "without the NUL";
+  EXPECT_EQ(machine.registry().contents(kMachineKey).at(0), "v=4:ff7f0000");
+  EXPECT_EQ(machine.registry().openKeys(), 9U) << "one for each failed conversion";
+  EXPECT_EQ(machine.registry().calls()[0], "createKey HKCU Software\\T 6");
+  EXPECT_EQ(machine.registry().calls()[1], "setValue v 1 2") << "without the NUL";
 }
 
 TEST_F(RegistryLayer, DeletesKeysAndKeepsTheirParentOpen) {
-  machine.setRegistryText(kMachineKey + "\\Two\\Levels", "", "x");
+  machine.registry().setText(kMachineKey + "\\Two\\Levels", "", "x");
   EXPECT_EQ(DeleteRegistryKey("hkcu", "Software\\T\\", "two\\levels"), 0);
-  EXPECT_EQ(machine.registryContents(kMachineKey), std::vector<std::string>{"Two\\"});
+  EXPECT_EQ(machine.registry().contents(kMachineKey), std::vector<std::string>{"Two\\"});
   EXPECT_EQ(DeleteRegistryKey("HKCU", kKey, "Two\\Levels"), 0) << "a missing key is success";
-  EXPECT_EQ(machine.openRegistryKeys(), 2U);
-  EXPECT_EQ(machine.registryCalls()[0], "openKey HKCU Software\\T\\ 4");
+  EXPECT_EQ(machine.registry().openKeys(), 2U);
+  EXPECT_EQ(machine.registry().calls()[0], "openKey HKCU Software\\T\\ 4");
 }
 
 TEST_F(RegistryLayer, GivesTheCodeOfTheCallThatFailed) {
-  machine.setRegistryText(kMachineKey, "v", "");
+  machine.registry().setText(kMachineKey, "v", "");
   const auto failing = [this](const char* call, int n = 1) { machine.failAt(call, n, kRegistryAccessDenied); };
   for (const auto& [call, n] : {std::pair("openKey", 1), {"queryValue", 1}, {"queryValue", 2}, {"closeKey", 1}}) {
     failing(call, n);
@@ -159,7 +159,7 @@ TEST_F(RegistryLayer, IniFilesTakeTextsAndGiveNoNumbers) {
   EXPECT_EQ(readIni("s", "v"), Variant("  old "));
   EXPECT_EQ(readIni("S", "missing"), Variant("def"));
   EXPECT_EQ(readIni("D", "v"), Variant("def"));
-  EXPECT_EQ(machine.calls("getInt"), 1);
+  EXPECT_EQ(machine.faults().calls("getInt"), 1);
   EXPECT_EQ(WriteRegistryValue(file, "Section", "v", "s", 12).value(), 0);
   EXPECT_EQ(WriteRegistryValue(file, "Fresh", "new", "S", std::string(300, 'n')).value(), 0);
   EXPECT_EQ(WriteRegistryValue(file, "Section", "v", "D", 5).value(), kUnknownHive);
@@ -168,21 +168,21 @@ TEST_F(RegistryLayer, IniFilesTakeTextsAndGiveNoNumbers) {
   EXPECT_EQ(result, Variant(std::string(254, 'n')));
   machine.failAt("writeString");
   EXPECT_EQ(WriteRegistryValue(file, "Section", "v", "S", "x").value(), 0) << "a failed write is not told";
-  EXPECT_TRUE(machine.registryCalls().empty());
+  EXPECT_TRUE(machine.registry().calls().empty());
 }
 
 // What stands in for a scripting host that is missing.
 TEST_F(RegistryLayer, ScriptPathsNameNoRootAndLeaveNothingOpen) {
   platform::RegistryScriptShell shell{machine.registry()};
-  machine.setRegistryValue("HKLM\\A\\B", "b", {kRegistryBinary, "xx"});
-  machine.setRegistryValue("HKLM\\A\\B", "open", {platform::kRegistryExpandableText, "open"});
+  machine.registry().set("HKLM\\A\\B", "b", {kRegistryBinary, "xx"});
+  machine.registry().set("HKLM\\A\\B", "open", {platform::kRegistryExpandableText, "open"});
   EXPECT_EQ(shell.regRead("HKEY_LOCAL_MACHINE\\A\\B\\open").value(), "open");
   EXPECT_EQ(shell.regRead("HKLM\\A\\B\\b").error().number, platform::kTypeMismatch);
   EXPECT_EQ(shell.regRead("HKLMX\\A\\B\\open").error().number, platform::kScriptPathNotFound);
   EXPECT_EQ(shell.regDelete("HKEY_LOCAL_MACHINE\\").error().number, platform::kPermissionDenied);
   machine.failAt("setValue", 1, kRegistryAccessDenied);
   EXPECT_EQ(shell.regWrite("HKLM\\A\\", "d").error().number, platform::kPermissionDenied);
-  EXPECT_EQ(machine.openRegistryKeys(), 0U);
+  EXPECT_EQ(machine.registry().openKeys(), 0U);
 }
 
 }  // namespace

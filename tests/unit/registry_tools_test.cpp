@@ -19,42 +19,42 @@ class TypedUrls : public ConsoleTest {};
 
 TEST_F(TypedUrls, GoWithTheirKeyAndNothingBesideIt) {
   const std::string browser = "HKCU\\Software\\Microsoft\\Internet Explorer";
-  machine.setRegistryText(browser + "\\TypedURLs", "url1", "http://a.example/");
-  machine.setRegistryText(browser, "keep", "x");
+  machine.registry().setText(browser + "\\TypedURLs", "url1", "http://a.example/");
+  machine.registry().setText(browser, "keep", "x");
   form.cmdMRU.click();
-  EXPECT_EQ(machine.registryContents(browser), Paths{"keep=1:7800"});
+  EXPECT_EQ(machine.registry().contents(browser), Paths{"keep=1:7800"});
   expectBox("All Recent URL's Cleared", "Scrubhaven Pro", kInformation);
   form.cmdMRU.click();
   expectBox("No URL's Found", "Scrubhaven Pro", kInformation);
   EXPECT_EQ(machine.boxes().size(), 2U);
 
-  machine.setRegistryText(browser + "\\TypedURLs\\Sub", "v", "x");
+  machine.registry().setText(browser + "\\TypedURLs\\Sub", "v", "x");
   form.cmdMRU.click();
   EXPECT_EQ(machine.boxes().size(), 2U) << "other failures pass in silence";
 }
 
 TEST_F(TypedUrls, ReadingAndWritingByPathEndInDeletionToo) {
   const std::string path = "HKEY_CURRENT_USER\\K\\v";
-  machine.setRegistryText("HKCU\\K", "v", "the value");
+  machine.registry().setText("HKCU\\K", "v", "the value");
   form.ReadWriteDeleteRegistry(path, "", 1);
   EXPECT_EQ(boxTexts(), (Paths{"the value", "All Recent URL's Cleared"}));
   form.ReadWriteDeleteRegistry(path, "data", 2);
   ASSERT_EQ(machine.boxes().size(), 4U);
   EXPECT_EQ(machine.boxes()[2].text, "\"" + path + "\\data\" has been written To the registry.");
   EXPECT_EQ(machine.boxes()[2].title, "Success");
-  EXPECT_FALSE(machine.registryValue("HKCU\\K", "v"));
+  EXPECT_FALSE(machine.registry().value("HKCU\\K", "v"));
   form.ReadWriteDeleteRegistry(path, "", 1);
   EXPECT_EQ(lastBox(), "No URL's Found");
-  EXPECT_EQ(machine.calls("regDelete"), 2) << "a failed read ends it";
+  EXPECT_EQ(machine.faults().calls("regDelete"), 2) << "a failed read ends it";
 
   std::string text = "before";
   form.ReadWriteDeleteRegistry2(path, text, 1);
-  machine.setRegistryText("HKCU\\K", "v", "read only");
+  machine.registry().setText("HKCU\\K", "v", "read only");
   form.ReadWriteDeleteRegistry2(path, text, 2);
   EXPECT_EQ(text, "before");
   form.ReadWriteDeleteRegistry2(path, text, 1);
   EXPECT_EQ(text, "read only");
-  EXPECT_TRUE(machine.registryValue("HKCU\\K", "v"));
+  EXPECT_TRUE(machine.registry().value("HKCU\\K", "v"));
 }
 
 // ---- Lists of what was used last
@@ -87,7 +87,7 @@ class MruLists : public ConsoleTest {
  protected:
   void fillEveryList() {
     for (const auto& [seed, keys] : kSeeds) {
-      for (const std::string& key : keys) machine.setRegistryText(key, "a", "C:\\secret.txt");
+      for (const std::string& key : keys) machine.registry().setText(key, "a", "C:\\secret.txt");
     }
   }
 
@@ -95,7 +95,7 @@ class MruLists : public ConsoleTest {
   std::ptrdiff_t emptied() {
     std::ptrdiff_t count = 0;
     for (const auto& [seed, keys] : kSeeds) {
-      count += std::ranges::count(keys, Paths{seed}, [&](const auto& key) { return machine.registryContents(key); });
+      count += std::ranges::count(keys, Paths{seed}, [&](const auto& key) { return machine.registry().contents(key); });
     }
     return count;
   }
@@ -105,18 +105,18 @@ TEST_F(MruLists, AreEmptiedOrMadeAndNothingElseIs) {
   form.cmdLists.click();
   EXPECT_EQ(emptied(), 20);
   expectBox("All MRU lists have been cleared", "MRU Lists Cleared", kInformation);
-  EXPECT_EQ(machine.registryCalls()[5], "createKey HKCU Software\\WinRAR\\DialogEditHistory\\ExtrPath\\ 6");
-  const Paths made = machine.registryContents("HKCU");
+  EXPECT_EQ(machine.registry().calls()[5], "createKey HKCU Software\\WinRAR\\DialogEditHistory\\ExtrPath\\ 6");
+  const Paths made = machine.registry().contents("HKCU");
   form.cmdLists.click();
-  EXPECT_EQ(machine.registryContents("HKCU"), made) << "twice is as once";
+  EXPECT_EQ(machine.registry().contents("HKCU"), made) << "twice is as once";
 
   fillEveryList();
-  machine.setRegistryText(kSoftware + "WinRAR", "keep", "x");
-  machine.setRegistryText(kDialogs + "OpenSaveMRU\\doc", "keep", "x");
+  machine.registry().setText(kSoftware + "WinRAR", "keep", "x");
+  machine.registry().setText(kDialogs + "OpenSaveMRU\\doc", "keep", "x");
   form.cmdLists.click();
   EXPECT_EQ(emptied(), 20);
-  EXPECT_TRUE(machine.registryValue(kSoftware + "WinRAR", "keep"));
-  EXPECT_TRUE(machine.registryValue(kDialogs + "OpenSaveMRU\\doc", "keep"));
+  EXPECT_TRUE(machine.registry().value(kSoftware + "WinRAR", "keep"));
+  EXPECT_TRUE(machine.registry().value(kDialogs + "OpenSaveMRU\\doc", "keep"));
 }
 
 // Every call fails once in turn: each other list is emptied, and the message comes.
@@ -142,15 +142,15 @@ TEST_F(RestartAndPrefetch, IndexFilesAreScheduledAfterAYesOnly) {
       "Deleting index.dat files requires that you restart your system.\r\nWould you like to schedule this event for "
       "next time you restart?",
       "Index.dat File Deletion", 292);
-  EXPECT_TRUE(machine.registryCalls().empty()) << "No is the default";
+  EXPECT_TRUE(machine.registry().calls().empty()) << "No is the default";
 
-  machine.setRegistryText(kRunOnce, "other", "kept");
+  machine.registry().setText(kRunOnce, "other", "kept");
   machine.answer(Answer::kYes);
   form.cmdIndex.click();
   expectBox("All relevant index.dat files will be deleted on next system restart", "Index.dat Files", kInformation);
-  EXPECT_EQ(machine.registryValue(kRunOnce, "")->data,
+  EXPECT_EQ(machine.registry().value(kRunOnce, "")->data,
             std::string("C:\\Program Files\\Scrubhaven\\delindex.cmd") + '\0');
-  EXPECT_EQ(machine.registryContents(kRunOnce).size(), 2U);
+  EXPECT_EQ(machine.registry().contents(kRunOnce).size(), 2U);
 
   machine.answer(Answer::kYes);
   machine.failAt("regWrite", 1, platform::kPermissionDenied);
@@ -158,7 +158,7 @@ TEST_F(RestartAndPrefetch, IndexFilesAreScheduledAfterAYesOnly) {
   expectBox("Run-time error '70':\r\n\r\nPermission denied", "Scrubhaven Pro", 16);
   machine.answer(Answer::kYes);
   form.ReadWriteDeleteRegistry1("HKEY_CURRENT_USER\\K\\", "x", 3);
-  EXPECT_FALSE(machine.hasRegistryKey("HKCU\\K"));
+  EXPECT_FALSE(machine.registry().hasKey("HKCU\\K"));
   EXPECT_EQ(machine.boxes().size(), 6U) << "the program goes on, and other modes only ask";
 }
 
@@ -167,7 +167,7 @@ TEST_F(RestartAndPrefetch, PrefetchedFilesGoReadOnlyOnesTooAndFoldersStay) {
   expectBox("This system has no Prefetch folder.", "No Such Folder", 16);
   const Paths kept = {"C:\\WINDOWS\\Prefetch\\Sub\\deep.pf", "C:\\WINDOWS\\Prefetch\\in use.pf", "C:\\WINDOWS\\a.pf"};
   for (const std::string& file : kept) machine.addFile(file);
-  machine.lock("C:\\WINDOWS\\Prefetch\\in use.pf");
+  machine.disk().lock("C:\\WINDOWS\\Prefetch\\in use.pf");
   machine.addFile("C:\\WINDOWS\\Prefetch\\a.pf");
   machine.addFile("C:\\WINDOWS\\Prefetch\\hidden", "", platform::kReadOnly | platform::kHidden);
   machine.answer(Answer::kNo);
@@ -188,7 +188,7 @@ class SystemSetting : public ConsoleTest {
   template <typename Window>
   void open(controls::FlatButton& button, std::function<void(Window&)> act) {
     bool opened = false;
-    machine.whenModal([&](controls::Form& shown) {
+    machine.ui().whenModal([&](controls::Form& shown) {
       opened = true;
       EXPECT_FALSE(form.acceptsInput());
       auto& window = dynamic_cast<Window&>(shown);
@@ -209,17 +209,17 @@ class SystemSetting : public ConsoleTest {
       const auto see = [&](const std::string& when) {
         seen.push_back(when + ": " + (window.*label).caption() + (window.cmdToggle.enabled() ? "" : " That is all."));
       };
-      machine.onBox([&](const ShownBox& box) { see(box.title); });
+      machine.ui().onBox([&](const ShownBox& box) { see(box.title); });
       window.cmdToggle.click();
       window.cmdToggle.click();
       see("at the end");
-      machine.onBox({});
+      machine.ui().onBox({});
     });
     return seen;
   }
 
   Paths toggleRestore(std::uint32_t disabled) {
-    machine.setRegistryNumber(restoreKey, "DisableSR", disabled);
+    machine.registry().setNumber(restoreKey, "DisableSR", disabled);
     return toggle(form.cmdSysrestore, &frmSR::lblSR);
   }
 
@@ -232,19 +232,19 @@ class SystemSetting : public ConsoleTest {
 
 TEST_F(SystemSetting, OldWindowsAndMissingValuesAreToldAndNothingOpens) {
   for (controls::FlatButton* button : {&form.cmdSwap, &form.cmdSysrestore}) {
-    const std::size_t calls = machine.registryCalls().size();
+    const std::size_t calls = machine.registry().calls().size();
     for (const auto& [minor, build] : {std::pair(0U, 950U), {10U, 1998U}, {10U, 2222U}}) {
-      machine.setVersion({.major = 4, .minor = minor, .build = build, .platformId = 1});
+      machine.version().set({.major = 4, .minor = minor, .build = build, .platformId = 1});
       button->click();
       expectBox("Sorry, this tool is for Windows NT/2000/XP only.", "Windows NT/2000/XP Only", 48);
     }
-    EXPECT_EQ(machine.registryCalls().size(), calls);
+    EXPECT_EQ(machine.registry().calls().size(), calls);
     // Windows Me goes by a name that passes.
-    machine.setVersion({.major = 4, .minor = 90, .build = 3000, .platformId = 1});
+    machine.version().set({.major = 4, .minor = 90, .build = 3000, .platformId = 1});
     button->click();
     expectBox("The registry has reported that this key does not exist or is corrupted.", "Registry Access Error", 16);
   }
-  EXPECT_EQ(machine.calls("runModal"), 0);
+  EXPECT_EQ(machine.faults().calls("runModal"), 0);
 }
 
 TEST_F(SystemSetting, TheWindowsShowTheStoredStateAndNothingOfAnEarlierOne) {
@@ -254,8 +254,8 @@ TEST_F(SystemSetting, TheWindowsShowTheStoredStateAndNothingOfAnEarlierOne) {
   const Paths restores = {"Disable: System Restore is currently enabled.",
                           "Enable: System Restore is currently disabled.", unknown};
   for (std::uint32_t value = 0; value < 3; ++value) {
-    machine.setRegistryNumber(pageKey, "ClearPageFileAtShutdown", value);
-    machine.setRegistryNumber(restoreKey, "DisableSR", value);
+    machine.registry().setNumber(pageKey, "ClearPageFileAtShutdown", value);
+    machine.registry().setNumber(restoreKey, "DisableSR", value);
     open<frmPage>(form.cmdSwap, [&](frmPage& page) {
       EXPECT_EQ(page.cmdToggle.caption() + ": " + page.lblPage.caption(), pages[value]);
       if (value == 2) page.cmdToggle.click();
@@ -265,19 +265,19 @@ TEST_F(SystemSetting, TheWindowsShowTheStoredStateAndNothingOfAnEarlierOne) {
       if (value == 2) restore.cmdToggle.click();
     });
   }
-  EXPECT_EQ(machine.registryCalls().size(), 12U) << "an unknown state is not changed";
-  EXPECT_EQ(machine.launches(), Paths{start}) << "but starts the service";
+  EXPECT_EQ(machine.registry().calls().size(), 12U) << "an unknown state is not changed";
+  EXPECT_EQ(machine.shell().launches(), Paths{start}) << "but starts the service";
   EXPECT_TRUE(machine.boxes().empty());
 }
 
 TEST_F(SystemSetting, ThePageFileTogglesOnceEachTimeAndReportsSuccessInAnyCase) {
-  machine.setRegistryNumber(pageKey, "ClearPageFileAtShutdown", 0);
+  machine.registry().setNumber(pageKey, "ClearPageFileAtShutdown", 0);
   EXPECT_EQ(toggle(form.cmdSwap, &frmPage::lblPage),
             (Paths{"Clear Pagefile Enabled: Clear Swap File at shutdown is currently disabled.",
                    "at the end: Clear Pagefile on shutdown is currently enabled. That is all."}));
   expectBox("Clear Pagefile has been enabled.", "Clear Pagefile Enabled", kInformation);
-  EXPECT_EQ(machine.registryContents(pageKey), Paths{"ClearPageFileAtShutdown=4:01000000"});
-  EXPECT_EQ(machine.registryCalls()[2],
+  EXPECT_EQ(machine.registry().contents(pageKey), Paths{"ClearPageFileAtShutdown=4:01000000"});
+  EXPECT_EQ(machine.registry().calls()[2],
             "createKey HKLM System\\CurrentControlSet\\Control\\Session Manager\\Memory Management\\ 6");
 
   machine.failAt("setValue");
@@ -285,7 +285,7 @@ TEST_F(SystemSetting, ThePageFileTogglesOnceEachTimeAndReportsSuccessInAnyCase) 
     EXPECT_EQ(toggle(form.cmdSwap, &frmPage::lblPage).back(),
               "at the end: Clear Pagefile on shutdown is currently disabled. That is all.");
     expectBox("Clear Pagefile has been disabled.", "Clear Pagefile Disabled", kInformation);
-    EXPECT_EQ(machine.registryContents(pageKey), Paths{stored});
+    EXPECT_EQ(machine.registry().contents(pageKey), Paths{stored});
   }
 }
 
@@ -293,10 +293,10 @@ TEST_F(SystemSetting, EnablingRestoreStartsTheServiceAndWritesBothValues) {
   EXPECT_EQ(toggleRestore(1), (Paths{"System Restore Enabled: System Restore is currently disabled.",
                                      "at the end: System Restore is currently enabled. That is all."}));
   expectBox("System Restore has been successfully enabled.", "System Restore Enabled", kInformation);
-  EXPECT_EQ(machine.launches(), Paths{start});
-  EXPECT_EQ(machine.registryContents(restoreKey), Paths{"DisableSR=4:00000000"});
-  EXPECT_EQ(machine.registryContents(driverKey), Paths{"Start=4:00000000"});
-  EXPECT_EQ(machine.registryCalls()[2],
+  EXPECT_EQ(machine.shell().launches(), Paths{start});
+  EXPECT_EQ(machine.registry().contents(restoreKey), Paths{"DisableSR=4:00000000"});
+  EXPECT_EQ(machine.registry().contents(driverKey), Paths{"Start=4:00000000"});
+  EXPECT_EQ(machine.registry().calls()[2],
             "createKey HKLM SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore\\ 6");
 }
 
@@ -311,10 +311,10 @@ TEST_F(SystemSetting, DisablingRestoreWithYesSchedulesTheRemovalOfThePoints) {
       "System Restore has been successfully disabled.\r\n\r\nAll System Restore Points will be deleted on next "
       "restart.",
       "Scrubhaven Pro", kInformation);
-  EXPECT_EQ(machine.launches(), (Paths{start, stop}));
-  EXPECT_EQ(machine.registryContents(restoreKey), Paths{"DisableSR=4:01000000"});
-  EXPECT_EQ(machine.registryContents(driverKey), Paths{"Start=4:04000000"});
-  EXPECT_EQ(machine.registryValue(kRunOnce, "Delete SVI")->data,
+  EXPECT_EQ(machine.shell().launches(), (Paths{start, stop}));
+  EXPECT_EQ(machine.registry().contents(restoreKey), Paths{"DisableSR=4:01000000"});
+  EXPECT_EQ(machine.registry().contents(driverKey), Paths{"Start=4:04000000"});
+  EXPECT_EQ(machine.registry().value(kRunOnce, "Delete SVI")->data,
             std::string("C:\\Program Files\\Scrubhaven\\svi.cmd") + '\0');
 }
 
@@ -325,10 +325,10 @@ TEST_F(SystemSetting, DisablingRestoreWithNoLeavesThePointsWhateverFails) {
                                      "System Restore Disabled: System Restore is currently enabled.",
                                      "at the end: System Restore is currently disabled. That is all."}));
   expectBox("System Restore has been disabled.", "System Restore Disabled", kInformation);
-  EXPECT_EQ(machine.launches(), (Paths{start, stop}));
-  EXPECT_FALSE(machine.hasRegistryKey(kRunOnce));
-  EXPECT_EQ(machine.registryContents(restoreKey), Paths{"DisableSR=4:01000000"});
-  EXPECT_FALSE(machine.registryValue(driverKey, "Start"));
+  EXPECT_EQ(machine.shell().launches(), (Paths{start, stop}));
+  EXPECT_FALSE(machine.registry().hasKey(kRunOnce));
+  EXPECT_EQ(machine.registry().contents(restoreKey), Paths{"DisableSR=4:01000000"});
+  EXPECT_FALSE(machine.registry().value(driverKey, "Start"));
 }
 
 }  // namespace

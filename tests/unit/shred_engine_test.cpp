@@ -111,21 +111,21 @@ TEST_F(ShredEngine, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
   machine.addFile("C:\\Docs\\b.txt", "other");
   machine.failAt("remove");
   shred("C:\\Docs\\a.txt");
-  machine.setDay("22/11/2026", "00:00:01", 1.5F);
+  machine.environment().setDay("22/11/2026", "00:00:01", 1.5F);
   machine.failAt("remove");
   shred("C:\\Docs\\b.txt");
-  EXPECT_EQ(machine.calls("flushFileBuffers"), 2 * 2 * 84);
-  EXPECT_EQ(machine.calls("moveFile"), 2 * 28);
-  ASSERT_EQ(machine.writes().size(), 2 * 84U);
+  EXPECT_EQ(machine.faults().calls("flushFileBuffers"), 2 * 2 * 84);
+  EXPECT_EQ(machine.faults().calls("moveFile"), 2 * 28);
+  ASSERT_EQ(machine.disk().writes().size(), 2 * 84U);
   EXPECT_EQ(machine.filesBelow("C:\\").size(), 2U);
 
   // The characters drawn for the keys are 0.7055475 and 0.533424 of 255.
   Rc4 rc4;
   const Fate fates[] = {fate(rc4, "21/11/2026 45296.1212:34:56\xB4", 10), fate(rc4, "22/11/2026 1.500:00:01\x88", 5)};
-  for (std::size_t i = 0; i < machine.writes().size(); ++i) {
-    EXPECT_EQ(machine.writes()[i].path, i < 84 ? "C:\\Docs\\a.txt" : "C:\\Docs\\b.txt");
-    EXPECT_EQ(machine.writes()[i].position, 0U);
-    EXPECT_EQ(machine.writes()[i].bytes, fates[i / 84].writes[i % 84]);
+  for (std::size_t i = 0; i < machine.disk().writes().size(); ++i) {
+    EXPECT_EQ(machine.disk().writes()[i].path, i < 84 ? "C:\\Docs\\a.txt" : "C:\\Docs\\b.txt");
+    EXPECT_EQ(machine.disk().writes()[i].position, 0U);
+    EXPECT_EQ(machine.disk().writes()[i].bytes, fates[i / 84].writes[i % 84]);
   }
   for (const Fate& one : fates) {
     EXPECT_EQ(machine.contents(std::string(kHere) + '\\' + one.name), one.writes.back());
@@ -134,7 +134,7 @@ TEST_F(ShredEngine, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
 
 TEST_F(ShredEngine, ProgressIsTheRoundedShareOfTheRandomPasses) {
   std::vector<int> percents;
-  machine.everyServing([&] { percents.push_back(window.ShredPercent); });
+  machine.ui().everyServing([&] { percents.push_back(window.ShredPercent); });
   shred("C:\\Docs\\a.txt");
   EXPECT_EQ(percents, (std::vector<int>{4,  7,  11, 14, 18, 21, 25, 29, 32, 36, 39, 43, 46, 50,
                                         54, 57, 61, 64, 68, 71, 75, 79, 82, 86, 89, 93, 96, 100}));
@@ -145,31 +145,31 @@ TEST_F(ShredEngine, ProgressIsTheRoundedShareOfTheRandomPasses) {
 }
 
 TEST_F(ShredEngine, EmptyAndMissingFilesGetOneByteAndFilesOfAnotherDriveStay) {
-  machine.addDrive('D');
+  machine.disk().addDrive('D');
   machine.addFile("D:\\a.txt", "secret");
   shred("D:\\a.txt");
-  EXPECT_EQ(machine.contents("D:\\a.txt"), machine.writes()[kPasses - 1].bytes);
+  EXPECT_EQ(machine.contents("D:\\a.txt"), machine.disk().writes()[kPasses - 1].bytes);
   machine.addFile("C:\\empty.txt");
   shred("C:\\empty.txt");
   shred("C:\\missing.txt");
   EXPECT_TRUE(machine.filesBelow("C:\\").empty());
   shred("D:\\missing.txt");
   EXPECT_EQ(machine.contents("D:\\missing.txt")->size(), 1U);
-  EXPECT_EQ(machine.namesIn("D:\\"), (Paths{"a.txt", "missing.txt"}));
-  EXPECT_EQ(machine.writes().size(), kPasses + 3U * SHRED_ROUNDS);
+  EXPECT_EQ(machine.disk().namesIn("D:\\"), (Paths{"a.txt", "missing.txt"}));
+  EXPECT_EQ(machine.disk().writes().size(), kPasses + 3U * SHRED_ROUNDS);
 }
 
 TEST_F(ShredEngine, ProtectedLockedAndHugeFilesEndAsTheyMust) {
   machine.addFile("C:\\Docs\\protected.txt", "kept", platform::kReadOnly);
   shred("C:\\Docs\\protected.txt");
-  ASSERT_EQ(machine.namesIn(kHere).size(), 1U);
-  const std::string left = std::string(kHere) + '\\' + machine.namesIn(kHere)[0];
+  ASSERT_EQ(machine.disk().namesIn(kHere).size(), 1U);
+  const std::string left = std::string(kHere) + '\\' + machine.disk().namesIn(kHere)[0];
   EXPECT_EQ(machine.contents(left), "kept");
-  EXPECT_EQ(machine.attributes(left), platform::kReadOnly);
+  EXPECT_EQ(machine.disk().attributes(left), platform::kReadOnly);
   EXPECT_FALSE(machine.exists("C:\\Docs\\protected.txt"));
 
   machine.addFile("C:\\Docs\\locked.txt", "held");
-  machine.lock("C:\\Docs\\locked.txt");
+  machine.disk().lock("C:\\Docs\\locked.txt");
   shred("C:\\Docs\\locked.txt");
   EXPECT_EQ(machine.contents("C:\\Docs\\locked.txt"), "held");
 
@@ -177,7 +177,7 @@ TEST_F(ShredEngine, ProtectedLockedAndHugeFilesEndAsTheyMust) {
   machine.addSizedFile("C:\\Docs\\huge.bin", (std::uint64_t{1} << 32) - 1);
   shred("C:\\Docs\\huge.bin");
   EXPECT_FALSE(machine.exists("C:\\Docs\\huge.bin"));
-  EXPECT_TRUE(machine.writes().empty());
+  EXPECT_TRUE(machine.disk().writes().empty());
 }
 
 // Each platform call of a run fails once: the run goes on, nothing stays open, the neighbour is unharmed, and what the

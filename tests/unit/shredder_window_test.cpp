@@ -19,7 +19,7 @@ class ShredderWindow : public ShredderTest {
     for (const char* name : names) {
       const std::string path = std::string("C:\\Docs\\") + name;
       machine.addFile(path, name);
-      machine.chooseFile(path);
+      machine.ui().chooseFile(path);
       form.cmdAddFile.click();
     }
   }
@@ -58,7 +58,7 @@ TEST_F(ShredderWindow, OpensFromTheConsoleEachTimeEmpty) {
   frmFind console;
   console.load();
   for (int opening = 0; opening < 2; ++opening) {
-    machine.whenModal([&](controls::Form& opened) {
+    machine.ui().whenModal([&](controls::Form& opened) {
       auto& shredder = dynamic_cast<frmMain&>(opened);
       EXPECT_EQ(shredder.caption(), "Scrubhaven Pro - Shredder");
       EXPECT_FALSE(console.acceptsInput() || shredder.CancelShred || shredder.lblBlue.visible());
@@ -75,8 +75,8 @@ TEST_F(ShredderWindow, OpensFromTheConsoleEachTimeEmpty) {
 
 TEST_F(ShredderWindow, AddsOneFileAndRemovesTheSelectedEntryOnly) {
   add({"a.txt", "b.txt", "c.txt"});
-  EXPECT_EQ(machine.fileDialogs().back().title, "Select file(s) to shred");
-  EXPECT_EQ(machine.fileDialogs().back().filter, "All files (*.*)|*.*");
+  EXPECT_EQ(machine.ui().fileDialogs().back().title, "Select file(s) to shred");
+  EXPECT_EQ(machine.ui().fileDialogs().back().filter, "All files (*.*)|*.*");
   EXPECT_EQ(machine.files().currentFolder(), "C:\\Docs");
   EXPECT_TRUE(form.cmdShred.enabled() && form.cmdRemoveFile.enabled());
   form.cmdAddFile.click();
@@ -101,17 +101,17 @@ TEST_F(ShredderWindow, AsksFirstThenEmptiesTheListAndLeavesBothButtonsUsable) {
   EXPECT_EQ(machine.boxes()[0].style, 20U);
   EXPECT_EQ(listed().size(), 3U);
   expectIdle(false);
-  EXPECT_TRUE(machine.writes().empty());
+  EXPECT_TRUE(machine.disk().writes().empty());
 
   std::set<int> widths;
-  machine.everyServing([&] {
+  machine.ui().everyServing([&] {
     EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
     if (!form.lblBlue.visible()) return;
     widths.insert(form.lblBlue.widthPercent());
     EXPECT_TRUE(form.cmdCancel.enabled() && !form.cmdShred.enabled());
     EXPECT_TRUE(form.cmdAddFile.enabled() && form.cmdAddFolder.enabled() && form.cmdClose.enabled());
   });
-  machine.onBox([&](const auto& box) {
+  machine.ui().onBox([&](const auto& box) {
     if (box.text != kDone) return;
     EXPECT_TRUE(form.ListView1.empty());
     EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
@@ -120,7 +120,7 @@ TEST_F(ShredderWindow, AsksFirstThenEmptiesTheListAndLeavesBothButtonsUsable) {
   shred();
   EXPECT_EQ(widths.size(), 28U);
   EXPECT_TRUE(machine.filesBelow("C:\\").empty());
-  EXPECT_EQ(machine.writes().size(), 2 * kPasses + SHRED_ROUNDS) << "the same file again is missing";
+  EXPECT_EQ(machine.disk().writes().size(), 2 * kPasses + SHRED_ROUNDS) << "the same file again is missing";
   expectIdle(true);
 
   shred();
@@ -130,7 +130,7 @@ TEST_F(ShredderWindow, AsksFirstThenEmptiesTheListAndLeavesBothButtonsUsable) {
 TEST_F(ShredderWindow, CancelEndsTheRunAfterTheFileAndStaysInForce) {
   add({"a.txt", "b.txt", "c.txt"});
   bool again = false;
-  machine.everyServing([&] {
+  machine.ui().everyServing([&] {
     if (again || !form.CancelShred || form.cmdCancel.enabled()) return;
     again = true;
     machine.answer(Answer::kNo);
@@ -139,7 +139,7 @@ TEST_F(ShredderWindow, CancelEndsTheRunAfterTheFileAndStaysInForce) {
   shred([&] { form.cmdCancel.click(); });
   EXPECT_EQ(boxTexts(), (Paths{kQuestion, kQuestion})) << "the button that the end of the run enables works at once";
   EXPECT_EQ(listed(), (Paths{"C:\\Docs\\b.txt", "C:\\Docs\\c.txt"}));
-  EXPECT_EQ(machine.writes().size(), kPasses) << "the file in progress is finished";
+  EXPECT_EQ(machine.disk().writes().size(), kPasses) << "the file in progress is finished";
   expectIdle(false);
   shred();
   EXPECT_EQ(boxTexts().size(), 3U) << "nothing but the questions";
@@ -172,7 +172,7 @@ TEST_F(ShredderWindow, EmptiedListAndCloseEndARunQuietlyAfterTheFile) {
   add({"a.txt", "b.txt"});
   shred([&] { form.closeRequested(); });
   EXPECT_FALSE(form.isOpen());
-  EXPECT_EQ(machine.writes().size(), 2 * kPasses);
+  EXPECT_EQ(machine.disk().writes().size(), 2 * kPasses);
   EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
   EXPECT_EQ(boxTexts(), (Paths{kQuestion, kQuestion}));
   EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
@@ -203,7 +203,7 @@ class FolderPicker : public ShredderWindow {
  protected:
   // Adds a folder with what the user does in the picker.
   void pick(std::function<void(frmFolder&)> action) {
-    machine.whenModal([&](controls::Form& opened) {
+    machine.ui().whenModal([&](controls::Form& opened) {
       auto& picker = dynamic_cast<frmFolder&>(opened);
       EXPECT_TRUE(picker.caption() == "Add folder contents" && !form.acceptsInput());
       action(picker);
@@ -238,11 +238,11 @@ TEST_F(FolderPicker, AddsTheFilesThatItShowsInTheirOrder) {
 }
 
 TEST_F(FolderPicker, FileListFollowsTheFolderListAlsoWhenItCannotBeRead) {
-  machine.addDrive('D', "BACKUP");
+  machine.disk().addDrive('D', "BACKUP");
   machine.addFile("D:\\Old\\old.txt");
-  machine.setCurrentFolder("D:\\Old");
-  machine.addDrive('E', "", false);
-  machine.setCurrentFolder(kHere);
+  machine.disk().setCurrentFolder("D:\\Old");
+  machine.disk().addDrive('E', "", false);
+  machine.disk().setCurrentFolder(kHere);
   machine.addFile("C:\\root.txt");
   machine.addFile("C:\\Docs\\a.txt");
   pick([&](frmFolder& picker) {

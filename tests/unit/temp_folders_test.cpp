@@ -15,9 +15,9 @@ class TempFolders : public ConsoleTest {
  protected:
   void SetUp() override {
     ConsoleTest::SetUp();
-    machine.addDrive('D');
+    machine.disk().addDrive('D');
     machine.addFolder("C:\\Temp");
-    machine.setVariable("Temp", "C:\\Temp");
+    machine.environment().setVariable("Temp", "C:\\Temp");
   }
 
   // Presses Delete Temps, answers the warning with OK and the questions after it in their order.
@@ -32,7 +32,7 @@ class TempFolders : public ConsoleTest {
     const Paths onC = everyFile();
     const Paths onD = machine.filesBelow("D:\\");
     for (const char* value : values) {
-      machine.setVariable(variable, value);
+      machine.environment().setVariable(variable, value);
       clean();
       EXPECT_EQ(everyFile(), onC) << '"' << value << '"';
       EXPECT_EQ(machine.filesBelow("D:\\"), onD) << '"' << value << '"';
@@ -56,7 +56,7 @@ TEST_F(TempFolders, CancelTouchesNothingAndLeavesScanDisabled) {
 }
 
 TEST_F(TempFolders, EmptiesExactlyItsFoldersWithAllBelow) {
-  machine.setVariable("username", "Ann");
+  machine.environment().setVariable("username", "Ann");
   const std::string profiles = "C:\\Documents and Settings\\";
   for (const std::string& folder :
        {std::string("C:\\Winnt\\Temp"), profiles + "Administrator\\Local Settings\\Temp",
@@ -66,15 +66,15 @@ TEST_F(TempFolders, EmptiesExactlyItsFoldersWithAllBelow) {
     machine.addFile(folder + "\\a.tmp", "x");
     machine.addFile(folder + "\\Sub\\Deep\\no extension", "x");
   }
-  machine.setAttributes("C:\\Windows\\Temp\\Sub", kHidden | platform::kSystem);
+  machine.disk().setAttributes("C:\\Windows\\Temp\\Sub", kHidden | platform::kSystem);
   const Paths kept = {profiles + "Ann\\Local Settings\\Temp\\a", profiles + "Bob\\Cookies\\a",
                       "C:\\Windows\\Temporary\\a", "C:\\Windows\\a"};
   for (const std::string& file : kept) machine.addFile(file, "x");
   clean();
   EXPECT_EQ(everyFile(), kept);
-  EXPECT_EQ(machine.namesIn("C:\\Temp"), Paths{}) << "its subfolders go";
-  EXPECT_EQ(machine.namesIn("C:\\Windows\\Temp"), Paths{"Sub"}) << "those of the fixed folders stay";
-  EXPECT_TRUE(machine.recycleBin().empty());
+  EXPECT_EQ(machine.disk().namesIn("C:\\Temp"), Paths{}) << "its subfolders go";
+  EXPECT_EQ(machine.disk().namesIn("C:\\Windows\\Temp"), Paths{"Sub"}) << "those of the fixed folders stay";
+  EXPECT_TRUE(machine.disk().recycleBin().empty());
   expectBox(kDone, "Done");
 }
 
@@ -87,8 +87,8 @@ TEST_F(TempFolders, ReadOnlyFilesAskByTheFolderTheyAreIn) {
   }
   machine.addFile(windowsTemp + "locked", "x");
   machine.addFile(windowsTemp + "locked read-only", "x", kReadOnly);
-  machine.lock(windowsTemp + "locked");
-  machine.lock(windowsTemp + "locked read-only");
+  machine.disk().lock(windowsTemp + "locked");
+  machine.disk().lock(windowsTemp + "locked read-only");
   clean({Answer::kYes, Answer::kNo, Answer::kYes, Answer::kYes, Answer::kYes, Answer::kNo, Answer::kYes});
   Paths expected = {"This will clear ALL your profile and Windows temporary folders without backup!"};
   for (const char* name : {"Windows\\Temp\\1", "Windows\\Temp\\3", "Windows\\Temp\\33", "Windows\\Temp\\35",
@@ -97,7 +97,7 @@ TEST_F(TempFolders, ReadOnlyFilesAskByTheFolderTheyAreIn) {
   }
   expected.push_back(kDone);
   EXPECT_EQ(boxTexts(), expected);
-  EXPECT_EQ(machine.calls("deleteFile"), 14) << "neither what is refused nor what is in use is tried";
+  EXPECT_EQ(machine.faults().calls("deleteFile"), 14) << "neither what is refused nor what is in use is tried";
   EXPECT_EQ(machine.boxes().at(1).title, "Delete File");
   EXPECT_EQ(machine.boxes().at(1).style, 4U);
   EXPECT_EQ(everyFile(), (Paths{"C:\\Temp\\1", "C:\\Temp\\3", "C:\\Temp\\35", "C:\\Temp\\5", windowsTemp + "3",
@@ -110,8 +110,8 @@ TEST_F(TempFolders, ValuesThatNameNoFolderBelowARootTouchNothing) {
     machine.addFile(root + "Folder\\a", "x");
   }
   machine.addFile("C:\\Program Files\\Scrubhaven\\b", "x");
-  machine.addFolderLink("C:\\ToD", "D:\\");
-  machine.addFolderLink("C:\\ToFolder", "D:\\Folder");
+  machine.disk().addLink("C:\\ToD", "D:\\");
+  machine.disk().addLink("C:\\ToFolder", "D:\\Folder");
   expectNothingCleaned("TEMP", {"", " ", ".", "..", "\\", "/", "C:", "c:", "D:", "Folder", "C:Folder", "\\Folder"});
   expectNothingCleaned("TEMP", {"C:\\", "C:/", "C:\\\\", "C:\\.", "C:\\ ", "C:\\..", "D:\\", "C:\\Folder\\.."});
   expectNothingCleaned("TEMP", {"C:/Folder/../", "C:\\Folder\\a\\...", "C:\\Folder\\a", "C:\\Missing", "C:\\F*"});
@@ -121,7 +121,7 @@ TEST_F(TempFolders, ValuesThatNameNoFolderBelowARootTouchNothing) {
   for (const char* value : {"C:\\Folder", "C:\\Folder\\", "c:/folder//", "D:\\..\\Folder", "D:\\Folder\\."}) {
     machine.addFile("C:\\Folder\\a", "x");
     machine.addFile("D:\\Folder\\a", "x");
-    machine.setVariable("TEMP", value);
+    machine.environment().setVariable("TEMP", value);
     clean();
     EXPECT_NE(machine.exists("C:\\Folder\\a"), machine.exists("D:\\Folder\\a")) << '"' << value << '"';
   }
@@ -160,25 +160,25 @@ TEST_F(TempFolders, LinksAreNotEnteredAndATreeThatWillNotGoStopsNoOther) {
   machine.addFile("C:\\Outside\\Sub\\kept", "x", kReadOnly);
   machine.addFile("C:\\Temp\\Tree\\read-only", "x", kReadOnly | kArchive);
   for (const char* link : {"C:\\Temp\\Link", "C:\\Temp\\Tree\\Link", "C:\\Windows\\Temp\\Link", "C:\\Winnt\\Temp"}) {
-    machine.addFolderLink(link, "C:\\Outside");
+    machine.disk().addLink(link, "C:\\Outside");
   }
   machine.addFile("C:\\Temp\\Used\\locked", "x");
   machine.addFile("C:\\Temp\\Used\\z\\free", "x");
-  machine.lock("C:\\Temp\\Used\\locked");
+  machine.disk().lock("C:\\Temp\\Used\\locked");
   clean();
   EXPECT_EQ(everyFile(), (Paths{"C:\\Outside\\Sub\\kept", "C:\\Outside\\kept", "C:\\Temp\\Used\\locked"}));
-  EXPECT_EQ(machine.namesIn("C:\\Temp"), (Paths{"Link", "Used"})) << "the other tree went with its link";
+  EXPECT_EQ(machine.disk().namesIn("C:\\Temp"), (Paths{"Link", "Used"})) << "the other tree went with its link";
   EXPECT_EQ(form.ListView2.rowCount(), 2U) << "what is left of the tree; no link counts as a folder";
   EXPECT_EQ(boxTexts().size(), 2U) << "not a word about the file in use";
 }
 
 TEST_F(TempFolders, MoreFilesThanItCountsAreLeftForTheNextRun) {
-  machine.setVariable("TEMP", "");
+  machine.environment().setVariable("TEMP", "");
   for (int i = 0; i < 32770; ++i) machine.addFile("C:\\Winnt\\Temp\\" + std::to_string(i));
   // The drive answers no more once it deletes: what is asked for is enough to count.
-  machine.everyServing([&] { machine.setReady('C', machine.calls("getFile") == 0); });
+  machine.ui().everyServing([&] { machine.disk().setReady('C', machine.faults().calls("getFile") == 0); });
   clean();
-  EXPECT_EQ(machine.calls("getFile"), 32767);
+  EXPECT_EQ(machine.faults().calls("getFile"), 32767);
 }
 
 TEST_F(TempFolders, WalksCollectFilesByNumberFromOne) {
@@ -200,18 +200,18 @@ TEST_F(TempFolders, WalksCollectFilesByNumberFromOne) {
 TEST_F(TempFolders, AnyFailureTouchesNothingElse) {
   for (const char* file : {"C:\\Outside\\kept", "C:\\root", "C:\\Windows\\kept"}) machine.addFile(file, "x");
   const Paths kept = everyFile();
-  machine.setVariable("username", "Ann");
+  machine.environment().setVariable("username", "Ann");
   withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "folderExists", "getFile",
                        "deleteFile", "deleteFolder", "getEnvironmentVariable", "anyFileMatches", "createFile"},
                       [&](const std::string& call) {
                         addFiles("C:\\Temp\\Sub", {"a"});
                         if (!machine.exists("C:\\Temp\\Sub\\Link")) {
-                          machine.addFolderLink("C:\\Temp\\Sub\\Link", "C:\\Outside");
+                          machine.disk().addLink("C:\\Temp\\Sub\\Link", "C:\\Outside");
                         }
                         addFiles("C:\\Temp", {"b"});
                         addFiles("C:\\Windows\\Temp\\Sub", {"c"});
                         clean();
-                        const bool failed = !machine.faultsLeft();
+                        const bool failed = !machine.faults().left();
                         const Paths left = everyFile();
                         EXPECT_TRUE(failed ? std::ranges::includes(left, kept) : left == kept) << call;
                         EXPECT_EQ(lastBox(), kDone) << call;

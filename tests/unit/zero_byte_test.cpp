@@ -41,7 +41,7 @@ TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
   machine.addFile("C:\\Z\\Other\\one byte.txt", "x");
   machine.addSizedFile("C:\\Z\\Other\\low half is 0.bin", 0x100000000ULL);
   machine.addFile("C:\\Z\\Hidden\\a", "", kHidden | kSystem);
-  machine.setAttributes("C:\\Z\\Hidden", kHidden | kSystem);
+  machine.disk().setAttributes("C:\\Z\\Hidden", kHidden | kSystem);
   machine.addFile("C:\\Z\\top.txt");
   find("C:\\Z");
   EXPECT_EQ(zeros(), (Paths{"C:\\Z\\top.txt", "C:\\Z\\Hidden\\a", "C:\\Z\\Other\\BOOT.INI", "C:\\Z\\Other\\desktop.ini",
@@ -50,12 +50,12 @@ TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
 
 TEST_F(ZeroByteFiles, LengthsAreAskedByPathAndLinksAndUnreadableEntriesArePassedOver) {
   machine.addFile("C:\\Z\\a growing.txt", "just written");
-  machine.setListedSize("C:\\Z\\a growing.txt", 0);
+  machine.disk().setListedSize("C:\\Z\\a growing.txt", 0);
   machine.addFile("C:\\Z\\b emptied.txt");
-  machine.setListedSize("C:\\Z\\b emptied.txt", 7);
+  machine.disk().setListedSize("C:\\Z\\b emptied.txt", 7);
   machine.addFile("C:\\Z\\c unreadable.txt");
   machine.addFile("C:\\Elsewhere\\empty.txt");
-  machine.addFolderLink("C:\\Z\\Link", "C:\\Elsewhere");
+  machine.disk().addLink("C:\\Z\\Link", "C:\\Elsewhere");
   machine.addFile("C:\\Z\\Sub\\empty.txt");
   machine.failAt("fileLength", 3);
   machine.failAt("getFileAttributes", 5);  // that of Sub, the last entry
@@ -74,7 +74,7 @@ TEST_F(ZeroByteFiles, OnlyAbortActsDuringAScan) {
     EXPECT_TRUE(form.ListView2.visible() && form.lblFile.visible());
     EXPECT_FALSE(form.ListView1.visible() || form.lvCache.visible() || form.Label6.visible());
     EXPECT_EQ(usableCommands(), Paths{"cmdAbort"});
-    machine.advance(2500);
+    machine.environment().advance(2500);
   });
   find("C:\\Z");
   ASSERT_EQ(served, 1);
@@ -96,13 +96,13 @@ TEST_F(ZeroByteFiles, AbortTakesEffectAtTheNextEntryAndTheResultLineFollowsTheBo
   machine.addFile("C:\\Z\\top.txt");
   constexpr int kInFirstSubfolder = 8;  // after the 7 entries of C:\Z, with "." and ".."
   int served = 0;
-  machine.everyServing([&] {
+  machine.ui().everyServing([&] {
     if (++served == kInFirstSubfolder) form.cmdAbort.click();
   });
-  machine.onBox([&](const ShownBox& box) {
+  machine.ui().onBox([&](const ShownBox& box) {
     if (box.text != kAbortBox) return;
     EXPECT_FALSE(form.Label6.visible() || form.AbortRequested);
-    machine.advance(3500);
+    machine.environment().advance(3500);
   });
   find("C:\\Z");
   EXPECT_EQ(served, kInFirstSubfolder + 1) << "one more, and no further folder";
@@ -118,8 +118,8 @@ TEST_F(ZeroByteFiles, AbortTakesEffectAtTheNextEntryAndTheResultLineFollowsTheBo
 TEST_F(ZeroByteFiles, OverflowsAreReportedWithoutAResultLineAndLeaveTheConsoleUsable) {
   const std::string overflow = "Run-time error '6':\r\n\r\nOverflow";
   machine.addFolder("C:\\Z");
-  machine.setTickCount(0x7FFFFFFF);
-  machine.whenServing([&] { machine.advance(1); });
+  machine.environment().setTickCount(0x7FFFFFFF);
+  machine.whenServing([&] { machine.environment().advance(1); });
   find("C:\\Z");
   EXPECT_EQ(lastBox(), overflow);
   EXPECT_FALSE(form.Label6.visible() || form.cmdAbort.visible());
@@ -171,12 +171,12 @@ TEST_F(ZeroByteFiles, DeletesOnlyTickedOnesAsTheBoxSaysAndAsksForReadOnly) {
   machine.addFile("C:\\Z\\4 given up", "", kReadOnly | kArchive);
   machine.addFile("C:\\Z\\5 hidden", "", kReadOnly | kHidden);
   machine.addFile("C:\\Z\\6 in use", "", kArchive);
-  machine.lock("C:\\Z\\6 in use");
+  machine.disk().lock("C:\\Z\\6 in use");
   // Asked for from the last row to the first: the confirmation, the box about the file in use, then 4 and 3.
   deleteTicked({"plain", "kept", "given up", "hidden", "in use"},
                {Answer::kYes, Answer::kOk, Answer::kYes, Answer::kNo});
   EXPECT_EQ(machine.filesBelow("C:\\Z"), (Paths{"C:\\Z\\2 unticked", "C:\\Z\\3 kept", "C:\\Z\\6 in use"}));
-  EXPECT_EQ(machine.recycleBin(), (Paths{"C:\\Z\\5 hidden", "C:\\Z\\4 given up", "C:\\Z\\1 plain"}));
+  EXPECT_EQ(machine.disk().recycleBin(), (Paths{"C:\\Z\\5 hidden", "C:\\Z\\4 given up", "C:\\Z\\1 plain"}));
   EXPECT_EQ(zeros(), (Paths{"C:\\Z\\2 unticked", "C:\\Z\\3 kept"}));
   EXPECT_EQ(form.ListView2.tickedCount(), 0U);
   EXPECT_EQ(boxTexts(),
@@ -191,8 +191,8 @@ TEST_F(ZeroByteFiles, DeletesOnlyTickedOnesAsTheBoxSaysAndAsksForReadOnly) {
   form.optRecycle.setTicked(false);
   deleteTicked({"unticked"}, {Answer::kYes});
   EXPECT_FALSE(machine.exists("C:\\Z\\2 unticked"));
-  EXPECT_EQ(machine.recycleBin().size(), 3U) << "for good";
-  EXPECT_EQ(machine.fileOperations().back().flags, 16U);
+  EXPECT_EQ(machine.disk().recycleBin().size(), 3U) << "for good";
+  EXPECT_EQ(machine.shell().fileOperations().back().flags, 16U);
 }
 
 TEST_F(ZeroByteFiles, NothingListedAndNoChangeNothing) {
@@ -202,7 +202,7 @@ TEST_F(ZeroByteFiles, NothingListedAndNoChangeNothing) {
   deleteTicked({"a"}, {Answer::kNo});
   EXPECT_TRUE(machine.exists("C:\\Z\\a") && form.ListView2.ticked(0));
   EXPECT_TRUE(form.cmdSelectAll.acceptsInput() && !form.cmdSelect.visible());
-  EXPECT_TRUE(machine.fileOperations().empty());
+  EXPECT_TRUE(machine.shell().fileOperations().empty());
 }
 
 TEST_F(ZeroByteFiles, ARowWithoutAFileEndsTheDeletionAndTheProgramGoesOn) {

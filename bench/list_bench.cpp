@@ -1,0 +1,72 @@
+// A list's commands on up to a million rows.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "controls/Form.h"
+#include "controls/ListView.h"
+
+namespace {
+
+struct ListForm : controls::Form {
+  ListForm() : controls::Form("Bench") {}
+  controls::Box layout() override { return {}; }
+  controls::ListView list{*this, "list", {}, {{"File"}, {"Size"}}};
+};
+
+void fill(controls::ListView& list, std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) {
+    list.add("C:\\Documents and Settings\\User\\Folder\\file" + std::to_string(i) + ".tmp", {"12 Kb"});
+  }
+}
+
+void addRowsWithKeys(benchmark::State& state) {
+  ListForm form;
+  form.list.indexBy([](std::string_view text) { return std::string(text); });
+  for (auto _ : state) {
+    form.list.clear();
+    fill(form.list, state.range(0));
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(addRowsWithKeys)
+    ->Unit(benchmark::kMillisecond)
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->Complexity(benchmark::oN);
+
+void tickAllAndInvert(benchmark::State& state) {
+  ListForm form;
+  fill(form.list, state.range(0));
+  for (auto _ : state) {
+    for (std::size_t i = 0; i < form.list.rowCount(); ++i) form.list.setTicked(i, true);
+    for (std::size_t i = 0; i < form.list.rowCount(); ++i) form.list.setTicked(i, !form.list.ticked(i));
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(tickAllAndInvert)
+    ->Unit(benchmark::kMillisecond)
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->Complexity(benchmark::oN);
+
+void removeEverySecondRow(benchmark::State& state) {
+  ListForm form;
+  for (auto _ : state) {
+    state.PauseTiming();
+    form.list.clear();
+    fill(form.list, state.range(0));
+    std::vector<std::size_t> rows;
+    for (std::size_t i = form.list.rowCount(); i > 0; i -= 2) rows.push_back(i - 1);
+    state.ResumeTiming();
+    form.list.removeRows(std::move(rows));
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(removeEverySecondRow)
+    ->Unit(benchmark::kMillisecond)
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->Complexity(benchmark::oN);
+
+}  // namespace
