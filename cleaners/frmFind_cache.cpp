@@ -1,4 +1,6 @@
 // The console's cache page: the list of the Internet cache, its commands, and the deletion of ticked entries.
+#include <utility>
+
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
 #include "platform/Platform.h"
@@ -121,15 +123,22 @@ void frmFind::cmdCleanCache_Click() {
   }
 }
 
-// From the last row to the first, so that a removal never shifts a row still to come. A row is removed even when the
-// system refuses the deletion.
+// From the last row to the first. A row is removed even when the system refuses the deletion.
 void frmFind::deleteTickedCacheEntries() {
+  // Removing rows takes time in proportion to the rows behind them, so many are removed at once.
+  constexpr std::size_t kRowsAtOnce = 256;
+  std::vector<std::size_t> done;
+  const auto removeDone = [&] {
+    lvCache.removeRows(std::exchange(done, {}));
+    refresh();
+  };
   for (std::size_t i = lvCache.rowCount(); i-- > 0;) {
     if (!lvCache.ticked(i)) continue;
     cache_.CacheDeleteEntry(lvCache.row(i).subItems[kSourceUrl]);
-    lvCache.remove(i);
-    refresh();
+    done.push_back(i);
+    if (done.size() == kRowsAtOnce) removeDone();
   }
+  removeDone();
 }
 
 void frmFind::leaveEmptyCachePage() {

@@ -1,6 +1,6 @@
 // The console's deletion of found junk files: through the shell, or by wiping.
 #include <limits>
-#include <ranges>
+#include <utility>
 
 #include "console/frmFind.h"
 #include "finder/deletion.h"
@@ -65,9 +65,11 @@ void frmFind::deleteTickedRows() {
   const std::vector<std::size_t> chosen = tickedRows(ListView1);
   // A failure with one file does not stop the others.
   for (const std::size_t row : chosen) static_cast<void>(deleteRow(ListView1.text(row)));
-  for (const std::size_t row : std::views::reverse(chosen)) {
-    if (finder::isGone(ListView1.text(row))) ListView1.remove(row);
+  std::vector<std::size_t> gone;
+  for (const std::size_t row : chosen) {
+    if (finder::isGone(ListView1.text(row))) gone.push_back(row);
   }
+  ListView1.removeRows(std::move(gone));
 }
 
 void frmFind::wipeTickedRows() {
@@ -80,20 +82,21 @@ void frmFind::wipeTickedRows() {
   messageBox("All files that are not locked have been shredded.", platform::kBoxInformation, "Files Shredded");
 }
 
-// From the last row to the first, so that a removal never shifts a row still to come. Returns false when a failure has
-// ended the loop.
+// From the last row to the first. Returns false when a failure has ended the loop.
 bool frmFind::wipeRowByRow() {
   // The row counter has 16 bits and overflows on a longer list.
   if (ListView1.rowCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) return false;
-  for (std::size_t i = ListView1.rowCount(); i-- > 0;) {
+  std::vector<std::size_t> gone;
+  bool walked = true;
+  for (std::size_t i = ListView1.rowCount(); i-- > 0 && walked;) {
     if (!ListView1.ticked(i)) continue;
-    const std::string path = ListView1.text(i);
-    const platform::Result<void> wiped = DeleteFile(path);
+    const platform::Result<void> wiped = DeleteFile(ListView1.text(i));
     // With more than one row listed, every wipe ends with its own file not found.
-    if (!wiped && wiped.error().number != platform::kFileNotFound) return false;
-    if (finder::isGone(path)) ListView1.remove(i);
+    walked = wiped || wiped.error().number == platform::kFileNotFound;
+    if (finder::isGone(ListView1.text(i))) gone.push_back(i);
   }
-  return true;
+  ListView1.removeRows(std::move(gone));
+  return walked;
 }
 
 // The two boxes exclude each other; with both unticked, files are deleted for good without being overwritten.

@@ -1,5 +1,6 @@
 // The console's zero-byte finder: the scan, the commands of its list, and the deletion.
 #include <limits>
+#include <utility>
 
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
@@ -127,21 +128,25 @@ void frmFind::cmdZeroDelete_Click() {
              "Files Deleted");
 }
 
-// From the last row to the first, so that a removal never shifts a row still to come. Ends with the failure of the
-// first row without a file: a folder, or a file deleted since the scan.
+// From the last row to the first. Ends with the failure of the first row without a file: a folder, or a file deleted
+// since the scan.
 platform::Result<void> frmFind::deleteTickedZeroFiles() {
-  for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
+  std::vector<std::size_t> done;
+  platform::Result<void> result;
+  for (std::size_t i = ListView2.rowCount(); i-- > 0 && result;) {
     if (!ListView2.ticked(i)) continue;
     const platform::Result<finder::Deletion> deleted = deleteRow(ListView2.text(i));
-    if (!deleted) return std::unexpected(deleted.error());
-    if (*deleted == finder::Deletion::kReadOnlyKept) {
+    if (!deleted) {
+      result = std::unexpected(deleted.error());
+    } else if (*deleted == finder::Deletion::kReadOnlyKept) {
       ListView2.setTicked(i, false);
-    } else if (ListView2.ticked(i)) {
+    } else {
       // The row of a file in use is removed too, although the file stays.
-      ListView2.remove(i);
+      done.push_back(i);
     }
   }
-  return {};
+  ListView2.removeRows(std::move(done));
+  return result;
 }
 
 void frmFind::cmdSelectAll_Click() {

@@ -9,9 +9,6 @@
 #include "controls/Label.h"
 #include "controls/ListView.h"
 
-// How often each file is overwritten with fixed bytes and with random bytes, and renamed.
-inline constexpr std::int16_t SHRED_ROUNDS = 28;
-
 class frmMain final : public controls::Form {
  public:
   frmMain();

@@ -25,6 +25,9 @@ struct KeystreamState {
 // The one keystream of the program.
 KeystreamState& keystream();
 
+// How often the shredder overwrites each file with fixed bytes and with random bytes, and renames it.
+inline constexpr std::int16_t SHRED_ROUNDS = 28;
+
 // Receives the progress of one file in percent.
 using ShredProgress = std::function<void(std::int16_t percent)>;
 

@@ -166,7 +166,7 @@ TEST_F(JunkScan, SumOfSizesCountsLargeFilesWrongly) {
   machine.addSizedFile("C:\\L\\a.tmp", 100);
   machine.addSizedFile("C:\\L\\b.tmp", 0x80000000ULL);
   machine.addSizedFile("C:\\L\\c.tmp", 0x300000005ULL);
-  ScanPatternList patterns;
+  finder::ScanPatterns patterns;
   patterns[3] = "*.tmp";
   std::string path = "C:\\L";
   std::int32_t counters[3] = {};

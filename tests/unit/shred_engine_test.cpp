@@ -49,9 +49,11 @@ class Rc4 {
 
 class ShredEngine : public ShredderTest {
  protected:
-  frmMain window;
+  std::vector<int> percents;
 
-  void shred(const std::string& path) { ShredFile(path, SHRED_ROUNDS, window); }
+  void shred(const std::string& path, std::int16_t rounds = SHRED_ROUNDS) {
+    ShredFile(path, rounds, [this](std::int16_t percent) { percents.push_back(percent); });
+  }
 
   // What a file of `length` bytes must be overwritten with under a key, and the last of its names.
   struct Fate {
@@ -133,14 +135,12 @@ TEST_F(ShredEngine, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
 }
 
 TEST_F(ShredEngine, ProgressIsTheRoundedShareOfTheRandomPasses) {
-  std::vector<int> percents;
-  machine.ui().everyServing([&] { percents.push_back(window.ShredPercent); });
   shred("C:\\Docs\\a.txt");
   EXPECT_EQ(percents, (std::vector<int>{4,  7,  11, 14, 18, 21, 25, 29, 32, 36, 39, 43, 46, 50,
                                         54, 57, 61, 64, 68, 71, 75, 79, 82, 86, 89, 93, 96, 100}));
   // An eighth is a half that goes to the even neighbour.
   percents.clear();
-  ShredFile("C:\\Docs\\b.txt", 8, window);
+  shred("C:\\Docs\\b.txt", 8);
   EXPECT_EQ(percents, (std::vector<int>{12, 25, 38, 50, 62, 75, 88, 100}));
 }
 
