@@ -110,7 +110,7 @@ void frmFind::ShowCacheTip() { showSelectedTip(lvCache); }
 
 void frmFind::cmdCleanCache_Click() {
   if (!anythingToDelete(lvCache)) return;
-  if (messageBox("Delete Selected Cache Items?", platform::kBoxAsk) == Answer::kNo) return;
+  if (messageBox("Delete Selected Cache Items?", platform::kBoxAsk) != Answer::kYes) return;
 
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   deleteTickedCacheEntries();
@@ -157,10 +157,10 @@ void frmFind::cmdSelect_Click() {
 
 void frmFind::cmdCacheInvert_Click() {
   invertRows(lvCache, cmdSelect);
-  cmdCleanCache.setEnabled(lvCache.tickedCount() > 0);
+  cmdCleanCache.setEnabled(anyTicked(lvCache));
 }
 
 void frmFind::lvCache_ItemCheck() {
-  cmdCleanCache.setEnabled(lvCache.tickedCount() > 0);
+  cmdCleanCache.setEnabled(anyTicked(lvCache));
   captionByTicks(cmdSelect, lvCache);
 }

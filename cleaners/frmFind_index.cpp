@@ -18,7 +18,7 @@ void frmFind::ReadWriteDeleteRegistry1(const std::string& registrykey, const std
       "Deleting index.dat files requires that you restart your system.\r\n"
       "Would you like to schedule this event for next time you restart?",
       platform::kBoxAsk, "Index.dat File Deletion");
-  if (answer == Answer::kNo || ReadWriteDelete != kWriteMode) return;
+  if (answer != Answer::kYes || ReadWriteDelete != kWriteMode) return;
   const platform::Result<void> written = platform::machine().scriptShell().regWrite(registrykey, RegistryInformation);
   if (!written) return reportUnhandled(written.error());
   messageBox("All relevant index.dat files will be deleted on next system restart", platform::kBoxInformation,

@@ -32,7 +32,7 @@ void frmFind::Del_Temps_Click() {
   constexpr std::uint32_t kWarn = platform::kBoxOkCancel | platform::kBoxCritical | platform::kBoxSecondButtonDefault;
   const Answer answer = messageBox("This will clear ALL your profile and Windows temporary folders without backup!",
                                    kWarn, "Scrubhaven Pro - Warning!");
-  if (answer == Answer::kCancel) return;
+  if (answer != Answer::kOk) return;
   // The folders listed here are removed: no row of an earlier run may be among them.
   ListView2.clear();
   std::string folder;

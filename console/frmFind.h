@@ -140,8 +140,6 @@ class frmFind final : public controls::Form {
   bool FileIsOpen1(const std::string& path) { return finder::isInUse(path); }
   bool FileIsOpen(const std::string& path);
   void ShellDeleteOne(std::string& path, std::int32_t flags) { finder::shellDelete(path, flags); }
-  // finder::wipe, once for every row of ListView1.
-  platform::Result<void> DeleteFile(const std::string& path);
   // cleaners::deleteTree.
   platform::Result<void> DelTree(const std::string& path);
 
@@ -162,6 +160,8 @@ class frmFind final : public controls::Form {
 
   // ---- Public services that no control calls -----------------------------------------------------------------------
 
+  // finder::wipe. With more than one row in ListView1, fails with 53 after the file has been removed.
+  platform::Result<void> DeleteFile(const std::string& path);
   std::int64_t FindTempsAPI(std::string& path, const std::string& pattern, std::int32_t& FileCount,
                             std::int32_t& DirCount) {
     return FindTemps(path, pattern, FileCount, DirCount);
@@ -202,10 +202,9 @@ class frmFind final : public controls::Form {
   static constexpr const char* kClearAll = "Clear All";
   // Ticks or unticks every row by the selection button's caption, and changes the caption. Returns whether the rows are
   // ticked now; nothing when there is no row to tick, which `emptyText` has told the user.
-  static std::optional<bool> toggleAllRows(controls::ListView& list, controls::FlatButton& selection,
-                                           const char* emptyText);
+  std::optional<bool> toggleAllRows(controls::ListView& list, controls::FlatButton& selection, const char* emptyText);
   // Inverts every row's tick, from the first to the last; the selection button's caption follows the last one.
-  static void invertRows(controls::ListView& list, controls::FlatButton& selection);
+  void invertRows(controls::ListView& list, controls::FlatButton& selection);
   // Sets "Clear All" when some row is ticked.
   static void captionByTicks(controls::FlatButton& selection, const controls::ListView& list);
   // The list's tooltip becomes the text of its selected row.
@@ -213,10 +212,17 @@ class frmFind final : public controls::Form {
   // Resets AbortRequested and tells the user that the scan has been aborted.
   void reportAbort();
   // Whether a list has ticked rows to delete; tells the user when it has not.
-  static bool anythingToDelete(const controls::ListView& list);
+  bool anythingToDelete(const controls::ListView& list);
+  // Whether a row is ticked in a list that is in front.
+  bool anyTicked(const controls::ListView& list) const;
+  // Whether the list is the one that the user sees. The commands of any other list find it empty.
+  bool isInFront(const controls::ListView& list) const;
+  // The indices of the ticked rows, ascending.
+  static std::vector<std::size_t> tickedRows(const controls::ListView& list);
   static bool userConfirmsDeletion();
-  // Deletes a listed file through the shell, to the Recycle Bin or for good as chosen.
-  platform::Result<finder::Deletion> deleteRow(const std::string& path);
+  // The flags of a shell deletion, to the Recycle Bin or for good as chosen now.
+  std::int32_t chosenFlags() const;
+  finder::DeletionQuestions deletionQuestions();
 
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 
@@ -250,7 +256,7 @@ class frmFind final : public controls::Form {
   void optWipe_Click();
   void deleteTickedRows();
   void wipeTickedRows();
-  bool wipeRowByRow();
+  bool wipeRows(const std::vector<std::size_t>& chosen);
 
   // ---- Zero-byte files ---------------------------------------------------------------------------------------------
 

@@ -7,16 +7,18 @@ using platform::Answer;
 std::optional<bool> frmFind::toggleAllRows(controls::ListView& list, controls::FlatButton& selection,
                                            const char* emptyText) {
   const bool tick = selection.caption() == kSelectAll;
-  if (tick && list.empty()) {
+  const std::size_t rows = isInFront(list) ? list.rowCount() : 0;
+  if (tick && rows == 0) {
     messageBox(emptyText);
     return std::nullopt;
   }
-  for (std::size_t i = 0; i < list.rowCount(); ++i) list.setTicked(i, tick);
+  for (std::size_t i = 0; i < rows; ++i) list.setTicked(i, tick);
   selection.setCaption(tick ? kClearAll : kSelectAll);
   return tick;
 }
 
 void frmFind::invertRows(controls::ListView& list, controls::FlatButton& selection) {
+  if (!isInFront(list)) return;
   for (std::size_t i = 0; i < list.rowCount(); ++i) {
     const bool wasTicked = list.ticked(i);
     list.setTicked(i, !wasTicked);
@@ -38,11 +40,28 @@ void frmFind::reportAbort() {
 }
 
 bool frmFind::anythingToDelete(const controls::ListView& list) {
-  if (list.tickedCount() > 0) return true;
-  messageBox(list.empty() ? "Nothing to Delete" : "Nothing Selected");
+  if (anyTicked(list)) return true;
+  messageBox(list.empty() || !isInFront(list) ? "Nothing to Delete" : "Nothing Selected");
   return false;
 }
 
+bool frmFind::anyTicked(const controls::ListView& list) const { return list.tickedCount() > 0 && isInFront(list); }
+
+bool frmFind::isInFront(const controls::ListView& list) const {
+  for (const controls::ListView* one : {&lvCache, &ListView1, &ListView2}) {
+    if (one->visible()) return one == &list;
+  }
+  return false;
+}
+
+std::vector<std::size_t> frmFind::tickedRows(const controls::ListView& list) {
+  std::vector<std::size_t> rows;
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    if (list.ticked(i)) rows.push_back(i);
+  }
+  return rows;
+}
+
 bool frmFind::userConfirmsDeletion() {
-  return messageBox("Confirm file deletion?", platform::kBoxAsk, "Confirm Deletion") != Answer::kNo;
+  return messageBox("Confirm file deletion?", platform::kBoxAsk, "Confirm Deletion") == Answer::kYes;
 }

@@ -66,27 +66,40 @@ void shellDelete(std::string& path, std::int32_t flags) {
       {.operation = platform::kShellDelete, .sourceList = path, .flags = static_cast<std::uint16_t>(flags)});
 }
 
+bool isDeletable(const std::string& path) {
+  const std::uint32_t attributes = platform::machine().files().getFileAttributes(path);
+  return attributes != platform::kInvalidAttributes && (attributes & (platform::kDirectory | platform::kDevice)) == 0;
+}
+
+bool isOverwritable(const std::string& path) {
+  const std::uint32_t attributes = platform::machine().files().getFileAttributes(path);
+  constexpr std::uint32_t kNoPlainFile = platform::kDirectory | platform::kDevice | platform::kReparsePoint;
+  return attributes != platform::kInvalidAttributes && (attributes & kNoPlainFile) == 0;
+}
+
 platform::Result<Deletion> deleteThroughShell(const std::string& path, std::int32_t flags,
                                               const DeletionQuestions& questions) {
   const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
   if (!file) return std::unexpected(file.error());
-  if (countsAsReadOnly(file->attributes) && !questions.mayDeleteReadOnly(file->path)) return Deletion::kReadOnlyKept;
-  if (questions.isInUse(file->path)) return Deletion::kInUse;
+  if (countsAsReadOnly(file->attributes) && !questions.mayDeleteReadOnly(path)) return Deletion::kReadOnlyKept;
+  if (questions.isInUse(path)) return Deletion::kInUse;
+  // While a question was open, the path may have become a folder, which the shell would delete with all its contents.
+  if (!(questions.isStillWanted ? questions.isStillWanted(path) : isDeletable(path))) return Deletion::kChanged;
   std::string source = path;
   shellDelete(source, flags);
-  return Deletion::kHandedToShell;
+  return Deletion::kDone;
 }
 
-platform::Result<void> wipe(const std::string& path, std::size_t rounds) {
+platform::Result<Deletion> wipe(const std::string& path) {
   platform::FileObjects& objects = platform::machine().fileObjects();
-  for (std::size_t round = 0; round < rounds; ++round) {
-    const platform::Result<platform::FileObject> file = objects.getFile(path);
-    if (!file) return std::unexpected(file.error());
-    if (isNeverWiped(file->attributes) || isInUse(path)) break;
-    if (const auto overwritten = overwriteStart(path); !overwritten) return overwritten;
-    if (const auto removed = objects.deleteFile(path, true); !removed) return removed;
-  }
-  return {};
+  const platform::Result<platform::FileObject> file = objects.getFile(path);
+  if (!file) return std::unexpected(file.error());
+  if (isNeverWiped(file->attributes)) return Deletion::kReadOnlyKept;
+  if (isInUse(path)) return Deletion::kInUse;
+  if (!isOverwritable(path)) return Deletion::kChanged;
+  if (const auto overwritten = overwriteStart(path); !overwritten) return std::unexpected(overwritten.error());
+  if (const auto removed = objects.deleteFile(path, true); !removed) return std::unexpected(removed.error());
+  return Deletion::kDone;
 }
 
 }  // namespace finder

@@ -24,26 +24,34 @@ bool isInUse(const std::string& path);
 // Whether there is no file of that path.
 bool isGone(const std::string& path);
 
+// Looks at the path right before a deletion. Deletable: a file, or a link to one, which goes without its target.
+// Overwritable: a file that is no link. Folders and devices are neither. GetFileAttributesA.
+bool isDeletable(const std::string& path);
+bool isOverwritable(const std::string& path);
+
 // Deletes one file with the flags of a shell file operation, of which 16 bits are used. Appends a NUL to `path`. The
 // shell's result is ignored. SHFileOperationA.
 void shellDelete(std::string& path, std::int32_t flags);
 
-enum class Deletion { kHandedToShell, kReadOnlyKept, kInUse };
+// What has become of a file: handed to the shell or removed, or left for one of the reasons.
+enum class Deletion { kDone, kReadOnlyKept, kInUse, kChanged };
 
-// The questions that a deletion asks. Both get the file's full path.
+// What a deletion asks about a file, each with its full path.
 struct DeletionQuestions {
   std::function<bool(const std::string&)> mayDeleteReadOnly;
-  std::function<bool(const std::string&)> isInUse;  // tests, and may tell the user
+  std::function<bool(const std::string&)> isInUse;  // may tell the user
+  // Asked last, right before the file goes; when not set, isDeletable is asked.
+  std::function<bool(const std::string&)> isStillWanted = {};
 };
 
-// Deletes one file with the flags above, unless it is read-only and may not be deleted, or is in use. Fails with the
-// file objects' number when there is no such file; nothing is asked then.
+// Deletes one file with the flags above, unless it is read-only and may not be deleted, is in use, or has become
+// something else meanwhile. Fails with the file objects' number when there is no such file; nothing is asked then.
 platform::Result<Deletion> deleteThroughShell(const std::string& path, std::int32_t flags,
                                               const DeletionQuestions& questions);
 
-// Overwrites the first 200 bytes of the file in place and removes it, `rounds` times: the second round finds the file
-// gone and fails with 53. Files that are read-only, or read-only, hidden and archive, and files in use are left without
-// a failure. A file that cannot be opened for writing is not removed.
-platform::Result<void> wipe(const std::string& path, std::size_t rounds);
+// Overwrites the first 200 bytes of the file in place and removes it. Files that are read-only, or read-only, hidden and
+// archive, files in use, links, folders and devices are left without a failure. A file that cannot be opened for writing
+// is not removed.
+platform::Result<Deletion> wipe(const std::string& path);
 
 }  // namespace finder

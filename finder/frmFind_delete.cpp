@@ -11,17 +11,9 @@ using platform::Answer;
 
 namespace {
 
-std::vector<std::size_t> tickedRows(const controls::ListView& list) {
-  std::vector<std::size_t> rows;
-  for (std::size_t i = 0; i < list.rowCount(); ++i) {
-    if (list.ticked(i)) rows.push_back(i);
-  }
-  return rows;
-}
-
 bool userDeletesReadOnly(const std::string& path) {
-  return messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") !=
-         Answer::kNo;
+  return messageBox(path + "\r\nis a read only file - OK to delete?", platform::kBoxYesNo, "Delete File") ==
+         Answer::kYes;
 }
 
 }  // namespace
@@ -39,15 +31,19 @@ bool frmFind::FileIsOpen(const std::string& path) {
 }
 
 platform::Result<void> frmFind::DeleteFile(const std::string& path) {
-  const platform::Result<void> wiped = finder::wipe(path, ListView1.rowCount());
-  if (wiped) ListView1.setToolTip("");
-  return wiped;
+  const platform::Result<finder::Deletion> wiped = finder::wipe(path);
+  if (!wiped) return std::unexpected(wiped.error());
+  // Every further round would look for the removed file.
+  if (*wiped == finder::Deletion::kDone && ListView1.rowCount() > 1) return platform::failure(platform::kFileNotFound);
+  ListView1.setToolTip("");
+  return {};
 }
 
-platform::Result<finder::Deletion> frmFind::deleteRow(const std::string& path) {
-  return finder::deleteThroughShell(path, optRecycle.ticked() ? finder::kToRecycleBin : finder::kForGood,
-                                    {.mayDeleteReadOnly = userDeletesReadOnly,
-                                     .isInUse = [this](const std::string& file) { return FileIsOpen(file); }});
+std::int32_t frmFind::chosenFlags() const { return optRecycle.ticked() ? finder::kToRecycleBin : finder::kForGood; }
+
+finder::DeletionQuestions frmFind::deletionQuestions() {
+  return {.mayDeleteReadOnly = userDeletesReadOnly,
+          .isInUse = [this](const std::string& path) { return FileIsOpen(path); }};
 }
 
 void frmFind::Delete_Click() {
@@ -59,12 +55,16 @@ void frmFind::Delete_Click() {
   }
 }
 
-// The rows that are ticked at the start are deleted, whatever the user ticks while the shell works. They leave the list
-// at the end, so that no row moves under the pointer.
+// What is ticked at the start is deleted in the way chosen at the start, whatever the user changes meanwhile. The rows
+// leave the list at the end, so that no row moves under the pointer.
 void frmFind::deleteTickedRows() {
   const std::vector<std::size_t> chosen = tickedRows(ListView1);
+  const std::int32_t flags = chosenFlags();
+  const finder::DeletionQuestions questions = deletionQuestions();
   // A failure with one file does not stop the others.
-  for (const std::size_t row : chosen) static_cast<void>(deleteRow(ListView1.text(row)));
+  for (const std::size_t row : chosen) {
+    static_cast<void>(finder::deleteThroughShell(ListView1.text(row), flags, questions));
+  }
   std::vector<std::size_t> gone;
   for (const std::size_t row : chosen) {
     if (finder::isGone(ListView1.text(row))) gone.push_back(row);
@@ -73,28 +73,31 @@ void frmFind::deleteTickedRows() {
 }
 
 void frmFind::wipeTickedRows() {
-  // The first file is wiped before the loop, and its failure is ignored.
-  static_cast<void>(DeleteFile(ListView1.text(tickedRows(ListView1).front())));
-  const bool walked = wipeRowByRow();
+  // The row counter has 16 bits and overflows on a longer list.
+  if (ListView1.rowCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
+    return reportUnhandled(platform::runtimeError(platform::kOverflow));
+  }
+  const bool walked = wipeRows(tickedRows(ListView1));
   if (ListView1.empty()) setDeletionChoiceVisible(false);
   if (!walked) return;
   ListView1.setToolTip("Scan Results");
   messageBox("All files that are not locked have been shredded.", platform::kBoxInformation, "Files Shredded");
 }
 
-// From the last row to the first. Returns false when a failure has ended the loop.
-bool frmFind::wipeRowByRow() {
-  // The row counter has 16 bits and overflows on a longer list.
-  if (ListView1.rowCount() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) return false;
+// The first file, whose failure is ignored, then the others from the last row to the first. Returns false when a failure
+// has ended the loop. Files that are not found are passed over.
+bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
   std::vector<std::size_t> gone;
+  const auto wipeRow = [&](std::size_t row) {
+    const platform::Result<finder::Deletion> wiped = finder::wipe(ListView1.text(row));
+    const bool notFound = !wiped && wiped.error().number == platform::kFileNotFound;
+    if (notFound || wiped == finder::Deletion::kDone) gone.push_back(row);
+    return wiped || notFound;
+  };
+  static_cast<void>(wipeRow(chosen.front()));
+  const bool firstIsGone = !gone.empty();
   bool walked = true;
-  for (std::size_t i = ListView1.rowCount(); i-- > 0 && walked;) {
-    if (!ListView1.ticked(i)) continue;
-    const platform::Result<void> wiped = DeleteFile(ListView1.text(i));
-    // With more than one row listed, every wipe ends with its own file not found.
-    walked = wiped || wiped.error().number == platform::kFileNotFound;
-    if (finder::isGone(ListView1.text(i))) gone.push_back(i);
-  }
+  for (std::size_t i = chosen.size(); i-- > (firstIsGone ? 1 : 0) && walked;) walked = wipeRow(chosen[i]);
   ListView1.removeRows(std::move(gone));
   return walked;
 }

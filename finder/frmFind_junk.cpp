@@ -186,7 +186,7 @@ void frmFind::ListView1_ItemCheck() {
 }
 
 void frmFind::enableDeletionByTicks() {
-  const bool any = ListView1.tickedCount() > 0;
+  const bool any = anyTicked(ListView1);
   Delete.setEnabled(any);
   setDeletionChoiceEnabled(any);
 }

@@ -29,12 +29,8 @@ platform::Result<std::int16_t> shortCount(std::size_t count) {
   return static_cast<std::int16_t>(count);
 }
 
-// The size in the folder entry may be outdated. A length that cannot be read is not 0, and neither is that of a file
-// of exactly 4 GB, whose low half is 0.
-bool isEmptyFile(const finder::FoundFile& file) {
-  const platform::Result<std::int32_t> length = platform::machine().files().fileLength(file.path);
-  return length && *length == 0 && file.record.sizeHigh == 0;
-}
+// The size in the folder entry may be outdated. A size that cannot be read is not 0.
+bool isEmptyFile(const std::string& path) { return platform::machine().files().fileSize(path) == 0U; }
 
 }  // namespace
 
@@ -104,7 +100,7 @@ void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int3
                              .onFile =
                                  [&](const finder::FoundFile& file) {
                                    ++FileCount;
-                                   if (isEmptyFile(file) && !finder::isKeptEmpty(file.name)) ListView2.add(file.path);
+                                   if (isEmptyFile(file.path) && !finder::isKeptEmpty(file.name)) ListView2.add(file.path);
                                  },
                              .onFolderDone =
                                  [this](const std::string& progress) {
@@ -116,6 +112,9 @@ void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int3
 void frmFind::cmdZeroDelete_Click() {
   cmdSelect.show();
   setVisible(false, {&Select_All, &cmdSelectAll});
+  if (const platform::Result<void> created = platform::machine().fileObjects().create(); !created) {
+    return reportUnhandled(created.error());
+  }
   if (!anythingToDelete(ListView2)) return;
   if (!userConfirmsDeletion()) {
     cmdSelect.hide();
@@ -128,21 +127,26 @@ void frmFind::cmdZeroDelete_Click() {
              "Files Deleted");
 }
 
-// From the last row to the first. Ends with the failure of the first row without a file: a folder, or a file deleted
-// since the scan.
+// Those that are ticked at the start, from the last row to the first. Ends with the failure of the first row without a
+// file: a folder, or a file deleted since the scan.
 platform::Result<void> frmFind::deleteTickedZeroFiles() {
+  const std::int32_t flags = chosenFlags();
+  finder::DeletionQuestions questions = deletionQuestions();
+  questions.isStillWanted = [](const std::string& path) {
+    return finder::isDeletable(path) && platform::machine().files().fileSize(path) == 0U;
+  };
   std::vector<std::size_t> done;
   platform::Result<void> result;
-  for (std::size_t i = ListView2.rowCount(); i-- > 0 && result;) {
-    if (!ListView2.ticked(i)) continue;
-    const platform::Result<finder::Deletion> deleted = deleteRow(ListView2.text(i));
-    if (!deleted) {
-      result = std::unexpected(deleted.error());
-    } else if (*deleted == finder::Deletion::kReadOnlyKept) {
-      ListView2.setTicked(i, false);
-    } else {
+  const std::vector<std::size_t> chosen = tickedRows(ListView2);
+  for (auto row = chosen.rbegin(); row != chosen.rend() && result; ++row) {
+    const std::string path = ListView2.text(*row);
+    const platform::Result<finder::Deletion> deleted = finder::deleteThroughShell(path, flags, questions);
+    if (!deleted) result = std::unexpected(deleted.error());
+    if (deleted == finder::Deletion::kReadOnlyKept || deleted == finder::Deletion::kChanged) {
+      ListView2.setTicked(*row, false);
+    } else if (deleted || finder::isGone(path)) {
       // The row of a file in use is removed too, although the file stays.
-      done.push_back(i);
+      done.push_back(*row);
     }
   }
   ListView2.removeRows(std::move(done));
@@ -168,4 +172,4 @@ void frmFind::ListView2_ItemCheck() {
   captionByTicks(cmdSelectAll, ListView2);
 }
 
-void frmFind::updateZeroDelete() { cmdZeroDelete.setEnabled(ListView2.tickedCount() > 0); }
+void frmFind::updateZeroDelete() { cmdZeroDelete.setEnabled(anyTicked(ListView2)); }

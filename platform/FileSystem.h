@@ -17,6 +17,7 @@ inline constexpr std::uint32_t kHidden = 0x2;
 inline constexpr std::uint32_t kSystem = 0x4;
 inline constexpr std::uint32_t kDirectory = 0x10;
 inline constexpr std::uint32_t kArchive = 0x20;
+inline constexpr std::uint32_t kDevice = 0x40;
 inline constexpr std::uint32_t kNormal = 0x80;
 inline constexpr std::uint32_t kReparsePoint = 0x400;
 // What an attribute query gives when it fails: every bit is set, the directory bit too.

@@ -1,5 +1,6 @@
 #include "shredder/modMain.h"
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <type_traits>
@@ -54,36 +55,59 @@ void fillFromKeystream(char* out, std::size_t count) {
   stream.j = j;
 }
 
-// Makes `bytes` `count` bytes long, filled by `fill(bytes, count)`, and reuses the memory that it has. Fails with 5 for
-// a negative count, such as the length of a file above 2 GB, and with 7 when there is not enough memory; `bytes` is
-// then unchanged.
+// A pass over at most this many bytes is one write of one buffer; a longer one goes out in blocks of this size.
+constexpr std::uint64_t kLongestWrite = std::uint64_t{64} << 20;
+
+// Makes `bytes` `count` bytes long, filled by `fill(bytes, count)`, and reuses the memory that it has. Returns false when
+// there is not enough memory; `bytes` is then unchanged.
 template <typename Fill>
-platform::Result<void> replaceBytes(std::string& bytes, std::int64_t count, Fill fill) {
-  if (count < 0) return platform::failure(platform::kInvalidCall);
-  const auto size = static_cast<std::size_t>(count);
+bool replaceBytes(std::string& bytes, std::size_t count, Fill fill) {
   try {
     // The library may offer more room than was requested.
-    bytes.resize_and_overwrite(size, [&fill, size](char* out, std::size_t) {
-      fill(out, size);
-      return size;
+    bytes.resize_and_overwrite(count, [&fill, count](char* out, std::size_t) {
+      fill(out, count);
+      return count;
     });
   } catch (const std::exception&) {  // not enough memory, or longer than any string
-    return platform::failure(platform::kOutOfMemory);
+    return false;
   }
-  return {};
+  return true;
 }
 
-platform::Result<void> replaceByKeystream(std::string& bytes, std::int32_t n) {
-  if (n < 0) return platform::failure(platform::kInvalidCall);
-  return replaceBytes(bytes, std::int64_t{n} + 1, fillFromKeystream);
+// Writes `length` bytes from the file's first byte on, in blocks that `fill(bytes, count)` makes one after the other.
+template <typename Fill>
+void writeInBlocks(const std::string& path, std::uint64_t length, std::string& block, Fill fill) {
+  platform::FileSystem& files = platform::machine().files();
+  const platform::Result<int> number = files.freeFile();
+  if (!number || !files.openBinary(*number, path)) return;
+  std::uint64_t blockSize = kLongestWrite;
+  for (std::uint64_t done = 0; done < length && blockSize > 0;) {
+    const std::uint64_t count = std::min(blockSize, length - done);
+    if (!replaceBytes(block, static_cast<std::size_t>(count), fill)) {
+      blockSize = count / 2;  // not enough memory
+      continue;
+    }
+    static_cast<void>(files.putBytesAt(*number, done + 1, block));
+    done += count;
+  }
+  files.closeFile(*number);
 }
 
-// Empty when it cannot be allocated; writing an empty text changes nothing.
-std::string repeated(char value, std::int32_t count) {
-  std::string bytes;
-  static_cast<void>(
-      replaceBytes(bytes, count, [value](char* out, std::size_t size) { std::memset(out, value, size); }));
-  return bytes;
+// Makes the bytes of a pass that is one write; returns false when it must go out in blocks.
+template <typename Fill>
+bool fitsOneWrite(std::string& buffer, std::uint64_t length, Fill fill) {
+  return length <= kLongestWrite && replaceBytes(buffer, static_cast<std::size_t>(length), fill);
+}
+
+auto repeated(char value) {
+  return [value](char* out, std::size_t count) { std::memset(out, value, count); };
+}
+
+// Whether the path is that of a folder, a link or a device, which are never shredded. A missing file is not.
+bool isNoPlainFile(const std::string& path) {
+  const std::uint32_t attributes = platform::machine().files().getFileAttributes(path);
+  constexpr std::uint32_t kNoPlainFile = platform::kDirectory | platform::kDevice | platform::kReparsePoint;
+  return attributes != platform::kInvalidAttributes && (attributes & kNoPlainFile) != 0;
 }
 
 // The clock makes the key differ from file to file; the last character is the same in every run.
@@ -96,21 +120,31 @@ std::string keystreamKey() {
   return key;
 }
 
-void writeFixedPasses(const std::string& path, std::int32_t length, std::int16_t rounds) {
-  const std::string zeros = repeated(kZeros, length);
-  const std::string ones = repeated(kOnes, length);
+void writeFixedPasses(const std::string& path, std::uint64_t length, std::int16_t rounds) {
+  std::string zeros;
+  std::string ones;
+  const bool oneWrite =
+      fitsOneWrite(zeros, length, repeated(kZeros)) && fitsOneWrite(ones, length, repeated(kOnes));
   for (std::int16_t round = 0; round < rounds; ++round) {
-    WritePass(path, zeros);
-    WritePass(path, ones);
+    if (oneWrite) {
+      WritePass(path, zeros);
+      WritePass(path, ones);
+    } else {
+      writeInBlocks(path, length, zeros, repeated(kZeros));
+      writeInBlocks(path, length, ones, repeated(kOnes));
+    }
   }
 }
 
-void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_t rounds,
+void writeRandomPasses(const std::string& path, std::uint64_t length, std::int16_t rounds,
                        const ShredProgress& progress) {
   std::string data;
   for (int pass = 1; pass <= rounds; ++pass) {
-    static_cast<void>(replaceByKeystream(data, length));
-    WritePass(path, data);
+    if (fitsOneWrite(data, length + 1, fillFromKeystream)) {
+      WritePass(path, data);
+    } else {
+      writeInBlocks(path, length + 1, data, fillFromKeystream);
+    }
     progress(static_cast<std::int16_t>(platform::roundedHalfEven(static_cast<double>(pass) / rounds * 100)));
     platform::machine().ui().serveEvents();
   }
@@ -122,10 +156,13 @@ KeystreamState& keystream() { return stream; }
 
 void ShredFile(const std::string& path, std::int16_t rounds, const ShredProgress& progress) {
   platform::FileSystem& files = platform::machine().files();
-  const std::int32_t length = files.fileLength(path).value_or(0);
+  if (isNoPlainFile(path)) return;
+  const std::uint64_t length = files.fileSize(path).value_or(0);
   writeFixedPasses(path, length, rounds);
   SeedKeystream(keystreamKey());
   writeRandomPasses(path, length, rounds, progress);
+  // While messages were processed, the path may have become something else, which must not be renamed.
+  if (isNoPlainFile(path)) return;
   std::string current = path;
   for (std::int16_t round = 0; round < rounds; ++round) {
     std::string name = RandomName();
@@ -148,9 +185,11 @@ void WritePass(const std::string& path, std::string_view data) {
 }
 
 platform::Result<std::string> RandomBytes(std::int32_t n) {
+  if (n < 0) return platform::failure(platform::kInvalidCall);
   std::string bytes;
-  const platform::Result<void> made = replaceByKeystream(bytes, n);
-  if (!made) return std::unexpected(made.error());
+  if (!replaceBytes(bytes, static_cast<std::size_t>(n) + 1, fillFromKeystream)) {
+    return platform::failure(platform::kOutOfMemory);
+  }
   return bytes;
 }
 

@@ -1,0 +1,43 @@
+#include "finder/folder_hold.h"
+
+#include "platform/Paths.h"
+#include "platform/Platform.h"
+
+namespace finder {
+
+FolderHold::FolderHold(std::string root, bool rootMayBeLink) : root_(std::move(root)), rootMayBeLink_(rootMayBeLink) {
+  if (!root_.ends_with('\\')) root_ += '\\';
+}
+
+FolderHold::~FolderHold() { releaseDownTo(0); }
+
+bool FolderHold::holdAbove(const std::string& path) {
+  const std::size_t end = path.rfind('\\') + 1;
+  const std::string folder = path.substr(0, end);
+  if (!folder.starts_with(root_)) return false;
+  std::size_t kept = 0;
+  while (kept < held_.size() && folder.starts_with(held_[kept].first)) ++kept;
+  releaseDownTo(kept);
+  if (held_.empty() && !push(root_, rootMayBeLink_)) return false;
+  for (std::size_t from = held_.back().first.size(); from < end; from = held_.back().first.size()) {
+    if (!push(folder.substr(0, folder.find('\\', from) + 1), false)) return false;
+  }
+  return true;
+}
+
+bool FolderHold::push(std::string folder, bool mayBeLink) {
+  const platform::Result<platform::Handle> held =
+      platform::machine().files().holdFolder(platform::withoutClosingBackslash(folder), mayBeLink);
+  if (!held) return false;
+  held_.emplace_back(std::move(folder), *held);
+  return true;
+}
+
+void FolderHold::releaseDownTo(std::size_t count) {
+  while (held_.size() > count) {
+    platform::machine().files().releaseFolder(held_.back().second);
+    held_.pop_back();
+  }
+}
+
+}  // namespace finder
