@@ -1,4 +1,4 @@
-// The shredder's keystream, and whole files shredded on the in-memory machine.
+// Benchmarks of the shredder: its keystream, and whole files on the in-memory machine.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -19,7 +19,7 @@ void Keystream(benchmark::State& state) {
 }
 BENCHMARK(Keystream)->Arg(kBlock)->Arg(kMiB)->Arg(16 * kMiB)->Arg(256 * kMiB)->Complexity(benchmark::oN);
 
-// Bytes per second count the file once, though it is written 84 times.
+// The throughput counts each byte of the file once, although it is written 84 times.
 void ShredWholeFile(benchmark::State& state) {
   platform::memory::MemoryMachine machine;
   const platform::ScopedMachine use(machine);

@@ -1,7 +1,7 @@
-// Times the shred engine of the program's own build on the Windows that runs:
+// Times the shred engine as built for the program, on Windows or Wine, and prints the result:
 //
-//   shred_file keystream MEGABYTES   bytes per second of processor time
-//   shred_file shred PATH            seconds by the clock; the file is gone afterwards
+//   shred_file keystream MEGABYTES   bytes of keystream per second of processor time
+//   shred_file shred PATH            elapsed seconds for shredding the file, which is deleted
 #include <windows.h>
 
 #include <chrono>
@@ -21,8 +21,8 @@ constexpr std::int32_t kMegabyte = 1 << 20;
 constexpr std::int32_t kBlock = 1 << 14;
 
 double seconds(const FILETIME& time) {
-  constexpr double kStep = 1e-7;
-  return (4294967296.0 * time.dwHighDateTime + time.dwLowDateTime) * kStep;
+  constexpr double kSecondsPerUnit = 1e-7;
+  return (4294967296.0 * time.dwHighDateTime + time.dwLowDateTime) * kSecondsPerUnit;
 }
 
 double processorSeconds() {
