@@ -1,5 +1,6 @@
 // The console's cleaner for the Prefetch folder.
 #include "console/frmFind.h"
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
@@ -25,7 +26,9 @@ void frmFind::cmdPrefetch_Click() {
     return;
   }
   if (!objects.folderExists(kPrefetchFolder)) return;
+  platform::FolderHold hold(kPrefetchFolder);
   // The first file in use ends the deletion without a report.
-  static_cast<void>(objects.deleteFile(std::string(kPrefetchFolder) + "*.*", true));
+  const std::string files = std::string(kPrefetchFolder) + "*.*";
+  if (hold.holdAbove(files)) static_cast<void>(objects.deleteFile(files, true));
   messageBox("The Prefetch folder has been cleared.", platform::kBoxInformation, " Folder Cleared");
 }

@@ -7,6 +7,7 @@
 #include "controls/ControlLists.h"
 #include "finder/deletion.h"
 #include "finder/tree_walk.h"
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
@@ -48,10 +49,11 @@ void frmFind::ClearTempSubfolders(std::string& path) {
   platform::machine().ui().serveEvents();
   for (const std::string& folder : finder::subfoldersOf(path)) ListView2.add(folder);
   if (ListView2.empty()) return;
+  platform::FolderHold hold(path);
   for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
     const std::string folder = ListView2.text(i);
     // A folder that cannot be removed does not stop the others.
-    if (IsFolder(folder)) static_cast<void>(DelTree(folder));
+    if (hold.holdAbove(folder) && IsFolder(folder)) static_cast<void>(DelTree(folder));
   }
   ListView2.clear();
 }
@@ -60,18 +62,28 @@ void frmFind::PurgeTempFolders() {
   controls::setVisible(false, {&lvCache, &lblStatus, &Label6});
   ListView1.show();
   ListView1.clear();
+  purge(cleaners::fixedFolders(), cleaners::countsAsReadOnlyInFixedFolders);
+  purge({cleaners::tempFolder("TEMP")}, finder::countsAsReadOnly);
+}
 
+// Collects the files of all folders first, because the numbers of the files go on from one to the next.
+void frmFind::purge(const std::vector<std::string>& folders, bool (*countsAsReadOnly)(std::uint32_t attributes)) {
   std::int32_t fileCount = 0;
   std::int32_t dirCount = 0;
-  for (std::string folder : cleaners::fixedFolders()) FindTemps(folder, kEveryFile, fileCount, dirCount);
-  deleteFoundFiles(fileCount, cleaners::countsAsReadOnlyInFixedFolders);
-
-  std::string folder = cleaners::tempFolder("TEMP");
-  fileCount = 0;
-  dirCount = 0;
-  FindTemps(folder, kEveryFile, fileCount, dirCount);
-  platform::machine().ui().serveEvents();
-  deleteFoundFiles(fileCount, finder::countsAsReadOnly);
+  std::vector<std::size_t> ends;
+  for (std::string folder : folders) {
+    FindTemps(folder, kEveryFile, fileCount, dirCount);
+    ends.push_back(static_cast<std::size_t>(std::min(fileCount, kMostFilesAtOnce)));
+  }
+  std::size_t next = 1;
+  for (std::size_t i = 0; i < folders.size(); ++i) {
+    platform::FolderHold hold(folders[i]);
+    for (; next <= ends[i]; ++next) {
+      platform::machine().ui().serveEvents();
+      const std::string path = FoundFiles[next];
+      if (hold.holdAbove(path)) cleaners::deleteTempFile(path, countsAsReadOnly, userDeletesReadOnly);
+    }
+  }
 }
 
 std::int64_t frmFind::FindTemps(std::string& path, const std::string& pattern, std::int32_t& FileCount,
@@ -86,14 +98,6 @@ std::int64_t frmFind::FindTemps(std::string& path, const std::string& pattern, s
                                  FoundFiles.back() = file.path;
                                },
                            .onFolderDone = [this](const std::string& progress) { lblFile.setCaption(progress); }});
-}
-
-void frmFind::deleteFoundFiles(std::int32_t count, bool (*countsAsReadOnly)(std::uint32_t attributes)) {
-  const auto last = static_cast<std::size_t>(std::min(count, kMostFilesAtOnce));
-  for (std::size_t i = 1; i <= last; ++i) {
-    platform::machine().ui().serveEvents();
-    cleaners::deleteTempFile(FoundFiles[i], countsAsReadOnly, userDeletesReadOnly);
-  }
 }
 
 platform::Result<void> frmFind::DelTree(const std::string& path) { return cleaners::deleteTree(path); }

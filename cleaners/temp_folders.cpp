@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "finder/deletion.h"
+#include "finder/modFind.h"
 #include "finder/tree_walk.h"
+#include "platform/Paths.h"
 #include "platform/Platform.h"
 
 namespace cleaners {
@@ -55,6 +57,62 @@ bool takeRoot(std::string_view& path) {
   return server != "?" && !isOnlyDots(server) && !isOnlyDots(share);
 }
 
+// The folder that an environment variable names, or `otherwise` when it is not set, followed by `below`.
+std::string folderOf(const char* variable, const std::string& otherwise, const char* below = "") {
+  const std::string folder = platform::machine().environment().getEnvironmentVariable(variable);
+  return (folder.empty() ? otherwise : folder) + below;
+}
+
+// The folders that a TEMP value must neither name nor contain.
+std::vector<std::string> protectedFolders() {
+  platform::Environment& environment = platform::machine().environment();
+  std::vector<std::string> folders = {environment.windowsFolder(), environment.programFolder()};
+  for (const char* variable : {"ProgramFiles", "ProgramFiles(x86)", "ProgramW6432", "CommonProgramFiles"}) {
+    folders.push_back(folderOf(variable, "C:\\Program Files"));
+  }
+  for (const char* variable : {"ALLUSERSPROFILE", "ProgramData", "PUBLIC"}) {
+    folders.push_back(folderOf(variable, "C:\\Documents and Settings\\All Users"));
+    // The folder of all profiles.
+    folders.push_back(folders.back() + "\\..");
+  }
+  for (const char* below : {"", "\\..", "\\Desktop", "\\Documents", "\\My Documents", "\\Favorites", "\\Downloads",
+                            "\\Start Menu", "\\Application Data", "\\Local Settings\\Application Data"}) {
+    folders.push_back(folderOf("USERPROFILE", "C:\\Documents and Settings\\Default User", below));
+  }
+  for (const char* variable : {"APPDATA", "LOCALAPPDATA"}) {
+    folders.push_back(folderOf(variable, "C:\\Documents and Settings\\Default User\\Application Data"));
+  }
+  return folders;
+}
+
+// `path` in capitals, in full, with long names where it exists, and with a closing backslash: one text for one folder.
+std::string comparable(const std::string& path) {
+  platform::FileSystem& files = platform::machine().files();
+  const std::string full = platform::withoutClosingBackslash(files.getFullPathName(path).value_or(path));
+  std::string result = full.substr(0, platform::rootLength(full));
+  if (!result.ends_with('\\')) result += '\\';
+  std::string_view rest = std::string_view(full).substr(platform::rootLength(full));
+  for (std::string_view name = takeName(rest); !name.empty(); name = takeName(rest)) {
+    platform::FindRecord record;
+    const std::string entry = result + std::string(name);
+    const platform::Handle enumeration = files.findFirstFile(entry, record);
+    if (enumeration == platform::kInvalidHandle) {
+      result = entry + '\\';
+      continue;
+    }
+    files.findClose(enumeration);
+    result += TrimAtNul({record.name.data(), record.name.size()}) + '\\';
+  }
+  return platform::machine().environment().upperCase(result);
+}
+
+bool holdsProtectedFolder(const std::string& folder) {
+  const std::string emptied = comparable(folder);
+  return std::ranges::any_of(protectedFolders(), [&emptied](const std::string& one) {
+    return !one.empty() && comparable(one).starts_with(emptied);
+  });
+}
+
 }  // namespace
 
 bool isBelowRoot(std::string_view path) {
@@ -84,7 +142,9 @@ std::string tempFolder(const std::string& variable) {
   std::string folder = platform::machine().environment().getEnvironmentVariable(variable);
   if (!isBelowRoot(folder)) return {};
   while (isSeparator(folder.back())) folder.pop_back();
-  return mayBeEmptied(folder) ? folder + '\\' : std::string();
+  // Calls cut these off, so that the path would be that of another folder.
+  if (folder.ends_with(' ') || folder.ends_with('.')) return {};
+  return mayBeEmptied(folder) && !holdsProtectedFolder(folder) ? folder + '\\' : std::string();
 }
 
 bool countsAsReadOnlyInFixedFolders(std::uint32_t attributes) {
@@ -100,6 +160,8 @@ void deleteTempFile(const std::string& path, bool (*countsAsReadOnly)(std::uint3
   const bool force = countsAsReadOnly(file->attributes);
   if (force && !mayDeleteReadOnly(file->path)) return;
   if (finder::isInUse(file->path)) return;
+  // While the question was open, the path may have become something else.
+  if (!finder::isDeletable(path)) return;
   static_cast<void>(objects.deleteFile(path, force));
 }
 

@@ -16,7 +16,8 @@ namespace cleaners {
 std::vector<std::string> fixedFolders();
 
 // The folder that an environment variable names, with a closing backslash; empty when it names none that may be
-// emptied: a root, a relative path, a link, or no folder. GetEnvironmentVariableA.
+// emptied: a root, a relative path, a link, no folder, a name that ends in a blank or a dot, or a folder that is or
+// contains the Windows folder, a program or profile folder, or the program's own folder. GetEnvironmentVariableA.
 std::string tempFolder(const std::string& variable);
 
 // Whether `path` is the full path of something below the root of its drive or share.

@@ -247,6 +247,7 @@ class frmFind final : public controls::Form {
   void setDeletionChoiceVisible(bool visible);
   // The key under which rows are compared: without outer blanks, in capitals.
   static std::string rowKey(std::string_view text);
+  std::string junkRoot_;  // the folder that the listed files were found below
 
   // ---- Deletion of junk files --------------------------------------------------------------------------------------
 
@@ -271,6 +272,7 @@ class frmFind final : public controls::Form {
   void cmdZeroInvert_Click();
   void ListView2_ItemCheck();
   void updateZeroDelete();
+  std::string zeroRoot_;  // the folder that the listed files were found below
 
   // ---- Temporary folders -------------------------------------------------------------------------------------------
 
@@ -279,8 +281,8 @@ class frmFind final : public controls::Form {
   // Removes every folder directly in the user's Temp folder. Stores that folder's path in `path`.
   void ClearTempSubfolders(std::string& path);
   void PurgeTempFolders();
-  // Deletes the entries 1 to `count` of FoundFiles, see cleaners::deleteTempFile.
-  void deleteFoundFiles(std::int32_t count, bool (*countsAsReadOnly)(std::uint32_t attributes));
+  // Deletes the files below the folders, see cleaners::deleteTempFile.
+  void purge(const std::vector<std::string>& folders, bool (*countsAsReadOnly)(std::uint32_t attributes));
 
   // ---- Internet cache ----------------------------------------------------------------------------------------------
 

@@ -55,6 +55,7 @@ platform::Result<void> DirList::setPath(const std::string& path) {
   path_ = folder;
   entries_ = ancestors(folder);
   current_ = entries_.size() - 1;
+  highlighted_ = current_;
   const int depth = static_cast<int>(entries_.size());
   for (const std::string& name : *names) entries_.push_back(DirEntry{name, joined(folder, name), depth});
   notify(Change::kValue);
@@ -67,6 +68,17 @@ void DirList::open(std::size_t index) {
   const std::string target = entries_[index].path;
   const platform::Result<void> opened = setPath(target);
   if (!opened && onFailure) onFailure(opened.error());
+}
+
+void DirList::highlight(std::size_t index) {
+  if (acceptsInput() && index < entries_.size()) highlighted_ = index;
+}
+
+void DirList::leave() {
+  if (highlighted_ == current_) return;
+  open(std::exchange(highlighted_, current_));
+  // After a failure the native list must show the current folder again.
+  notify(Change::kValue);
 }
 
 }  // namespace controls

@@ -39,14 +39,22 @@ class DirList final : public Control {
   // FileSystem::currentFolderOf, FileSystem::subfolders.
   platform::Result<void> setPath(const std::string& path);
 
+  // 0-based index of the line that the user has highlighted without opening it, else current().
+  std::size_t highlighted() const { return highlighted_; }
+
   // A double click or Enter by the user: opens the entry at the 0-based `index`. Does nothing while the list does not
   // accept input, or when there is no such entry.
   void open(std::size_t index);
+  // A click or an arrow key by the user: highlights the entry at the 0-based `index`.
+  void highlight(std::size_t index);
+  // The list has lost the keyboard: opens the highlighted entry, because that is the folder that the user sees chosen.
+  void leave();
 
  private:
   std::string path_;
   std::vector<DirEntry> entries_;
   std::size_t current_ = 0;
+  std::size_t highlighted_ = 0;
 };
 
 }  // namespace controls

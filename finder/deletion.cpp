@@ -1,7 +1,9 @@
 #include "finder/deletion.h"
 
 #include <array>
+#include <optional>
 
+#include "finder/modFind.h"
 #include "platform/Platform.h"
 
 namespace finder {
@@ -37,6 +39,17 @@ platform::Result<void> overwriteStart(const std::string& path) {
   return written;
 }
 
+// The folder entry of exactly that path.
+std::optional<platform::FindRecord> entryAt(const std::string& path) {
+  platform::FileSystem& files = platform::machine().files();
+  platform::FindRecord record;
+  const platform::Handle enumeration = files.findFirstFile(path, record);
+  if (enumeration == platform::kInvalidHandle) return std::nullopt;
+  files.findClose(enumeration);
+  const std::string name = path.substr(path.rfind('\\') + 1);
+  return TrimAtNul({record.name.data(), record.name.size()}) == name ? std::optional(record) : std::nullopt;
+}
+
 bool isNeverWiped(std::uint32_t attributes) {
   return countsAsReadOnly(attributes) || attributes == (kReadOnlyArchive | platform::kHidden);
 }
@@ -58,7 +71,7 @@ bool isInUse(const std::string& path) {
   return file == platform::kInvalidHandle;
 }
 
-bool isGone(const std::string& path) { return !platform::machine().files().anyFileMatches(path, kAnyFile); }
+bool isGone(const std::string& path) { return !entryAt(path); }
 
 void shellDelete(std::string& path, std::int32_t flags) {
   path += '\0';
@@ -67,14 +80,14 @@ void shellDelete(std::string& path, std::int32_t flags) {
 }
 
 bool isDeletable(const std::string& path) {
-  const std::uint32_t attributes = platform::machine().files().getFileAttributes(path);
-  return attributes != platform::kInvalidAttributes && (attributes & (platform::kDirectory | platform::kDevice)) == 0;
+  const std::optional<platform::FindRecord> entry = entryAt(path);
+  return entry && (entry->attributes & (platform::kDirectory | platform::kDevice)) == 0;
 }
 
 bool isOverwritable(const std::string& path) {
-  const std::uint32_t attributes = platform::machine().files().getFileAttributes(path);
+  const std::optional<platform::FindRecord> entry = entryAt(path);
   constexpr std::uint32_t kNoPlainFile = platform::kDirectory | platform::kDevice | platform::kReparsePoint;
-  return attributes != platform::kInvalidAttributes && (attributes & kNoPlainFile) == 0;
+  return entry && (entry->attributes & kNoPlainFile) == 0;
 }
 
 platform::Result<Deletion> deleteThroughShell(const std::string& path, std::int32_t flags,

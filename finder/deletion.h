@@ -21,11 +21,12 @@ bool countsAsReadOnly(std::uint32_t attributes);
 // Whether another program holds the file at `path` open; false when there is no such file. CreateFileA.
 bool isInUse(const std::string& path);
 
-// Whether there is no file of that path.
+// Whether there is nothing of exactly that path. FindFirstFileA.
 bool isGone(const std::string& path);
 
 // Looks at the path right before a deletion. Deletable: a file, or a link to one, which goes without its target.
-// Overwritable: a file that is no link. Folders and devices are neither. GetFileAttributesA.
+// Overwritable: a file that is no link. Folders and devices are neither, nor is a file whose name differs in case: a disk
+// that distinguishes case may hold both. FindFirstFileA.
 bool isDeletable(const std::string& path);
 bool isOverwritable(const std::string& path);
 

@@ -4,6 +4,7 @@
 
 #include "console/frmFind.h"
 #include "finder/deletion.h"
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
@@ -61,13 +62,13 @@ void frmFind::deleteTickedRows() {
   const std::vector<std::size_t> chosen = tickedRows(ListView1);
   const std::int32_t flags = chosenFlags();
   const finder::DeletionQuestions questions = deletionQuestions();
+  platform::FolderHold hold(junkRoot_, true);
+  std::vector<std::size_t> gone;
   // A failure with one file does not stop the others.
   for (const std::size_t row : chosen) {
-    static_cast<void>(finder::deleteThroughShell(ListView1.text(row), flags, questions));
-  }
-  std::vector<std::size_t> gone;
-  for (const std::size_t row : chosen) {
-    if (finder::isGone(ListView1.text(row))) gone.push_back(row);
+    const std::string path = ListView1.text(row);
+    if (hold.holdAbove(path)) static_cast<void>(finder::deleteThroughShell(path, flags, questions));
+    if (finder::isGone(path)) gone.push_back(row);
   }
   ListView1.removeRows(std::move(gone));
 }
@@ -87,12 +88,14 @@ void frmFind::wipeTickedRows() {
 // The first file, whose failure is ignored, then the others from the last row to the first. Returns false when a failure
 // has ended the loop. Files that are not found are passed over.
 bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
+  platform::FolderHold hold(junkRoot_, true);
   std::vector<std::size_t> gone;
   const auto wipeRow = [&](std::size_t row) {
-    const platform::Result<finder::Deletion> wiped = finder::wipe(ListView1.text(row));
-    const bool notFound = !wiped && wiped.error().number == platform::kFileNotFound;
-    if (notFound || wiped == finder::Deletion::kDone) gone.push_back(row);
-    return wiped || notFound;
+    const std::string path = ListView1.text(row);
+    if (!hold.holdAbove(path)) return true;
+    const platform::Result<finder::Deletion> wiped = finder::wipe(path);
+    if (wiped == finder::Deletion::kDone || finder::isGone(path)) gone.push_back(row);
+    return wiped || wiped.error().number == platform::kFileNotFound;
   };
   static_cast<void>(wipeRow(chosen.front()));
   const bool firstIsGone = !gone.empty();

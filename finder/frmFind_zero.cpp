@@ -6,6 +6,7 @@
 #include "controls/ControlLists.h"
 #include "finder/tree_walk.h"
 #include "platform/Conversions.h"
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
@@ -45,6 +46,7 @@ void frmFind::bindZeroBytes() {
 void frmFind::cmdZero_Click() {
   ListView2.clear();
   std::string folder = Dir1.path();
+  zeroRoot_ = folder;
   enterZeroScan();
   messageBox("Use extreme caution when deleting 0 byte files - see help for details", platform::kBoxCritical,
              "Warning!");
@@ -135,18 +137,20 @@ platform::Result<void> frmFind::deleteTickedZeroFiles() {
   questions.isStillWanted = [](const std::string& path) {
     return finder::isDeletable(path) && platform::machine().files().fileSize(path) == 0U;
   };
+  platform::FolderHold hold(zeroRoot_, true);
   std::vector<std::size_t> done;
   platform::Result<void> result;
   const std::vector<std::size_t> chosen = tickedRows(ListView2);
   for (auto row = chosen.rbegin(); row != chosen.rend() && result; ++row) {
     const std::string path = ListView2.text(*row);
-    const platform::Result<finder::Deletion> deleted = finder::deleteThroughShell(path, flags, questions);
+    platform::Result<finder::Deletion> deleted = finder::Deletion::kChanged;
+    if (hold.holdAbove(path)) deleted = finder::deleteThroughShell(path, flags, questions);
     if (!deleted) result = std::unexpected(deleted.error());
-    if (deleted == finder::Deletion::kReadOnlyKept || deleted == finder::Deletion::kChanged) {
-      ListView2.setTicked(*row, false);
-    } else if (deleted || finder::isGone(path)) {
-      // The row of a file in use is removed too, although the file stays.
+    // The row of a file in use is removed too, although the file stays.
+    if (deleted == finder::Deletion::kDone || deleted == finder::Deletion::kInUse || finder::isGone(path)) {
       done.push_back(*row);
+    } else {
+      ListView2.setTicked(*row, false);
     }
   }
   ListView2.removeRows(std::move(done));

@@ -14,10 +14,13 @@ class Environment {
   // GetTickCount. Milliseconds since the machine started; wraps round after 49.7 days.
   virtual std::uint32_t getTickCount() = 0;
   // The folder that the program was started from, without a closing backslash unless it is a drive's root.
-  // GetModuleFileNameA.
+  // GetModuleFileNameW, GetModuleFileNameA.
   virtual std::string programFolder() = 0;
-  // GetEnvironmentVariableA. The value of the variable `name`, in which case does not matter; empty when it is empty or
-  // missing.
+  // The Windows folder, without a closing backslash unless it is a root. GetWindowsDirectoryW,
+  // GetWindowsDirectoryA.
+  virtual std::string windowsFolder() = 0;
+  // The value of the variable `name`, whose case does not matter; empty when it is empty or missing, and when the code
+  // page lacks one of its characters. GetEnvironmentVariableW, GetEnvironmentVariableA.
   virtual std::string getEnvironmentVariable(const std::string& name) = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;

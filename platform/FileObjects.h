@@ -21,6 +21,9 @@ class FileObjects {
  public:
   virtual ~FileObjects() = default;
 
+  // Creates the object, which the other calls do by themselves. Fails with 429. CoCreateInstance.
+  virtual Result<void> create() = 0;
+
   // FolderExists. True when a folder of that path exists; false too when the object cannot be created.
   virtual bool folderExists(const std::string& path) = 0;
   // GetFile and its Path and Attributes. Fails with 53 when there is no such file (a folder is not one), 429 when the

@@ -94,9 +94,9 @@ class FileSystem {
   // SetFileAttributesA. False when the file is missing or its attributes cannot be set.
   virtual bool setFileAttributes(const std::string& path, std::uint32_t attributes) = 0;
 
-  // The length in bytes of the file at `path`, asked by path and not taken from a folder entry; the low 32 bits as a
-  // signed number. Fails with 53 when there is no such file.
-  virtual Result<std::int32_t> fileLength(const std::string& path) = 0;
+  // The size in bytes of the file at `path`, read from the file and not from its folder entry. Fails with 53 when there
+  // is no such file. GetFileSize.
+  virtual Result<std::uint64_t> fileSize(const std::string& path) = 0;
 
   // Whether a file (or, when the mask holds kDirectory, a folder) answers to `pattern` with no attribute among
   // read-only, hidden, system, directory that `mask` lacks: the classic directory search with an attribute mask.
@@ -115,9 +115,15 @@ class FileSystem {
   // 61 when the disk is full, 70 when the write is refused. WriteFile.
   virtual Result<void> putBytes(int number, std::string_view bytes) = 0;
   // The same at the 1-based byte position `position`; 0 fails with 5. SetFilePointer, WriteFile.
-  virtual Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) = 0;
+  virtual Result<void> putBytesAt(int number, std::uint64_t position, std::string_view bytes) = 0;
   // Closes the file number; a number that is not open is no failure. CloseHandle.
   virtual void closeFile(int number) = 0;
+
+  // Opens a folder so that it can be neither renamed nor deleted, nor replaced by a link, until releaseFolder. Fails when
+  // it is no folder, or a link to one unless `mayBeLink`. Where folders cannot be opened (the Windows 95 family, which
+  // has no links), only looks at it and returns kInvalidHandle. CreateFileA with FILE_FLAG_BACKUP_SEMANTICS.
+  virtual Result<Handle> holdFolder(const std::string& folder, bool mayBeLink) = 0;
+  virtual void releaseFolder(Handle held) = 0;
 
   // A file number that nothing is open under: the lowest. Fails with 67 when all are taken.
   virtual Result<int> freeFile() = 0;

@@ -19,6 +19,7 @@ constexpr std::array kTexts = {
     NumberAndText{kFileAlreadyOpen, "File already open"},
     NumberAndText{kFileAlreadyExists, "File already exists"},
     NumberAndText{kDiskFull, "Disk full"},
+    NumberAndText{kBadFileName, "Bad file name"},
     NumberAndText{kTooManyFiles, "Too many files"},
     NumberAndText{kDeviceUnavailable, "Device unavailable"},
     NumberAndText{kPermissionDenied, "Permission denied"},

@@ -50,8 +50,9 @@ class Shell {
   virtual std::int32_t fileOperation(const FileOperation& operation) = 0;
   // ShellExecuteA, with GetDesktopWindow where the command asks for it. Gives its result: above 32 on success.
   virtual std::int32_t execute(const ShellCommand& command) = 0;
-  // Starts a command line with a hidden window and does not wait for it. Fails with 53 when there is no such program.
-  // CreateProcessA.
+  // Starts a command line with a hidden window and does not wait for it. Its first word is the name of a program in the
+  // system folder, without a path and extension; no other folder is searched. Fails with 53 when there is none.
+  // GetSystemDirectoryA, CreateProcessA.
   virtual Result<void> launchHidden(const std::string& commandLine) = 0;
 
   // SHEmptyRecycleBinA without an owner window. Empties the Recycle Bin of the drive that `root` lies on; of all drives

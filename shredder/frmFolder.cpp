@@ -58,7 +58,7 @@ void frmFolder::okButton_Click() {
   if (!path.ends_with('\\')) path += '\\';
   for (std::size_t i = 0; i < File1.files().size(); ++i) {
     File1.select(i);
-    shredder_.ListView1.add(path + File1.files()[i]);
+    shredder_.addFile(path + File1.files()[i]);
   }
   close();
 }

@@ -1,5 +1,6 @@
 #include "shredder/frmMain.h"
 
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 #include "shredder/frmFolder.h"
 #include "shredder/modMain.h"
@@ -9,6 +10,13 @@ using controls::ControlInit;
 using controls::messageBox;
 using controls::place;
 using platform::Answer;
+
+namespace {
+
+constexpr const char* kNameNotInCodePage =
+    "The name of this file holds characters that this system's code page lacks. The file has not been added.";
+
+}  // namespace
 
 frmMain::frmMain()
     : Form("Scrubhaven Pro - Shredder"),
@@ -60,9 +68,17 @@ void frmMain::formLoad() {
 void frmMain::cmdAddFile_Click() {
   dlgFile = {.title = "Select file(s) to shred", .filter = "All files (*.*)|*.*"};
   const platform::Result<std::string> path = platform::machine().ui().openFileDialog(dlgFile);
-  if (!path) return;
-  ListView1.add(*path);
+  if (!path) {
+    if (path.error().number == platform::kBadFileName) messageBox(kNameNotInCodePage, platform::kBoxExclamation);
+    return;
+  }
+  addFile(*path);
   enableByList();
+}
+
+void frmMain::addFile(const std::string& path) {
+  ListView1.add(path);
+  if (platform::hasLinkAbove(path)) addedThroughLinks_.insert(path);
 }
 
 void frmMain::cmdAddFolder_Click() {
@@ -122,10 +138,13 @@ void frmMain::shredFirstFile() {
   ShredPercent = 0;
   const std::string path = ListView1.text(0);
   firstIsInProgress_ = true;
-  ShredFile(path, SHRED_ROUNDS, [this](std::int16_t percent) {
-    ShredPercent = percent;
-    UpdateProgress();
-  });
+  // A folder that has become a link since the file was added leads to a file that was not chosen.
+  if (!platform::hasLinkAbove(path) || addedThroughLinks_.contains(path)) {
+    ShredFile(path, SHRED_ROUNDS, [this](std::int16_t percent) {
+      ShredPercent = percent;
+      UpdateProgress();
+    });
+  }
   if (firstIsInProgress_) ListView1.remove(0);
   firstIsInProgress_ = false;
 }

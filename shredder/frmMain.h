@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
+#include <string>
 
 #include "controls/FlatButton.h"
 #include "controls/Form.h"
@@ -19,6 +21,9 @@ class frmMain final : public controls::Form {
   std::int16_t ShredPercent = 0;
   // Stops the run after the file in progress. Only opening the window again resets it.
   bool CancelShred = false;
+
+  // Adds a file at the end of the list.
+  void addFile(const std::string& path);
 
   // Shows ShredPercent, at most 100, in the progress bar.
   void UpdateProgress();
@@ -57,6 +62,7 @@ class frmMain final : public controls::Form {
   void leaveRun(Outcome outcome);
   void enableByList();
 
+  std::set<std::string> addedThroughLinks_;  // the files that had a link among their folders when they were added
   bool running_ = false;
   bool firstIsInProgress_ = false;  // the first row is the file that is being shredded
 };

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/Conversions.h"
+#include "platform/FolderHold.h"
 #include "platform/Platform.h"
 
 namespace {
@@ -157,6 +158,9 @@ KeystreamState& keystream() { return stream; }
 void ShredFile(const std::string& path, std::int16_t rounds, const ShredProgress& progress) {
   platform::FileSystem& files = platform::machine().files();
   if (isNoPlainFile(path)) return;
+  platform::FolderHold hold(path.substr(0, path.rfind('\\') + 1), true);
+  // A folder that cannot be held must not keep its files from being shredded.
+  static_cast<void>(hold.holdAbove(path));
   const std::uint64_t length = files.fileSize(path).value_or(0);
   writeFixedPasses(path, length, rounds);
   SeedKeystream(keystreamKey());

@@ -11,6 +11,11 @@ std::wstring wideText(std::string_view text) {
   return wide;
 }
 
+bool hasWideCalls() {
+  constexpr DWORD kWindows95Family = 0x80000000;
+  return (GetVersion() & kWindows95Family) == 0;
+}
+
 std::optional<std::string> exactText(std::wstring_view wide) {
   const int length = static_cast<int>(wide.size());
   std::string text(WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr), '\0');
@@ -19,6 +24,12 @@ std::optional<std::string> exactText(std::wstring_view wide) {
 }
 
 std::string upperCaseOf(std::string_view text) {
+  if (hasWideCalls()) {
+    // In the UTF-8 code page, upper case can change the number of bytes, which the narrow call cannot do.
+    std::wstring wide = wideText(text);
+    CharUpperBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+    return exactText(wide).value_or(std::string(text));
+  }
   std::string result(text);
   CharUpperBuffA(result.data(), static_cast<DWORD>(result.size()));
   return result;

@@ -7,21 +7,55 @@
 #include "platform/win32/CodePage.h"
 
 namespace platform::win32 {
+namespace {
+
+// The text that a call stores in a buffer of MAX_PATH characters; empty on failure.
+template <typename Character, typename Call>
+std::basic_string<Character> filled(Call call) {
+  std::array<Character, MAX_PATH + 1> buffer{};
+  call(buffer.data(), MAX_PATH);
+  return buffer.data();
+}
+
+// `path` in the code page, or its short form when the code page lacks one of its characters; empty when that lacks one
+// too. GetShortPathNameW.
+std::string reachablePath(const std::wstring& path) {
+  if (const std::optional<std::string> exact = exactText(path)) return *exact;
+  const std::wstring shortPath =
+      filled<wchar_t>([&path](wchar_t* out, DWORD size) { return GetShortPathNameW(path.c_str(), out, size); });
+  return exactText(shortPath).value_or("");
+}
+
+}  // namespace
 
 std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
 
 std::string Win32Environment::programFolder() {
-  std::array<char, MAX_PATH + 1> program{};
-  GetModuleFileNameA(nullptr, program.data(), MAX_PATH);
-  const std::string path = program.data();
+  const std::string path = hasWideCalls() ? reachablePath(filled<wchar_t>([](wchar_t* out, DWORD size) {
+    return GetModuleFileNameW(nullptr, out, size);
+  }))
+                                          : filled<char>([](char* out, DWORD size) {
+                                              return GetModuleFileNameA(nullptr, out, size);
+                                            });
   const std::size_t end = path.rfind('\\');
   if (end == std::string::npos) return path;
   const bool isRoot = end > 0 && path[end - 1] == ':';
   return path.substr(0, isRoot ? end + 1 : end);
 }
 
+std::string Win32Environment::windowsFolder() {
+  if (!hasWideCalls()) return filled<char>(GetWindowsDirectoryA);
+  return reachablePath(filled<wchar_t>(GetWindowsDirectoryW));
+}
+
 std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
   // The first call returns the length with the terminating NUL, the second one without.
+  if (hasWideCalls()) {
+    const std::wstring wideName = wideText(name);
+    std::wstring value(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
+    value.resize(GetEnvironmentVariableW(wideName.c_str(), value.data(), static_cast<DWORD>(value.size())));
+    return exactText(value).value_or("");
+  }
   std::string value(GetEnvironmentVariableA(name.c_str(), nullptr, 0), '\0');
   value.resize(GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
   return value;

@@ -10,6 +10,7 @@ class Win32Environment final : public Environment {
  public:
   std::uint32_t getTickCount() override;
   std::string programFolder() override;
+  std::string windowsFolder() override;
   std::string getEnvironmentVariable(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
   std::string dateText() override;

@@ -77,6 +77,11 @@ Win32FileObjects::Win32FileObjects() = default;
 
 Win32FileObjects::~Win32FileObjects() = default;
 
+Result<void> Win32FileObjects::create() {
+  const auto created = object();
+  return created ? Result<void>{} : std::unexpected(created.error());
+}
+
 bool Win32FileObjects::folderExists(const std::string& path) {
   const auto object = this->object();
   if (!object) return false;

@@ -16,6 +16,7 @@ class Win32FileObjects final : public FileObjects {
   Win32FileObjects(const Win32FileObjects&) = delete;
   Win32FileObjects& operator=(const Win32FileObjects&) = delete;
 
+  Result<void> create() override;
   bool folderExists(const std::string& path) override;
   Result<FileObject> getFile(const std::string& path) override;
   Result<void> deleteFile(const std::string& path, bool force) override;

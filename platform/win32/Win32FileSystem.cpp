@@ -3,9 +3,9 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
+#include "platform/Names.h"
 #include "platform/Paths.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/LastError.h"
@@ -33,24 +33,14 @@ struct NarrowCalls {
   static bool next(HANDLE enumeration, Found& found) { return FindNextFileA(enumeration, &found) != FALSE; }
 };
 
-bool hasWideCalls() {
-  constexpr DWORD kWindows9x = 0x80000000;
-  return (GetVersion() & kWindows9x) == 0;
+// The name in the code page; empty when later calls would not find the entry by it.
+std::string usableName(const wchar_t* name) {
+  const std::optional<std::string> exact = exactText(name);
+  return exact && isUsableName(*exact) ? *exact : "";
 }
 
-// The name in the code page; empty when later calls could not find the file by it.
-std::string codePageName(const wchar_t* name) { return exactText(name).value_or(""); }
-
-// The system has replaced a character that the code page lacks by "?", a wildcard, or by a similar character.
-std::string codePageName(const char* name) {
-  for (const char* letter = name; *letter != '\0'; letter = CharNextA(letter)) {
-    if (std::strchr("?\\/", *letter) != nullptr) return "";
-  }
-  return name;
-}
-
-// The system removes trailing spaces and dots from a path, so that it would be the path of another file.
-bool losesItsEnd(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
+// The system has replaced a character that the code page lacks by "?" or by a similar character.
+std::string usableName(const char* name) { return isUsableName(name) ? name : ""; }
 
 FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
 
@@ -58,11 +48,11 @@ FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .hi
 // calls could not find it under either.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
-  const std::string alias = codePageName(found.cAlternateFileName);
-  const std::string longName = codePageName(found.cFileName);
+  const std::string alias = usableName(found.cAlternateFileName);
+  const std::string longName = usableName(found.cFileName);
   const std::string& name = longName.empty() ? alias : longName;
   const bool fits = name.size() < record.name.size() && alias.size() < record.alternateName.size();
-  if (name.empty() || !fits || losesItsEnd(name)) return false;
+  if (name.empty() || !fits) return false;
   record = FindRecord{.attributes = found.dwFileAttributes,
                       .created = fileTime(found.ftCreationTime),
                       .accessed = fileTime(found.ftLastAccessTime),
@@ -114,16 +104,23 @@ std::string labelOf(char letter) {
   return known != FALSE ? std::string(label.data()) : std::string();
 }
 
-// The low 32 bits of the length of the file. Opening it with access 0 succeeds despite most locks.
-std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
+// The size of the open file. Access 0 asks about the file only, so that most locks do not matter.
+std::optional<std::uint64_t> sizeByHandle(const std::string& path) {
   const HANDLE file =
       CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
   if (file == INVALID_HANDLE_VALUE) return std::nullopt;
   SetLastError(NO_ERROR);
-  const DWORD length = GetFileSize(file, nullptr);
-  const bool failed = length == INVALID_FILE_SIZE && GetLastError() != NO_ERROR;
+  DWORD high = 0;
+  const DWORD low = GetFileSize(file, &high);
+  const bool failed = low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR;
   CloseHandle(file);
-  return failed ? std::nullopt : std::optional<std::uint32_t>(length);
+  return failed ? std::nullopt : std::optional((std::uint64_t{high} << 32) | low);
+}
+
+// The attributes of an open file or folder; kInvalidAttributes on failure.
+std::uint32_t attributesOf(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION info = {};
+  return GetFileInformationByHandle(file, &info) != FALSE ? info.dwFileAttributes : kInvalidAttributes;
 }
 
 // On a full disk WriteFile may write fewer bytes without failing.
@@ -163,9 +160,9 @@ bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t a
   return SetFileAttributesA(path.c_str(), attributes) != FALSE;
 }
 
-Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
-  const std::optional<std::uint32_t> length = lengthByHandle(path);
-  return length ? Result<std::int32_t>(static_cast<std::int32_t>(*length)) : failure(kFileNotFound);
+Result<std::uint64_t> Win32FileSystem::fileSize(const std::string& path) {
+  const std::optional<std::uint64_t> size = sizeByHandle(path);
+  return size ? Result<std::uint64_t>(*size) : failure(kFileNotFound);
 }
 
 bool Win32FileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
@@ -195,12 +192,19 @@ Result<void> Win32FileSystem::openBinary(int number, const std::string& path) {
   // Wine opens a read-only file for writing when it runs as root.
   const std::uint32_t attributes = getFileAttributes(path);
   if (attributes != kInvalidAttributes && (attributes & kReadOnly) != 0) return failure(kPathFileAccess);
+  // A link is opened itself and refused: what it points to was not chosen.
+  const DWORD flags = hasWideCalls() ? FILE_FLAG_OPEN_REPARSE_POINT : FILE_ATTRIBUTE_NORMAL;
   const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                  nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+                                  nullptr, OPEN_ALWAYS, flags, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     const std::int32_t error = runTimeErrorNumber(GetLastError());
     // OPEN_ALWAYS creates a missing file, so it is the folder that was not found.
     return failure(error == kFileNotFound ? kPathNotFound : error);
+  }
+  const std::uint32_t opened = attributesOf(file);
+  if (opened != kInvalidAttributes && (opened & kReparsePoint) != 0) {
+    CloseHandle(file);
+    return failure(kPathFileAccess);
   }
   numbered_[number] = portable(file);
   return {};
@@ -211,13 +215,14 @@ Result<void> Win32FileSystem::putBytes(int number, std::string_view bytes) {
   return writeAll(native(numbered_[number]), bytes);
 }
 
-Result<void> Win32FileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
+Result<void> Win32FileSystem::putBytesAt(int number, std::uint64_t position, std::string_view bytes) {
   if (!isOpen(number)) return failure(kBadFileNumber);
   if (position == 0) return failure(kInvalidCall);
-  LONG high = 0;
+  const std::uint64_t offset = position - 1;
+  auto high = static_cast<LONG>(offset >> 32);
   const HANDLE file = native(numbered_[number]);
   SetLastError(NO_ERROR);
-  const DWORD moved = SetFilePointer(file, static_cast<LONG>(position - 1), &high, FILE_BEGIN);
+  const DWORD moved = SetFilePointer(file, static_cast<LONG>(offset), &high, FILE_BEGIN);
   if (moved == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) return failure(kPermissionDenied);
   return writeAll(file, bytes);
 }
@@ -234,6 +239,26 @@ Result<int> Win32FileSystem::freeFile() {
     if (!isOpen(number)) return number;
   }
   return failure(kTooManyFiles);
+}
+
+Result<Handle> Win32FileSystem::holdFolder(const std::string& folder, bool mayBeLink) {
+  const std::uint32_t attributes = getFileAttributes(folder);
+  if (mayBeLink ? !isDirectory(attributes) : !isOwnFolder(attributes)) return failure(kPathNotFound);
+  // The Windows 95 family cannot open folders, and has no links.
+  if (!hasWideCalls()) return kInvalidHandle;
+  // Sharing is checked for opens that read; without FILE_SHARE_DELETE the folder can be neither deleted nor renamed.
+  const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | (mayBeLink ? 0 : FILE_FLAG_OPEN_REPARSE_POINT);
+  const HANDLE handle = CreateFileA(folder.c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, flags, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return failure(runTimeErrorNumber(GetLastError()));
+  const std::uint32_t opened = attributesOf(handle);
+  if (mayBeLink ? isDirectory(opened) : isOwnFolder(opened)) return portable(handle);
+  CloseHandle(handle);
+  return failure(kPathNotFound);
+}
+
+void Win32FileSystem::releaseFolder(Handle held) {
+  if (held != kInvalidHandle) CloseHandle(native(held));
 }
 
 bool Win32FileSystem::flushFileBuffers(Handle handle) { return FlushFileBuffers(native(handle)) != FALSE; }

@@ -6,6 +6,8 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <array>
+
 #include "platform/win32/RunTimeBinding.h"
 
 namespace platform::win32 {
@@ -40,9 +42,13 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   start.dwFlags = STARTF_USESHOWWINDOW;
   start.wShowWindow = SW_HIDE;
   PROCESS_INFORMATION process = {};
+  std::array<char, MAX_PATH + 1> system{};
+  GetSystemDirectoryA(system.data(), MAX_PATH);
+  // Without a path, CreateProcessA would also search the current folder.
+  const std::string program = std::string(system.data()) + '\\' + commandLine.substr(0, commandLine.find(' ')) + ".exe";
   // CreateProcessA may write to the command line.
   std::string writable = commandLine;
-  if (CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
+  if (CreateProcessA(program.c_str(), writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
       FALSE) {
     return failure(kFileNotFound);
   }

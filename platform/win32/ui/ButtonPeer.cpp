@@ -4,6 +4,7 @@
 
 #include "controls/Form.h"
 #include "platform/win32/ui/Pictures.h"
+#include "platform/win32/ui/TextDrawing.h"
 
 namespace platform::win32 {
 namespace {
@@ -83,8 +84,8 @@ void ButtonPeer::drawContent(HDC target, RECT place, bool disabled) const {
   if (button_.picture() == controls::Picture::kInvert) return drawInvert(target, place, colour);
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, colour);
-  DrawTextA(target, withMnemonic(button_.caption(), button_.mnemonic()).c_str(), -1, &place,
-            DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
+  drawText(target, withMnemonic(button_.caption(), button_.mnemonic()), place,
+           DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
 }
 
 }  // namespace platform::win32

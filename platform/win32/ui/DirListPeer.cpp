@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/ui/Pictures.h"
+#include "platform/win32/ui/TextDrawing.h"
 
 namespace platform::win32 {
 namespace {
@@ -32,7 +33,9 @@ int DirListPeer::textLeft(const controls::DirEntry& entry) const {
 }
 
 void DirListPeer::onCommand(int code) {
+  if (code == LBN_SELCHANGE) list_.highlight(selected());
   if (code == LBN_DBLCLK) openSelected();
+  if (code == LBN_KILLFOCUS) list_.leave();
 }
 
 bool DirListPeer::press() {
@@ -40,8 +43,11 @@ bool DirListPeer::press() {
   return true;
 }
 
-// LB_GETCURSEL returns LB_ERR when nothing is selected; open() ignores an index out of range.
-void DirListPeer::openSelected() { list_.open(static_cast<std::size_t>(SendMessageA(handle(), LB_GETCURSEL, 0, 0))); }
+void DirListPeer::openSelected() { list_.open(selected()); }
+
+std::size_t DirListPeer::selected() const {
+  return static_cast<std::size_t>(SendMessageA(handle(), LB_GETCURSEL, 0, 0));
+}
 
 void DirListPeer::showValue() {
   SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
@@ -72,7 +78,7 @@ void DirListPeer::draw(const DRAWITEMSTRUCT& item) {
     const bool disabled = (item.itemState & ODS_DISABLED) != 0;
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-    DrawTextA(item.hDC, entry.text.c_str(), -1, &text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
+    drawText(item.hDC, entry.text, text, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
   }
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
 }

@@ -22,6 +22,8 @@ class DirListPeer final : public ControlPeer {
   // Pixels from the list's left edge to the text of an entry.
   int textLeft(const controls::DirEntry& entry) const;
   void openSelected();
+  // The index of the highlighted line; LB_ERR, which is beyond any entry, when there is none.
+  std::size_t selected() const;
 
   controls::DirList& list_;
 };

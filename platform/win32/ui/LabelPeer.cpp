@@ -1,5 +1,7 @@
 #include "platform/win32/ui/LabelPeer.h"
 
+#include "platform/win32/ui/TextDrawing.h"
+
 #include <string>
 
 namespace platform::win32 {
@@ -27,7 +29,7 @@ void LabelPeer::draw(const DRAWITEMSTRUCT& item) {
   SetTextColor(item.hDC, GetSysColor((item.itemState & ODS_DISABLED) != 0 ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
   const std::string text = withMnemonic(control().caption(), control().mnemonic());
   const bool wraps = place.bottom - place.top >= 2 * metrics().lineHeight();
-  DrawTextA(item.hDC, text.c_str(), -1, &place, wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_PATH_ELLIPSIS);
+  drawText(item.hDC, text, place, wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_PATH_ELLIPSIS);
   SelectObject(item.hDC, fontBefore);
 }
 

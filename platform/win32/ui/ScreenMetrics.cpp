@@ -1,5 +1,7 @@
 #include "platform/win32/ui/ScreenMetrics.h"
 
+#include "platform/win32/ui/TextDrawing.h"
+
 namespace platform::win32 {
 namespace {
 
@@ -37,9 +39,7 @@ int ScreenMetrics::pixelsX(int dialogUnits) const { return MulDiv(dialogUnits, b
 int ScreenMetrics::pixelsY(int dialogUnits) const { return MulDiv(dialogUnits, baseHeight_, 8); }
 
 int ScreenMetrics::textWidth(const std::string& text) const {
-  SIZE size = {};
-  GetTextExtentPoint32A(screen_, text.data(), static_cast<int>(text.size()), &size);
-  return size.cx;
+  return textExtent(screen_, text);
 }
 
 }  // namespace platform::win32

@@ -7,8 +7,11 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string>
 
 #include "controls/Form.h"
+#include "platform/win32/CodePage.h"
 #include "platform/win32/ui/CommonControls.h"
 #include "platform/win32/ui/FormWindow.h"
 
@@ -37,6 +40,58 @@ Answer answerWhenNotShown(std::uint32_t style) {
   }
 }
 
+// The two generations of the open-file dialog. Only the wide one returns every name exactly.
+struct WideDialog {
+  using Character = wchar_t;
+  using Record = OPENFILENAMEW;
+  static constexpr DWORD kRecordSize = OPENFILENAME_SIZE_VERSION_400W;
+  static std::wstring text(const std::string& text) { return wideText(text); }
+  static std::optional<std::string> path(const wchar_t* path) { return exactText(path); }
+  static bool show(Record& record) { return GetOpenFileNameW(&record) != FALSE; }
+  static void readCurrentFolder(wchar_t* folder, DWORD size) { GetCurrentDirectoryW(size, folder); }
+  static void setCurrentFolder(const wchar_t* folder) { SetCurrentDirectoryW(folder); }
+};
+
+struct NarrowDialog {
+  using Character = char;
+  using Record = OPENFILENAMEA;
+  static constexpr DWORD kRecordSize = OPENFILENAME_SIZE_VERSION_400A;
+  static const std::string& text(const std::string& text) { return text; }
+  static std::optional<std::string> path(const char* path) { return path; }
+  static bool show(Record& record) { return GetOpenFileNameA(&record) != FALSE; }
+  static void readCurrentFolder(char* folder, DWORD size) { GetCurrentDirectoryA(size, folder); }
+  static void setCurrentFolder(const char* folder) { SetCurrentDirectoryA(folder); }
+};
+
+template <typename Dialog>
+Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& request) {
+  using Character = typename Dialog::Character;
+  using Path = std::array<Character, MAX_PATH + 1>;
+  // The dialog expects each part of the filter to end with NUL, and another NUL at the end, which c_str() appends.
+  auto filter = Dialog::text(request.filter + '\0');
+  std::ranges::replace(filter, Character{'|'}, Character{});
+  const auto title = Dialog::text(request.title);
+  Path path{};
+  typename Dialog::Record dialog = {};
+  // Windows 95 and NT 4 reject the longer structure of later systems.
+  dialog.lStructSize = Dialog::kRecordSize;
+  dialog.hwndOwner = owner;
+  dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrFile = path.data();
+  dialog.nMaxFile = path.size();
+  dialog.lpstrTitle = title.c_str();
+  Path before{};
+  Dialog::readCurrentFolder(before.data(), before.size());
+  const bool chosen = Dialog::show(dialog);
+  // Wine's dialog changes the current folder when it is cancelled, and not when a file is chosen; Windows does the
+  // opposite.
+  const std::basic_string<Character> folder(path.data(), chosen ? dialog.nFileOffset : 0);
+  Dialog::setCurrentFolder(chosen ? folder.c_str() : before.data());
+  if (!chosen) return failure(kDialogCancelled);
+  const std::optional<std::string> exact = Dialog::path(path.data());
+  return exact ? Result<std::string>(*exact) : failure(kBadFileName);
+}
+
 }  // namespace
 
 Win32Ui::Win32Ui() { startCommonControls(); }
@@ -46,30 +101,16 @@ Win32Ui::~Win32Ui() = default;
 Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
   flush();
   const int pressed = MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style);
-  return pressed == 0 ? answerWhenNotShown(style) : static_cast<Answer>(pressed);
+  const auto answer = static_cast<Answer>(pressed);
+  // Wine answers Esc in a Yes/No box with Cancel, which must not be taken for consent.
+  const bool isYesNo = (style & MB_TYPEMASK) == MB_YESNO;
+  return pressed == 0 || (isYesNo && answer != Answer::kYes) ? answerWhenNotShown(style) : answer;
 }
 
 Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
   flush();
-  // The dialog expects each part of the filter to end with NUL, and another NUL at the end, which c_str() appends.
-  std::string filter = request.filter + '\0';
-  std::ranges::replace(filter, '|', '\0');
-  std::array<char, MAX_PATH + 1> path{};
-  OPENFILENAMEA dialog = {};
-  // Windows 95 and NT 4 reject the longer structure of later systems.
-  dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
-  dialog.hwndOwner = activeWindow();
-  dialog.lpstrFilter = filter.c_str();
-  dialog.lpstrFile = path.data();
-  dialog.nMaxFile = path.size();
-  dialog.lpstrTitle = request.title.c_str();
-  std::array<char, MAX_PATH + 1> before{};
-  GetCurrentDirectoryA(before.size(), before.data());
-  const bool chosen = GetOpenFileNameA(&dialog) != FALSE;
-  // Wine's dialog changes the current folder when it is cancelled, and not when a file is chosen; Windows does the
-  // opposite.
-  SetCurrentDirectoryA(chosen ? std::string(path.data(), dialog.nFileOffset).c_str() : before.data());
-  return chosen ? Result<std::string>(path.data()) : failure(kDialogCancelled);
+  return hasWideCalls() ? openFileDialogWith<WideDialog>(activeWindow(), request)
+                        : openFileDialogWith<NarrowDialog>(activeWindow(), request);
 }
 
 void Win32Ui::serveEvents() {

@@ -3,12 +3,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/FileSystem.h"
 
-namespace finder {
+namespace platform {
 
 class FolderHold {
  public:
@@ -30,7 +31,10 @@ class FolderHold {
   std::string root_;  // with a closing backslash
   bool rootMayBeLink_;
   // From the root down, each with a closing backslash.
-  std::vector<std::pair<std::string, platform::Handle>> held_;
+  std::vector<std::pair<std::string, Handle>> held_;
 };
 
-}  // namespace finder
+// Whether one of the folders above the last name of `path` is a link to another place. GetFileAttributesA.
+bool hasLinkAbove(std::string_view path);
+
+}  // namespace platform

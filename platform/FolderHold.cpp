@@ -1,9 +1,9 @@
-#include "finder/folder_hold.h"
+#include "platform/FolderHold.h"
 
 #include "platform/Paths.h"
 #include "platform/Platform.h"
 
-namespace finder {
+namespace platform {
 
 FolderHold::FolderHold(std::string root, bool rootMayBeLink) : root_(std::move(root)), rootMayBeLink_(rootMayBeLink) {
   if (!root_.ends_with('\\')) root_ += '\\';
@@ -26,8 +26,8 @@ bool FolderHold::holdAbove(const std::string& path) {
 }
 
 bool FolderHold::push(std::string folder, bool mayBeLink) {
-  const platform::Result<platform::Handle> held =
-      platform::machine().files().holdFolder(platform::withoutClosingBackslash(folder), mayBeLink);
+  const Result<Handle> held =
+      machine().files().holdFolder(withoutClosingBackslash(folder), mayBeLink);
   if (!held) return false;
   held_.emplace_back(std::move(folder), *held);
   return true;
@@ -35,9 +35,19 @@ bool FolderHold::push(std::string folder, bool mayBeLink) {
 
 void FolderHold::releaseDownTo(std::size_t count) {
   while (held_.size() > count) {
-    platform::machine().files().releaseFolder(held_.back().second);
+    machine().files().releaseFolder(held_.back().second);
     held_.pop_back();
   }
 }
 
-}  // namespace finder
+bool hasLinkAbove(std::string_view path) {
+  FileSystem& files = machine().files();
+  for (std::size_t end = path.find('\\', rootLength(path)); end != std::string_view::npos;
+       end = path.find('\\', end + 1)) {
+    const std::uint32_t attributes = files.getFileAttributes(std::string(path.substr(0, end)));
+    if (attributes != kInvalidAttributes && (attributes & kReparsePoint) != 0) return true;
+  }
+  return false;
+}
+
+}  // namespace platform
