@@ -25,8 +25,8 @@ bool isInUse(const std::string& path);
 bool isGone(const std::string& path);
 
 // Looks at the path right before a deletion. Deletable: a file, or a link to one, which goes without its target.
-// Overwritable: a file that is no link. Folders and devices are neither, nor is a file whose name differs in case: a disk
-// that distinguishes case may hold both. FindFirstFileA.
+// Overwritable: a file that is no link. Folders and devices are neither, nor is a file whose name differs in case: a
+// disk that distinguishes case may hold both. FindFirstFileA.
 bool isDeletable(const std::string& path);
 bool isOverwritable(const std::string& path);
 
@@ -50,9 +50,9 @@ struct DeletionQuestions {
 platform::Result<Deletion> deleteThroughShell(const std::string& path, std::int32_t flags,
                                               const DeletionQuestions& questions);
 
-// Overwrites the first 200 bytes of the file in place and removes it. Files that are read-only, or read-only, hidden and
-// archive, files in use, links, folders and devices are left without a failure. A file that cannot be opened for writing
-// is not removed.
+// Overwrites the first 200 bytes of the file in place and removes it. Files that are read-only, or read-only, hidden
+// and archive, files in use, links, folders and devices are left without a failure. A file that cannot be opened for
+// writing is not removed.
 platform::Result<Deletion> wipe(const std::string& path);
 
 }  // namespace finder

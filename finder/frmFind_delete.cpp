@@ -85,8 +85,8 @@ void frmFind::wipeTickedRows() {
   messageBox("All files that are not locked have been shredded.", platform::kBoxInformation, "Files Shredded");
 }
 
-// The first file, whose failure is ignored, then the others from the last row to the first. Returns false when a failure
-// has ended the loop. Files that are not found are passed over.
+// The first file, whose failure is ignored, then the others from the last row to the first. Returns false when a
+// failure has ended the loop. Files that are not found are passed over.
 bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
   platform::FolderHold hold(junkRoot_, true);
   std::vector<std::size_t> gone;

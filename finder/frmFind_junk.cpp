@@ -127,8 +127,7 @@ std::int64_t frmFind::FindFilesAPI(std::string& path, const finder::ScanPatterns
   finder::SizeText size;
   const auto list = [&](const finder::FoundFile& file) {
     // A file whose length cannot be read is listed with the length of its folder entry.
-    lastLen =
-        platform::machine().files().fileLength(file.path).value_or(static_cast<std::int32_t>(file.record.sizeLow));
+    lastLen = static_cast<std::int32_t>(platform::machine().files().fileSize(file.path).value_or(file.record.sizeLow));
     // The key holds path and size, and rows hold the path only, so it almost never matches: two types that both match
     // list a file twice.
     if (ListView1.containsKey(rowKey(file.path + std::to_string(size.number())))) return;

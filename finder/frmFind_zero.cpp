@@ -102,7 +102,8 @@ void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int3
                              .onFile =
                                  [&](const finder::FoundFile& file) {
                                    ++FileCount;
-                                   if (isEmptyFile(file.path) && !finder::isKeptEmpty(file.name)) ListView2.add(file.path);
+                                   if (isEmptyFile(file.path) && !finder::isKeptEmpty(file.name))
+                                     ListView2.add(file.path);
                                  },
                              .onFolderDone =
                                  [this](const std::string& progress) {

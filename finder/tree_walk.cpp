@@ -4,6 +4,7 @@
 
 #include "finder/modFind.h"
 #include "platform/Conversions.h"
+#include "platform/Enumeration.h"
 #include "platform/Paths.h"
 #include "platform/Platform.h"
 
@@ -11,31 +12,6 @@ namespace finder {
 namespace {
 
 constexpr std::uint32_t kHiddenAndSystem = platform::kHidden | platform::kSystem;
-
-bool neverStops() { return false; }
-void doNothing() {}
-
-// Calls `visit(name, record)` for each entry that matches `pattern`, except "." and "..", and `afterEntry()` after each
-// step of the enumeration. `stops()` is asked before each entry. Returns false when it has stopped the enumeration. A
-// folder that cannot be read has no entries.
-template <typename Visit, typename Stops, typename AfterEntry>
-bool forEachEntry(const std::string& pattern, Visit visit, Stops stops, AfterEntry afterEntry) {
-  platform::FileSystem& files = platform::machine().files();
-  platform::FindRecord record;
-  const platform::Handle enumeration = files.findFirstFile(pattern, record);
-  if (enumeration == platform::kInvalidHandle) return true;
-  bool stopped = false;
-  for (bool more = true; more;) {
-    stopped = stops();
-    if (stopped) break;
-    const std::string name = TrimAtNul({record.name.data(), record.name.size()});
-    if (!platform::isDotEntry(name)) visit(name, record);
-    more = files.findNextFile(enumeration, record);
-    afterEntry();
-  }
-  files.findClose(enumeration);
-  return !stopped;
-}
 
 // A pattern with a separator would search another folder.
 bool isSearchable(const std::string& pattern) {
@@ -73,29 +49,37 @@ class Walker {
   // The names of the subfolders that the walk enters; nothing when it has been stopped.
   std::optional<std::vector<std::string>> subfoldersToEnter(const std::string& folder) {
     std::vector<std::string> names;
-    const auto visit = [&](const std::string& name, const platform::FindRecord&) {
-      const std::uint32_t attributes = platform::machine().files().getFileAttributes(folder + name);
-      if (!platform::isOwnFolder(attributes)) return;
-      if (!walk_.entersHiddenSystemFolders && (attributes & kHiddenAndSystem) == kHiddenAndSystem) return;
+    const auto visit = [&](const std::string& entry, const platform::FindRecord&) {
+      if (stops(StopTest::kBeforeEachFolderEntry)) return false;
+      const std::string name = TrimAtNul(entry);
+      if (platform::isDotEntry(name) || !isEntered(folder + name)) return true;
       names.push_back(name);
       ++dirCount_;
       if (walk_.onSubfolder) walk_.onSubfolder(folder + name);
+      return true;
     };
-    const auto stopped = [this] { return stops(StopTest::kBeforeEachFolderEntry); };
-    if (!forEachEntry(folder + "*", visit, stopped, processPendingMessages)) return std::nullopt;
+    if (!forEachEntry(platform::machine().files(), folder + "*", visit, processPendingMessages)) return std::nullopt;
     return names;
   }
 
+  bool isEntered(const std::string& folder) const {
+    const std::uint32_t attributes = platform::machine().files().getFileAttributes(folder);
+    if (!platform::isOwnFolder(attributes)) return false;
+    return walk_.entersHiddenSystemFolders || (attributes & kHiddenAndSystem) != kHiddenAndSystem;
+  }
+
   void visitFiles(const std::string& folder, const std::string& pattern, std::string& lastFile) {
-    const auto visit = [&](const std::string& name, const platform::FindRecord& record) {
+    const auto visit = [&](const std::string& entry, const platform::FindRecord& record) {
+      const std::string name = TrimAtNul(entry);
       const std::string file = folder + name;
       // The attributes answer where the file-system object cannot be created.
-      if (platform::isDirectory(record.attributes) || isFolder(file)) return;
+      if (platform::isDotEntry(name) || platform::isDirectory(record.attributes) || isFolder(file)) return true;
       lastFile = name;
       total_ += countedSize(record);
       walk_.onFile({file, name, record});
+      return true;
     };
-    forEachEntry(folder + pattern, visit, neverStops, doNothing);
+    forEachEntry(platform::machine().files(), folder + pattern, visit);
   }
 
   const TreeWalk& walk_;
@@ -116,12 +100,13 @@ std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const TreeWalk&
 
 std::vector<std::string> subfoldersOf(const std::string& folder) {
   std::vector<std::string> paths;
-  const auto visit = [&](const std::string& name, const platform::FindRecord&) {
-    if (platform::isOwnFolder(platform::machine().files().getFileAttributes(folder + name))) {
-      paths.push_back(folder + name);
-    }
-  };
-  forEachEntry(folder + "*", visit, neverStops, doNothing);
+  platform::FileSystem& files = platform::machine().files();
+  forEachEntry(files, folder + "*", [&](const std::string& entry, const platform::FindRecord&) {
+    const std::string name = TrimAtNul(entry);
+    const bool isDot = platform::isDotEntry(name);
+    if (!isDot && platform::isOwnFolder(files.getFileAttributes(folder + name))) paths.push_back(folder + name);
+    return true;
+  });
   return paths;
 }
 

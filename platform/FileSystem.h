@@ -119,9 +119,9 @@ class FileSystem {
   // Closes the file number; a number that is not open is no failure. CloseHandle.
   virtual void closeFile(int number) = 0;
 
-  // Opens a folder so that it can be neither renamed nor deleted, nor replaced by a link, until releaseFolder. Fails when
-  // it is no folder, or a link to one unless `mayBeLink`. Where folders cannot be opened (the Windows 95 family, which
-  // has no links), only looks at it and returns kInvalidHandle. CreateFileA with FILE_FLAG_BACKUP_SEMANTICS.
+  // Opens a folder so that it can be neither renamed nor deleted, nor replaced by a link, until releaseFolder. Fails
+  // when it is no folder, or a link to one unless `mayBeLink`. Where folders cannot be opened (the Windows 95 family,
+  // which has no links), only looks at it and returns kInvalidHandle. CreateFileA with FILE_FLAG_BACKUP_SEMANTICS.
   virtual Result<Handle> holdFolder(const std::string& folder, bool mayBeLink) = 0;
   virtual void releaseFolder(Handle held) = 0;
 

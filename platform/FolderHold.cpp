@@ -26,8 +26,7 @@ bool FolderHold::holdAbove(const std::string& path) {
 }
 
 bool FolderHold::push(std::string folder, bool mayBeLink) {
-  const Result<Handle> held =
-      machine().files().holdFolder(withoutClosingBackslash(folder), mayBeLink);
+  const Result<Handle> held = machine().files().holdFolder(withoutClosingBackslash(folder), mayBeLink);
   if (!held) return false;
   held_.emplace_back(std::move(folder), *held);
   return true;

@@ -1,5 +1,5 @@
-// Keeps the folders above a file in place while the file is deleted: a folder that everyone may write to could otherwise
-// be replaced by a link to another place between the look at the file and its deletion.
+// Keeps the folders above a file in place while the file is deleted: a folder that everyone may write to could
+// otherwise be replaced by a link to another place between the look at the file and its deletion.
 #pragma once
 
 #include <string>

@@ -16,9 +16,7 @@ bool equalsWithoutCase(std::string_view text, std::string_view lowerCase) {
   return std::ranges::equal(text, lowerCase, {}, lowerLetter);
 }
 
-bool hasMeaningInPaths(char byte) {
-  return static_cast<unsigned char>(byte) < ' ' || kMeaningInPaths.contains(byte);
-}
+bool hasMeaningInPaths(char byte) { return static_cast<unsigned char>(byte) < ' ' || kMeaningInPaths.contains(byte); }
 
 // A device has any extension, and blanks before it.
 bool isDevice(std::string_view name) {

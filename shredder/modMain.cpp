@@ -59,8 +59,8 @@ void fillFromKeystream(char* out, std::size_t count) {
 // A pass over at most this many bytes is one write of one buffer; a longer one goes out in blocks of this size.
 constexpr std::uint64_t kLongestWrite = std::uint64_t{64} << 20;
 
-// Makes `bytes` `count` bytes long, filled by `fill(bytes, count)`, and reuses the memory that it has. Returns false when
-// there is not enough memory; `bytes` is then unchanged.
+// Makes `bytes` `count` bytes long, filled by `fill(bytes, count)`, and reuses the memory that it has. Returns false
+// when there is not enough memory; `bytes` is then unchanged.
 template <typename Fill>
 bool replaceBytes(std::string& bytes, std::size_t count, Fill fill) {
   try {
@@ -124,8 +124,7 @@ std::string keystreamKey() {
 void writeFixedPasses(const std::string& path, std::uint64_t length, std::int16_t rounds) {
   std::string zeros;
   std::string ones;
-  const bool oneWrite =
-      fitsOneWrite(zeros, length, repeated(kZeros)) && fitsOneWrite(ones, length, repeated(kOnes));
+  const bool oneWrite = fitsOneWrite(zeros, length, repeated(kZeros)) && fitsOneWrite(ones, length, repeated(kOnes));
   for (std::int16_t round = 0; round < rounds; ++round) {
     if (oneWrite) {
       WritePass(path, zeros);

@@ -34,8 +34,8 @@ using ShredProgress = std::function<void(std::int16_t percent)>;
 // Shreds the file at `path`: `rounds` times zeros and ones over its length, `rounds` times random bytes over its length
 // and one byte more, `rounds` new names, and deletion. After each random pass calls `progress` and processes pending
 // messages. A pass is one write up to 64 MiB and goes out in blocks of 64 MiB above that. Folders, links and devices
-// are left alone. Every failing step is skipped without a report: a file that cannot be written keeps its contents and may
-// still be renamed; one that cannot be renamed keeps its path. The new names are relative, so the file moves to the
+// are left alone. Every failing step is skipped without a report: a file that cannot be written keeps its contents and
+// may still be renamed; one that cannot be renamed keeps its path. The new names are relative, so the file moves to the
 // current folder, and keeps its path when that is on another drive.
 void ShredFile(const std::string& path, std::int16_t rounds, const ShredProgress& progress);
 

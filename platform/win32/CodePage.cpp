@@ -23,6 +23,12 @@ std::optional<std::string> exactText(std::wstring_view wide) {
   return wideText(text) == wide ? std::optional(text) : std::nullopt;
 }
 
+std::string reachablePath(const std::wstring& path) {
+  if (const std::optional<std::string> exact = exactText(path)) return *exact;
+  const auto shortForm = [&path](DWORD size, wchar_t* out) { return GetShortPathNameW(path.c_str(), out, size); };
+  return exactText(pathFrom<wchar_t>(shortForm)).value_or("");
+}
+
 std::string upperCaseOf(std::string_view text) {
   if (hasWideCalls()) {
     // In the UTF-8 code page, upper case can change the number of bytes, which the narrow call cannot do.

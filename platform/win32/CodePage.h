@@ -1,6 +1,7 @@
 // Conversion between text in the ANSI code page, which the whole program uses, and UTF-16.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,21 @@ bool hasWideCalls();
 // character by a similar one ("a" for an "a" with an ogonek, a backslash for a full-width one), so that the text would
 // be the path of another file. WideCharToMultiByte.
 std::optional<std::string> exactText(std::wstring_view wide);
+
+// `path` in the code page, or its short form when the code page lacks one of its characters; empty when it lacks one of
+// that too. GetShortPathNameW.
+std::string reachablePath(const std::wstring& path);
+
+// The path that `call(size, buffer)` stores in a buffer of `size` characters; empty when it fails, or has no room.
+template <typename Character, typename Call>
+std::basic_string<Character> pathFrom(Call call) {
+  // MAX_PATH, and what the UTF-8 code page needs for as many characters.
+  constexpr std::uint32_t kSize = 260 * 3 + 1;
+  std::basic_string<Character> path(kSize, Character{});
+  const std::uint32_t length = call(kSize, path.data());
+  path.resize(length < kSize ? length : 0);
+  return path;
+}
 
 // `text` in upper case by the rules of the code page. CharUpperBuffW, CharUpperBuffA.
 std::string upperCaseOf(std::string_view text);

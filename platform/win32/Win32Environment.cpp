@@ -7,36 +7,12 @@
 #include "platform/win32/CodePage.h"
 
 namespace platform::win32 {
-namespace {
-
-// The text that a call stores in a buffer of MAX_PATH characters; empty on failure.
-template <typename Character, typename Call>
-std::basic_string<Character> filled(Call call) {
-  std::array<Character, MAX_PATH + 1> buffer{};
-  call(buffer.data(), MAX_PATH);
-  return buffer.data();
-}
-
-// `path` in the code page, or its short form when the code page lacks one of its characters; empty when that lacks one
-// too. GetShortPathNameW.
-std::string reachablePath(const std::wstring& path) {
-  if (const std::optional<std::string> exact = exactText(path)) return *exact;
-  const std::wstring shortPath =
-      filled<wchar_t>([&path](wchar_t* out, DWORD size) { return GetShortPathNameW(path.c_str(), out, size); });
-  return exactText(shortPath).value_or("");
-}
-
-}  // namespace
-
 std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
 
 std::string Win32Environment::programFolder() {
-  const std::string path = hasWideCalls() ? reachablePath(filled<wchar_t>([](wchar_t* out, DWORD size) {
-    return GetModuleFileNameW(nullptr, out, size);
-  }))
-                                          : filled<char>([](char* out, DWORD size) {
-                                              return GetModuleFileNameA(nullptr, out, size);
-                                            });
+  const auto narrow = [](DWORD size, char* out) { return GetModuleFileNameA(nullptr, out, size); };
+  const auto wide = [](DWORD size, wchar_t* out) { return GetModuleFileNameW(nullptr, out, size); };
+  const std::string path = hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
   const std::size_t end = path.rfind('\\');
   if (end == std::string::npos) return path;
   const bool isRoot = end > 0 && path[end - 1] == ':';
@@ -44,8 +20,9 @@ std::string Win32Environment::programFolder() {
 }
 
 std::string Win32Environment::windowsFolder() {
-  if (!hasWideCalls()) return filled<char>(GetWindowsDirectoryA);
-  return reachablePath(filled<wchar_t>(GetWindowsDirectoryW));
+  const auto narrow = [](DWORD size, char* out) { return GetWindowsDirectoryA(out, size); };
+  const auto wide = [](DWORD size, wchar_t* out) { return GetWindowsDirectoryW(out, size); };
+  return hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
 }
 
 std::string Win32Environment::getEnvironmentVariable(const std::string& name) {

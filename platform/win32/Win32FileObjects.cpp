@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Enumeration.h"
+#include "platform/FolderHold.h"
 #include "platform/Paths.h"
 #include "platform/win32/DispatchObject.h"
 #include "platform/win32/Win32FileSystem.h"
@@ -45,12 +47,10 @@ bool isRoot(const std::string& folder) { return fullPath(folder) == fullPath(fol
 std::vector<std::string> namesIn(const std::string& folder) {
   std::vector<std::string> names;
   Win32FileSystem files;
-  FindRecord record;
-  const Handle enumeration = files.findFirstFile(folder + "\\*", record);
-  for (bool more = enumeration != kInvalidHandle; more; more = files.findNextFile(enumeration, record)) {
-    if (!isDotEntry(record.name.data())) names.emplace_back(record.name.data());
-  }
-  if (enumeration != kInvalidHandle) files.findClose(enumeration);
+  forEachEntry(files, folder + "\\*", [&names](const std::string& name, const FindRecord&) {
+    if (!isDotEntry(name)) names.push_back(name);
+    return true;
+  });
   return names;
 }
 
@@ -127,13 +127,21 @@ Result<void> Win32FileObjects::deleteTree(const std::string& folder, bool force)
   if (!isOwnFolder(attributes)) {
     return opensAsLink(folder) ? removeEntry(folder, attributes) : failure(kPermissionDenied);
   }
+  if (const Result<void> emptied = emptyFolder(folder, force); !emptied) return emptied;
+  return removeEntry(folder, attributes);
+}
+
+// The folder is held meanwhile, so that it cannot be replaced by a link to another place.
+Result<void> Win32FileObjects::emptyFolder(const std::string& folder, bool force) {
+  FolderHold hold(folder);
+  if (!hold.holdAbove(folder + "\\*")) return failure(kPermissionDenied);
   for (const std::string& name : namesIn(folder)) {
     const std::string path = folder + '\\' + name;
     const bool isFolder = isDirectory(GetFileAttributesA(path.c_str()));
     const Result<void> deleted = isFolder ? deleteTree(path, force) : deleteFile(path, force);
     if (!deleted) return failure(kPermissionDenied);
   }
-  return removeEntry(folder, attributes);
+  return {};
 }
 
 Result<DispatchObject*> Win32FileObjects::object() {

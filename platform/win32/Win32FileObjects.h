@@ -27,6 +27,8 @@ class Win32FileObjects final : public FileObjects {
   Result<DispatchObject*> object();
   // Deletes a folder that is not a root, or a link to a folder.
   Result<void> deleteTree(const std::string& folder, bool force);
+  // Deletes everything in a folder that is no link.
+  Result<void> emptyFolder(const std::string& folder, bool force);
 
   std::unique_ptr<DispatchObject> object_;
 };

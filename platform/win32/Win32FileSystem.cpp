@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/Enumeration.h"
 #include "platform/Names.h"
 #include "platform/Paths.h"
 #include "platform/win32/CodePage.h"
@@ -167,13 +168,9 @@ Result<std::uint64_t> Win32FileSystem::fileSize(const std::string& path) {
 
 bool Win32FileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
   const std::uint32_t unwanted = (kReadOnly | kHidden | kSystem | kDirectory) & ~mask;
-  FindRecord record;
-  const Handle enumeration = findFirstFile(pattern, record);
-  if (enumeration == kInvalidHandle) return false;
-  bool matches = (record.attributes & unwanted) == 0;
-  while (!matches && findNextFile(enumeration, record)) matches = (record.attributes & unwanted) == 0;
-  findClose(enumeration);
-  return matches;
+  return !forEachEntry(*this, pattern, [unwanted](const std::string&, const FindRecord& record) {
+    return (record.attributes & unwanted) != 0;
+  });
 }
 
 Handle Win32FileSystem::createFile(const std::string& path, const OpenRequest& request) {
@@ -264,10 +261,9 @@ void Win32FileSystem::releaseFolder(Handle held) {
 bool Win32FileSystem::flushFileBuffers(Handle handle) { return FlushFileBuffers(native(handle)) != FALSE; }
 
 Result<std::string> Win32FileSystem::getFullPathName(const std::string& path) {
-  std::array<char, MAX_PATH + 1> full{};
-  const DWORD length = GetFullPathNameA(path.c_str(), full.size(), full.data(), nullptr);
-  if (length == 0 || length >= full.size()) return failure(kPathNotFound);
-  return std::string(full.data());
+  const std::string full =
+      pathFrom<char>([&path](DWORD size, char* out) { return GetFullPathNameA(path.c_str(), size, out, nullptr); });
+  return full.empty() ? failure(kPathNotFound) : Result<std::string>(full);
 }
 
 Result<void> Win32FileSystem::moveFile(const std::string& from, const std::string& to) {
@@ -288,19 +284,20 @@ std::vector<Drive> Win32FileSystem::drives() {
 }
 
 std::string Win32FileSystem::currentFolder() {
-  std::array<char, MAX_PATH + 1> folder{};
-  GetCurrentDirectoryA(folder.size(), folder.data());
-  return folder.data();
+  if (hasWideCalls()) return reachablePath(pathFrom<wchar_t>(GetCurrentDirectoryW));
+  return pathFrom<char>(GetCurrentDirectoryA);
 }
 
 Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
   const std::string drive = upperCaseOf({&letter, 1}) + ":";
   if (!isReady(drive[0])) return failure(kDeviceUnavailable);
-  std::array<char, MAX_PATH + 1> folder{};
-  const DWORD length = GetFullPathNameA(drive.c_str(), folder.size(), folder.data(), nullptr);
-  if (length == 0 || length >= folder.size()) return rootOf(drive[0]);
-  // Wine adds a trailing backslash.
-  return withoutClosingBackslash(folder.data());
+  const std::wstring wideDrive = wideText(drive);
+  const auto narrow = [&](DWORD size, char* out) { return GetFullPathNameA(drive.c_str(), size, out, nullptr); };
+  const auto wide = [&](DWORD size, wchar_t* out) { return GetFullPathNameW(wideDrive.c_str(), size, out, nullptr); };
+  const std::string folder = hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
+  if (folder.empty()) return rootOf(drive[0]);
+  // Wine's GetFullPathName keeps the trailing backslash.
+  return withoutClosingBackslash(folder);
 }
 
 Result<std::vector<std::string>> Win32FileSystem::subfolders(const std::string& folder) {
@@ -316,13 +313,12 @@ Result<std::vector<std::string>> Win32FileSystem::shownNames(const std::string& 
   if (!isDirectory(getFileAttributes(folder))) return failure(kPathNotFound);
   const std::uint32_t shown = folders ? kDirectory : 0;
   std::vector<std::string> names;
-  FindRecord record;
-  const Handle enumeration = findFirstFile(folder + (folder.ends_with('\\') ? "*.*" : "\\*.*"), record);
-  for (bool more = enumeration != kInvalidHandle; more; more = findNextFile(enumeration, record)) {
+  const std::string pattern = folder + (folder.ends_with('\\') ? "*.*" : "\\*.*");
+  forEachEntry(*this, pattern, [&](const std::string& name, const FindRecord& record) {
     const bool isShown = (record.attributes & (kDirectory | kHidden | kSystem)) == shown;
-    if (isShown && !isDotEntry(record.name.data())) names.emplace_back(record.name.data());
-  }
-  if (enumeration != kInvalidHandle) findClose(enumeration);
+    if (isShown && !isDotEntry(name)) names.push_back(name);
+    return true;
+  });
   std::ranges::sort(names, {}, upperCaseOf);
   return names;
 }

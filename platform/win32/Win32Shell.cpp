@@ -48,8 +48,8 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   const std::string program = std::string(system.data()) + '\\' + commandLine.substr(0, commandLine.find(' ')) + ".exe";
   // CreateProcessA may write to the command line.
   std::string writable = commandLine;
-  if (CreateProcessA(program.c_str(), writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
-      FALSE) {
+  if (CreateProcessA(program.c_str(), writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                     &process) == FALSE) {
     return failure(kFileNotFound);
   }
   CloseHandle(process.hThread);

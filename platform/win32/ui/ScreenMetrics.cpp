@@ -38,8 +38,6 @@ int ScreenMetrics::pixelsX(int dialogUnits) const { return MulDiv(dialogUnits, b
 
 int ScreenMetrics::pixelsY(int dialogUnits) const { return MulDiv(dialogUnits, baseHeight_, 8); }
 
-int ScreenMetrics::textWidth(const std::string& text) const {
-  return textExtent(screen_, text);
-}
+int ScreenMetrics::textWidth(const std::string& text) const { return textExtent(screen_, text); }
 
 }  // namespace platform::win32

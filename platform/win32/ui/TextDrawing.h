@@ -1,5 +1,5 @@
-// Texts in the ANSI code page, measured and drawn by the wide calls where they work: GDI's narrow calls do not draw every
-// character of the UTF-8 code page.
+// Texts in the ANSI code page, measured and drawn by the wide calls where they work: GDI's narrow calls do not draw
+// every character of the UTF-8 code page.
 #pragma once
 
 #include <windows.h>

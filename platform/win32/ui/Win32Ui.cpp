@@ -44,7 +44,7 @@ Answer answerWhenNotShown(std::uint32_t style) {
 struct WideDialog {
   using Character = wchar_t;
   using Record = OPENFILENAMEW;
-  static constexpr DWORD kRecordSize = OPENFILENAME_SIZE_VERSION_400W;
+  static DWORD recordSize() { return OPENFILENAME_SIZE_VERSION_400W; }
   static std::wstring text(const std::string& text) { return wideText(text); }
   static std::optional<std::string> path(const wchar_t* path) { return exactText(path); }
   static bool show(Record& record) { return GetOpenFileNameW(&record) != FALSE; }
@@ -55,7 +55,7 @@ struct WideDialog {
 struct NarrowDialog {
   using Character = char;
   using Record = OPENFILENAMEA;
-  static constexpr DWORD kRecordSize = OPENFILENAME_SIZE_VERSION_400A;
+  static DWORD recordSize() { return OPENFILENAME_SIZE_VERSION_400A; }
   static const std::string& text(const std::string& text) { return text; }
   static std::optional<std::string> path(const char* path) { return path; }
   static bool show(Record& record) { return GetOpenFileNameA(&record) != FALSE; }
@@ -74,7 +74,7 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   Path path{};
   typename Dialog::Record dialog = {};
   // Windows 95 and NT 4 reject the longer structure of later systems.
-  dialog.lStructSize = Dialog::kRecordSize;
+  dialog.lStructSize = Dialog::recordSize();
   dialog.hwndOwner = owner;
   dialog.lpstrFilter = filter.c_str();
   dialog.lpstrFile = path.data();
