@@ -52,26 +52,17 @@ std::string speakable(const char* name) {
 // Blanks and dots at the end are cut from every path.
 bool isCutLater(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
 
-FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
-
 // Stores the entry under a name that reaches it, its own or the short one; false when neither does.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
-  const std::string alias = speakable(found.cAlternateFileName);
-  const std::string longName = speakable(found.cFileName);
-  const std::string& name = longName.empty() ? alias : longName;
-  const bool fits = name.size() < record.name.size() && alias.size() < record.alternateName.size();
-  if (name.empty() || !fits || isCutLater(name)) {
+  std::string name = speakable(found.cFileName);
+  if (name.empty()) name = speakable(found.cAlternateFileName);
+  if (name.empty() || name.size() >= record.name.size() || isCutLater(name)) {
     return false;
   }
-  record = FindRecord{.attributes = found.dwFileAttributes,
-                      .created = fileTime(found.ftCreationTime),
-                      .accessed = fileTime(found.ftLastAccessTime),
-                      .written = fileTime(found.ftLastWriteTime),
-                      .sizeHigh = found.nFileSizeHigh,
-                      .sizeLow = found.nFileSizeLow};
+  record =
+      FindRecord{.attributes = found.dwFileAttributes, .sizeHigh = found.nFileSizeHigh, .sizeLow = found.nFileSizeLow};
   std::ranges::copy(name, record.name.begin());
-  std::ranges::copy(alias, record.alternateName.begin());
   return true;
 }
 
@@ -169,10 +160,6 @@ bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
 bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
 
 std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
-
-bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
-  return SetFileAttributesA(path.c_str(), attributes) != FALSE;
-}
 
 Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
   const std::optional<std::uint32_t> length = lengthByHandle(path);
