@@ -52,25 +52,16 @@ std::string codePageName(const char* name) {
 // The system removes trailing spaces and dots from a path, so that it would be the path of another file.
 bool losesItsEnd(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
 
-FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
-
 // Stores the entry under its long name, or under the short one when the code page lacks the long one; false when later
 // calls could not find it under either.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
-  const std::string alias = codePageName(found.cAlternateFileName);
-  const std::string longName = codePageName(found.cFileName);
-  const std::string& name = longName.empty() ? alias : longName;
-  const bool fits = name.size() < record.name.size() && alias.size() < record.alternateName.size();
-  if (name.empty() || !fits || losesItsEnd(name)) return false;
-  record = FindRecord{.attributes = found.dwFileAttributes,
-                      .created = fileTime(found.ftCreationTime),
-                      .accessed = fileTime(found.ftLastAccessTime),
-                      .written = fileTime(found.ftLastWriteTime),
-                      .sizeHigh = found.nFileSizeHigh,
-                      .sizeLow = found.nFileSizeLow};
+  std::string name = codePageName(found.cFileName);
+  if (name.empty()) name = codePageName(found.cAlternateFileName);
+  if (name.empty() || name.size() >= record.name.size() || losesItsEnd(name)) return false;
+  record =
+      FindRecord{.attributes = found.dwFileAttributes, .sizeHigh = found.nFileSizeHigh, .sizeLow = found.nFileSizeLow};
   std::ranges::copy(name, record.name.begin());
-  std::ranges::copy(alias, record.alternateName.begin());
   return true;
 }
 
@@ -158,10 +149,6 @@ bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
 bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
 
 std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
-
-bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
-  return SetFileAttributesA(path.c_str(), attributes) != FALSE;
-}
 
 Result<std::int32_t> Win32FileSystem::fileLength(const std::string& path) {
   const std::optional<std::uint32_t> length = lengthByHandle(path);

@@ -49,16 +49,6 @@ TEST_F(Enumeration, MatchesPatternsAsDosDid) {
   EXPECT_THAT(find(at("a*")), UnorderedElementsAre("a.bak", "a.bak.txt"));
 }
 
-TEST_F(Enumeration, MatchesTheShortAliasToo) {
-  if (!testMachine().hasShortNames()) GTEST_SKIP() << "the volume makes no short names";
-  makeFile("report.bakery");
-  makeFile("report.txt");
-  EXPECT_THAT(find(at("*.bak")), ElementsAre("report.bakery"));
-  const std::string alias = recordOf(at("report.bakery")).alternateName.data();
-  EXPECT_TRUE(platform::kInvalidAttributes != files().getFileAttributes(at(alias))) << alias;
-  EXPECT_STREQ(recordOf(at("report.txt")).alternateName.data(), "");
-}
-
 TEST_F(Enumeration, RecordsTellKindAttributesAndSize) {
   makeFolder("folder");
   testMachine().setAttributes(makeFile("seven.txt", "1234567"), platform::kHidden | platform::kReadOnly);

@@ -28,18 +28,6 @@ TEST_F(Attributes, AndLengthOfWhatIsNotThereAreInvalid) {
   }
 }
 
-TEST_F(Attributes, CanBeSetAndTakenAway) {
-  const std::string file = makeFile("file.txt");
-  makeFolder("folder");
-  EXPECT_TRUE(files().setFileAttributes(file, platform::kReadOnly | platform::kHidden));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(file)), platform::kReadOnly | platform::kHidden);
-  EXPECT_TRUE(files().setFileAttributes(file, platform::kNormal));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(file)) & ~platform::kNormal, 0u);
-  EXPECT_TRUE(files().setFileAttributes(at("folder"), platform::kHidden));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(at("folder"))), platform::kDirectory | platform::kHidden);
-  EXPECT_FALSE(files().setFileAttributes(at("missing"), platform::kHidden));
-}
-
 TEST_F(Attributes, AndLengthOfALockedFileCanBeAsked) {
   const std::string file = makeFile("locked.txt", "12345");
   testMachine().lock(file);

@@ -49,6 +49,7 @@ TEST_F(JunkScan, FoldersThatAreNotSearched) {
 TEST_F(JunkScan, PatternsOfSpecialTypesAndOwnExtensions) {
   addFiles("C:\\T", {"Thumbs.db", "other.db", "mscreate.dir", "x.dir", "myTwain1.mtx", "other.mtx", "~saved.txt",
                      "photo.gif", "photo. jpg", "~twice.001", "long name.gifted", "sub.txt"});
+  machine.disk().setShortName("C:\\T\\long name.gifted", "LONGNA~1.GIF");
   form.CustomExtensions = {"gif", "  ", " jpg", "..\\x", "001"};
   scan({kTypeTilde, kTypeDir, kTypeMtx, kTypeDb}, "C:\\T");
   EXPECT_EQ(paths(), (Paths{"C:\\T\\~saved.txt", "C:\\T\\~twice.001", "C:\\T\\mscreate.dir", "C:\\T\\myTwain1.mtx",
