@@ -1,5 +1,4 @@
-// The console window: what can be used at the start, the layout at three sizes, the keyboard, and a start on an old
-// Windows.
+// The console window: the layout at three sizes, the keyboard, and a start on an old Windows.
 #include <algorithm>
 
 #include "tests/desktop/ConsoleTest.h"
@@ -58,14 +57,8 @@ void expectSoundLayout(const Window& window) {
   }
 }
 
-TEST_F(ConsoleTest, OpensReadyAndCanBeReadAtAnySize) {
+TEST_F(ConsoleTest, CanBeReadAtAnySize) {
   const Window window = console();
-  std::string disabled;
-  for (const Control& control : window.controls()) {
-    if (!control.enabled()) disabled += control.text() + ", ";
-  }
-  EXPECT_EQ(disabled,
-            "Select All, Invert, Delete Files, Delete to Recycle Bin, Shred Files?, Select All, Invert, Clean, ");
   EXPECT_EQ(window.all(Kind::kDriveList).at(0).text().substr(0, 2), "c:");
 
   ASSERT_GE(GetSystemMetrics(SM_CXSCREEN), 1600) << "a window cannot grow beyond its screen: see SCRUBHAVEN_SCREEN";

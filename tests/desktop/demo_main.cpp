@@ -42,7 +42,7 @@ class Demonstration : Program {
 
     const std::string readOnly = sample("Read only\\keep me.bak");
     say("3. A read-only file is ticked; the program asks, and the answer is No.");
-    deleteTicked({readOnly}, {"Delete File", readOnly + "\r\nis a read only file - OK to delete?", "No"});
+    deleteTicked({readOnly}, "", {"Delete File", readOnly + "\r\nis a read only file - OK to delete?", "No"});
     waitForConsole();
     expect(exists(readOnly), readOnly + " is still there");
     junk().flip(readOnly);
@@ -53,13 +53,11 @@ class Demonstration : Program {
     expect(recycledItems() == before + 3, "3 more items are in the Recycle Bin");
 
     say("5. \"Delete to Recycle Bin\" is unticked, and rows are deleted for good.");
-    console().checkBox("Delete to Recycle Bin").flip();
-    deleteAll({sample("Setup\\setup1.tmp"), sample("Setup\\setup2.tmp")});
+    deleteAll({sample("Setup\\setup1.tmp"), sample("Setup\\setup2.tmp")}, "Delete to Recycle Bin");
     expect(recycledItems() == before + 3, "no more items are in the Recycle Bin");
 
     say("6. \"Shred Files?\" is ticked, and rows are wiped.");
-    console().checkBox("Shred Files?").flip();
-    deleteAll({sample("Documents\\letter to the bank.wbk"), sample("Tools\\customers.db$")},
+    deleteAll({sample("Documents\\letter to the bank.wbk"), sample("Tools\\customers.db$")}, "Shred Files?",
               {"Files Shredded", "All files that are not locked have been shredded."});
     expect(std::ranges::all_of(junk().texts(), exists), "every other listed file is still there");
     takeScreenshot("3-done");
@@ -72,14 +70,16 @@ class Demonstration : Program {
  private:
   bool isListed(const std::string& file) { return std::ranges::count(junk().texts(), file) > 0; }
 
-  void deleteTicked(const Texts& files, const Answer& last) {
+  // `choice` is the box to flip before, if any; `last` the message box that must follow the confirmation, if any.
+  void deleteTicked(const Texts& files, const std::string& choice, const Answer& last) {
     for (const std::string& file : files) junk().flip(file);
+    if (!choice.empty()) console().checkBox(choice).flip();
     use("Delete Files", {{"Confirm Deletion", "Confirm file deletion?", "Yes"}});
     if (!last.title.empty()) answer(last);
   }
 
-  void deleteAll(const Texts& files, const Answer& last = {}) {
-    deleteTicked(files, last);
+  void deleteAll(const Texts& files, const std::string& choice = "", const Answer& last = {}) {
+    deleteTicked(files, choice, last);
     for (const std::string& file : files) {
       waitUntil("the row of " + file + " to leave", [&] { return !isListed(file); });
       expect(!exists(file), file + " is gone from the disk and from the list");
