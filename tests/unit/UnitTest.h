@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,6 +14,14 @@
 #include "tests/support/MachineTest.h"
 
 using Paths = std::vector<std::string>;
+
+// The parts of a text between its "|".
+inline Paths parts(const std::string& text) {
+  Paths all;
+  std::istringstream in(text);
+  for (std::string part; std::getline(in, part, '|');) all.push_back(part);
+  return all;
+}
 
 // A message box; "*" in its text stands for any characters.
 struct KnownBox {

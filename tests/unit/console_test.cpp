@@ -103,25 +103,30 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
 }
 
 TEST_F(Console, NamesTheWindowsVersion) {
-  const std::pair<platform::VersionRecord, const char*> cases[] = {
-      {{.major = 4, .minor = 0, .build = 950, .platformId = 1}, "Windows 95"},
-      {{.major = 4, .minor = 10, .build = 0x040A0000 | 2222, .platformId = 1}, "Windows 98SE"},
-      {{.major = 4, .minor = 10, .build = 0x040A0000 | 1998, .platformId = 1}, "Windows 98"},
-      {{.major = 4, .minor = 90, .build = 3000, .platformId = 1}, "Windows Me"},
-      {{.major = 4, .minor = 50, .platformId = 1}, ""},
-      {{.major = 3, .minor = 51, .platformId = 2}, "Windows NT 3.51"},
-      {{.major = 4, .minor = 1, .platformId = 2}, "Windows NT 4.0"},
-      {{.major = 5, .minor = 0, .platformId = 2}, "Windows 2000"},
-      {{.major = 5, .minor = 1, .platformId = 2}, "Windows XP"},
-      {{.major = 5, .minor = 2, .platformId = 2}, "Windows Server 2003"},
-      {{.major = 5, .minor = 3, .platformId = 2}, ""},
-      {{.major = 6, .minor = 0, .platformId = 2}, ""},
-      {{.platformId = 7}, "Failed"},
+  struct Version {
+    std::uint32_t platform, major, minor, build;
   };
-  for (const auto& [record, name] : cases) {
-    machine.version().set(record);
-    EXPECT_EQ(GetWindowsVersionName(), name);
+  const Version versions[] = {{1, 4, 0, 950},
+                              {1, 4, 10, 0x040A0000 | 2222},
+                              {1, 4, 10, 0x040A0000 | 1998},
+                              {1, 4, 90, 3000},
+                              {1, 4, 50, 0},
+                              {2, 3, 51, 0},
+                              {2, 4, 1, 0},
+                              {2, 5, 0, 0},
+                              {2, 5, 1, 0},
+                              {2, 5, 2, 0},
+                              {2, 5, 3, 0},
+                              {2, 6, 0, 0},
+                              {7, 5, 1, 0}};
+  std::string names;
+  for (const Version& one : versions) {
+    machine.version().set({.major = one.major, .minor = one.minor, .build = one.build, .platformId = one.platform});
+    names += GetWindowsVersionName() + '|';
   }
+  EXPECT_EQ(names,
+            "Windows 95|Windows 98SE|Windows 98|Windows Me||Windows NT 3.51|Windows NT 4.0|Windows 2000|"
+            "Windows XP|Windows Server 2003|||Failed|");
   machine.failAt("getVersionEx");
   EXPECT_EQ(GetWindowsVersionName(), "Windows 3.1");
 }
@@ -267,27 +272,24 @@ TEST_F(Lists, RemovingRowsKeepsTicksSelectionAndKeysInStep) {
     list.setTicked(1, true);
     list.setTicked(3, true);
   };
-  struct Removal {
-    std::vector<std::size_t> rows;
-    std::optional<std::size_t> selected;  // before
-    Paths left;
-    std::optional<std::size_t> selectedAfter;
-    std::size_t ticked;
-  };
-  const Removal cases[] = {{{}, 2, {"a", "b", "c", "d", "e"}, 2, 2}, {{2}, 2, {"a", "b", "d", "e"}, std::nullopt, 2},
-                           {{4, 0}, 2, {"b", "c", "d"}, 1, 2},       {{3, 1}, 4, {"a", "c", "e"}, 2, 0},
-                           {{4, 3}, 0, {"a", "b", "c"}, 0, 1},       {{0}, 9, {"b", "c", "d", "e"}, std::nullopt, 2},
-                           {{0, 1, 2, 3, 4}, 4, {}, std::nullopt, 0}};
-  for (const Removal& one : cases) {
+  // The rows to remove, the selected row before (9: none), and what is left: the rows, the selected one in brackets.
+  const std::tuple<std::vector<std::size_t>, std::size_t, const char*> cases[] = {
+      {{}, 2, "ab[c]de"},   {{2}, 2, "abde"}, {{4, 0}, 2, "b[c]d"},    {{3, 1}, 4, "ac[e]"},
+      {{4, 3}, 0, "[a]bc"}, {{0}, 9, "bcde"}, {{0, 1, 2, 3, 4}, 4, ""}};
+  for (const auto& [removed, selected, expected] : cases) {
     fill();
-    list.select(one.selected);
+    list.select(selected);
     checks = 0;
-    list.removeRows(one.rows);
-    EXPECT_EQ(rowsOf(list), one.left);
-    EXPECT_EQ(list.selected(), one.selectedAfter);
-    EXPECT_EQ(list.tickedCount(), one.ticked);
-    EXPECT_EQ(checks, one.ticked < 2 ? 1 : 0) << "once, and only when ticked rows have left";
-    EXPECT_EQ(list.containsKey("A"), std::ranges::count(one.left, "a") == 1);
+    list.removeRows(removed);
+    std::string left;
+    for (std::size_t i = 0; i < list.rowCount(); ++i)
+      left += list.selected() == i ? '[' + list.text(i) + ']' : list.text(i);
+    EXPECT_EQ(left, expected);
+    const auto ticked =
+        static_cast<std::size_t>(std::ranges::count_if(left, [](char c) { return c == 'b' || c == 'd'; }));
+    EXPECT_EQ(list.tickedCount(), ticked);
+    EXPECT_EQ(checks, ticked < 2 ? 1 : 0) << "once, and only when ticked rows have left";
+    EXPECT_EQ(list.containsKey("A"), left.contains('a'));
   }
   fill();
   list.clickRow(1);

@@ -63,13 +63,12 @@ TEST_F(JunkScan, OwnExtensionsKeepTheirBlanksAndScanWithoutATypeToo) {
 }
 
 TEST_F(JunkScan, ProtectedNamesFollowTheirOwnCaseRules) {
-  for (const char* name :
-       {"DATA.BAK", "NtUser.Bak", "usrclass.bak", "SYSTEM.BAK", "software.bak", "Opa11.bak", "SAM.bak", "USER.bak",
-        "default.bak", "opera6.adr.bak", "contacts.adr.bak", "SECURITY.bak"}) {
+  for (const std::string& name : parts("DATA.BAK|NtUser.Bak|usrclass.bak|SYSTEM.BAK|software.bak|Opa11.bak|SAM.bak|"
+                                       "USER.bak|default.bak|opera6.adr.bak|contacts.adr.bak|SECURITY.bak")) {
     EXPECT_TRUE(finder::isProtected(name)) << name;
   }
-  for (const char* name : {"MYOB.bak", "MYOB.BAK", "SAM.BAK", "user.bak", "Default.bak", "OPERA6.ADR.BAK",
-                           "Contacts.adr.bak", "security.bak", "DATA.BAK2", "NTUSER.DAT"}) {
+  for (const std::string& name : parts("MYOB.bak|MYOB.BAK|SAM.BAK|user.bak|Default.bak|OPERA6.ADR.BAK|security.bak|"
+                                       "Contacts.adr.bak|DATA.BAK2|NTUSER.DAT")) {
     EXPECT_FALSE(finder::isProtected(name)) << name;
   }
   addFiles("C:\\P", {"ntuser.bak", "MYOB.bak"});

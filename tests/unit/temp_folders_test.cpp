@@ -31,44 +31,14 @@ class TempFolders : public ConsoleTest {
 };
 
 TEST_F(TempFolders, OnlyFullPathsBelowARootCount) {
-  for (const char* path :
-       {"C:\\Folder", "C:\\Folder\\", "c:/folder//", "D:\\..\\Folder", "D:\\Folder\\.", "C:\\a\\b\\..",
-        "C:\\a\\b\\c\\...", "\\\\server\\share\\x", "//server/share/x", "C:\\..\\a"}) {
+  for (const std::string& path : parts(R"(C:\Folder|C:\Folder\|c:/folder//|D:\..\Folder|D:\Folder\.|C:\a\b\..|C:\..\a|)"
+                                       R"(C:\a\b\c\...|\\server\share\x|//server/share/x)")) {
     EXPECT_TRUE(cleaners::isBelowRoot(path)) << path;
   }
-  for (const char* path : {"",
-                           " ",
-                           ".",
-                           "..",
-                           "\\",
-                           "/",
-                           "C:",
-                           "c:",
-                           "Folder",
-                           "C:Folder",
-                           "\\Folder",
-                           "C:\\",
-                           "C:/",
-                           "C:\\\\",
-                           "C:\\.",
-                           "C:\\ ",
-                           "C:\\..",
-                           "C:\\Folder\\..",
-                           "C:/Folder/../",
-                           "C:\\a\\b\\...",
-                           "C:\\a\\..\\..\\b\\..",
-                           "C:\\. .",
-                           "\\\\",
-                           "\\\\?\\C:\\",
-                           "\\\\?\\C:\\Folder",
-                           "\\\\.\\C:\\Folder",
-                           "//?/C:/Folder",
-                           "\\\\server",
-                           "\\\\server\\share",
-                           "\\\\server\\share\\",
-                           "\\\\server\\share\\x\\..",
-                           "\\\\..\\share\\x",
-                           "\\\\server\\.\\x"}) {
+  for (const std::string& path :
+       parts(R"(| |.|..|\|/|C:|c:|Folder|C:Folder|\Folder|C:\|C:/|C:\\|C:\.|C:\ |C:\..|C:\Folder\..|C:/Folder/../|)"
+             R"(C:\a\b\...|C:\a\..\..\b\..|C:\. .|\\|\\?\C:\|\\?\C:\Folder|\\.\C:\Folder|//?/C:/Folder|\\server|)"
+             R"(\\server\share|\\server\share\|\\server\share\x\..|\\..\share\x|\\server\.\x|1\\server\share\x)")) {
     EXPECT_FALSE(cleaners::isBelowRoot(path)) << path;
   }
 }
@@ -76,23 +46,17 @@ TEST_F(TempFolders, OnlyFullPathsBelowARootCount) {
 TEST_F(TempFolders, VariablesThatNameNoFolderOfTheirOwnNameNone) {
   addFiles("C:\\Folder", {"file"});
   machine.disk().addLink("C:\\Link", "C:\\Folder");
-  for (const auto& [value, folder] : {std::pair("C:\\Folder", "C:\\Folder\\"),
-                                      {"c:/folder//", "c:/folder\\"},
-                                      {"C:\\Link", ""},
-                                      {"C:\\Link\\", ""},
-                                      {"C:\\Missing", ""},
-                                      {"E:\\Folder", ""},
-                                      {"C:\\Folder\\file", ""},
-                                      {"Folder", ""},
-                                      {"C:\\F*", ""}}) {
+  for (const std::string& value : parts(R"(C:\Link|C:\Link\|C:\Missing|E:\Folder|C:\Folder\file|Folder|C:\F*)")) {
     machine.environment().setVariable("TEMP", value);
-    EXPECT_EQ(cleaners::tempFolder("TEMP"), folder) << value;
+    EXPECT_EQ(cleaners::tempFolder("TEMP"), "") << value;
   }
-  for (const char* folder : {"Cookies", "Ann\\Cookies", "Ann\\Deep\\Cookies", " \\Cookies"}) {
-    machine.addFolder(std::string("C:\\Documents and Settings\\") + folder);
+  machine.environment().setVariable("TEMP", "c:/folder//");
+  EXPECT_EQ(cleaners::tempFolder("TEMP"), "c:/folder\\");
+  for (const char* folder :
+       {"", "Documents and Settings\\", "Documents and Settings\\Ann\\", "Documents and Settings\\Ann\\Deep\\"}) {
+    machine.addFolder(std::string("C:\\") + folder + "Cookies");
   }
-  machine.addFolder("C:\\Cookies");
-  for (const char* user : {"", " ", ".", "..", "Ann\\Deep", "Ann\\..\\..", "Ann/Deep", "A*", "Bob"}) {
+  for (const std::string& user : parts(R"(| |.|..|Ann\Deep|Ann\..\..|Ann/Deep|A*|Bob)")) {
     machine.environment().setVariable("username", user);
     EXPECT_EQ(cleaners::fixedFolders(), Paths{}) << user;
   }
@@ -102,15 +66,11 @@ TEST_F(TempFolders, VariablesThatNameNoFolderOfTheirOwnNameNone) {
 
 TEST_F(TempFolders, EmptiesExactlyItsFoldersWithAllBelowAfterAWarning) {
   machine.environment().setVariable("username", "Ann");
-  const std::string profiles = "C:\\Documents and Settings\\";
-  const Paths folders = {"C:\\Winnt\\Temp",
-                         profiles + "Administrator\\Local Settings\\Temp",
-                         profiles + "All Users\\Local Settings\\Temp",
-                         profiles + "Default User\\Local Settings\\Temp",
-                         "C:\\Windows\\Temp",
-                         "C:\\Windows\\Cookies",
-                         profiles + "Ann\\Cookies",
-                         "C:\\Temp"};
+  const Paths folders =
+      parts(R"(C:\Winnt\Temp|C:\Documents and Settings\Administrator\Local Settings\Temp|)"
+            R"(C:\Documents and Settings\All Users\Local Settings\Temp|)"
+            R"(C:\Documents and Settings\Default User\Local Settings\Temp|C:\Windows\Temp|C:\Windows\Cookies|)"
+            R"(C:\Documents and Settings\Ann\Cookies|C:\Temp)");
   // One read-only file in each tells the order.
   Paths expected = {kWarnTemps};
   for (const std::string& folder : folders) {
@@ -120,8 +80,9 @@ TEST_F(TempFolders, EmptiesExactlyItsFoldersWithAllBelowAfterAWarning) {
   }
   expected.push_back(kDone);
   machine.disk().setAttributes("C:\\Windows\\Temp\\Sub", kHidden | platform::kSystem);
-  const Paths kept = {profiles + "Ann\\Local Settings\\Temp\\a", profiles + "Bob\\Cookies\\a",
-                      "C:\\Windows\\Temporary\\a", "C:\\Windows\\a"};
+  const Paths kept =
+      parts(R"(C:\Documents and Settings\Ann\Local Settings\Temp\a|C:\Documents and Settings\Bob\Cookies\a|)"
+            R"(C:\Windows\Temporary\a|C:\Windows\a)");
   for (const std::string& file : kept) machine.addFile(file, "x");
   const std::size_t all = everyFile().size();
   EXPECT_EQ(press(form.Del_Temps), Paths{kWarnTemps}) << "Cancel is the default";
