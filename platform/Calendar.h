@@ -4,10 +4,15 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
 
 namespace platform {
+
+// 100-nanosecond steps since 1 January 1601, UTC, in the two halves that the system uses.
+struct FileTime {
+  std::uint32_t low = 0;
+  std::uint32_t high = 0;
+};
 
 struct SystemTime {
   std::uint16_t year = 0;

@@ -33,22 +33,13 @@ constexpr bool isOwnFolder(std::uint32_t attributes) {
   return isDirectory(attributes) && (attributes & kReparsePoint) == 0;
 }
 
-// 100-nanosecond steps since 1 January 1601, UTC, in the two halves that the system uses.
-struct FileTime {
-  std::uint32_t low = 0;
-  std::uint32_t high = 0;
-};
-
 // One entry of a folder enumeration. The name buffer is fixed; the name ends at its first NUL.
 struct FindRecord {
   std::uint32_t attributes = 0;
-  FileTime created;
-  FileTime accessed;
-  FileTime written;
   std::uint32_t sizeHigh = 0;
   std::uint32_t sizeLow = 0;
-  std::array<char, 260> name{};
-  std::array<char, 14> alternateName{};
+  // As long as a name of 255 UTF-16 units in UTF-8.
+  std::array<char, 255 * 3 + 1> name{};
 };
 
 using Handle = std::uintptr_t;
@@ -91,8 +82,6 @@ class FileSystem {
 
   // GetFileAttributesA. Gives the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
   virtual std::uint32_t getFileAttributes(const std::string& path) = 0;
-  // SetFileAttributesA. False when the file is missing or its attributes cannot be set.
-  virtual bool setFileAttributes(const std::string& path, std::uint32_t attributes) = 0;
 
   // The size in bytes of the file at `path`, read from the file and not from its folder entry. Fails with 53 when there
   // is no such file. GetFileSize.
@@ -134,7 +123,7 @@ class FileSystem {
   // The full path of `path`, which may be relative to the current folder of its drive, with "." and ".." worked in.
   // Nothing of that name needs to be there. Fails with 76 for a text that can be no path. GetFullPathNameA.
   virtual Result<std::string> getFullPathName(const std::string& path) = 0;
-  // MoveFileA. Gives the file or folder `from` the path `to`; to another drive the system copies a file and deletes it
+  // MoveFileA. Gives the file `from` the path `to`; to another drive the system copies a file and deletes it
   // here. Fails with 53 (no such file), 58 (`to` is taken), 70 (in use), 75 (no access), 76 (no such folder).
   virtual Result<void> moveFile(const std::string& from, const std::string& to) = 0;
   // Renames a file; `to` may lie in another folder, and without one it lies in the current folder. Fails with 74 when

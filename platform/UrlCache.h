@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/Calendar.h"
 #include "platform/FileSystem.h"
 
 namespace platform {

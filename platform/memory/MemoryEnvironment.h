@@ -9,6 +9,7 @@
 #include "platform/Environment.h"
 #include "platform/UniformSequence.h"
 #include "platform/memory/MemoryFaults.h"
+#include "platform/memory/MemoryNames.h"
 
 namespace platform::memory {
 
@@ -20,24 +21,25 @@ class MemoryEnvironment final : public Environment {
   void setTickCount(std::uint32_t milliseconds) { tickCount_ = milliseconds; }
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
-
   // What the clock and the calendar show from now on.
   void setDay(std::string dateText, std::string timeText, float seconds) {
     dateText_ = std::move(dateText);
     timeText_ = std::move(timeText);
     seconds_ = seconds;
   }
-  // An empty value is not the same as none for other programs, but for this one it is.
-  void setVariable(std::string_view name, std::string value);
+  void setVariable(const std::string& name, std::string value) { variables_[name] = std::move(value); }
 
-  std::uint32_t getTickCount() override;
-  std::string programFolder() override;
-  std::string getEnvironmentVariable(const std::string& name) override;
-  std::string upperCase(std::string_view text) override;
-  std::string dateText() override;
-  std::string timeText() override;
-  float secondsSinceMidnight() override;
-  double nextUniform() override;
+  std::uint32_t getTickCount() override { return tickCount_; }
+  std::string programFolder() override { return programFolder_; }
+  std::string getEnvironmentVariable(const std::string& name) override {
+    const auto found = variables_.find(name);
+    return faults_.nextFault("getEnvironmentVariable") || found == variables_.end() ? std::string() : found->second;
+  }
+  std::string upperCase(std::string_view text) override { return upper(text); }
+  std::string dateText() override { return dateText_; }
+  std::string timeText() override { return timeText_; }
+  float secondsSinceMidnight() override { return seconds_; }
+  double nextUniform() override { return uniform_.next(); }
 
  private:
   std::string programFolder_;
@@ -47,7 +49,7 @@ class MemoryEnvironment final : public Environment {
   std::string timeText_ = "12:00:00 PM";
   float seconds_ = 43200;
   UniformSequence uniform_;
-  std::map<std::string, std::string> variables_;  // by name in upper case
+  std::map<std::string, std::string, NameOrder> variables_;
 };
 
 }  // namespace platform::memory

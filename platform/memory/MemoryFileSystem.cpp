@@ -1,104 +1,26 @@
 #include "platform/memory/MemoryFileSystem.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace platform::memory {
 namespace {
 
-// The machine keeps no file times; every file is of 1 January 2004.
-constexpr FileTime kFileTime{0x32F20000, 0x01C3CFFA};
-
-constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
 constexpr int kLastFileNumber = 511;
-
-template <std::size_t kSize>
-void setText(std::array<char, kSize>& buffer, std::string_view text) {
-  buffer.fill('\0');
-  std::ranges::copy(text.substr(0, kSize - 1), buffer.begin());
-}
-
-// The name under which an entry can be reached by a path; empty when there is none.
-std::string_view reachableName(const Node& node) {
-  if (node.unspeakable) return node.alias;
-  return withoutTrail(node.name) == node.name ? std::string_view(node.name) : std::string_view();
-}
-
-FindRecord recordOf(const Node& node, std::string_view name) {
-  FindRecord record;
-  record.attributes = node.reportedAttributes();
-  record.created = record.accessed = record.written = kFileTime;
-  const std::uint64_t size = node.listedSize.value_or(node.bytes.size());
-  record.sizeHigh = static_cast<std::uint32_t>(size >> 32);
-  record.sizeLow = static_cast<std::uint32_t>(size);
-  setText(record.name, name);
-  setText(record.alternateName, node.alias);
-  return record;
-}
-
-bool isDriveError(DiskError error) { return error == DiskError::kInvalidDrive || error == DiskError::kNotReady; }
-
-// The classic number of a refused opening.
-std::int32_t openingFailure(DiskError error) {
-  switch (error) {
-    case DiskError::kSharingViolation:
-      return kPermissionDenied;
-    case DiskError::kPathNotFound:
-    case DiskError::kInvalidDrive:
-      return kPathNotFound;
-    case DiskError::kNotReady:
-      return kDeviceUnavailable;
-    case DiskError::kInvalidName:
-      return kBadFileNumber;
-    default:
-      return kPathFileAccess;
-  }
-}
-
-// The classic number of a refused renaming or removal.
-std::int32_t changeFailure(DiskError error) {
-  if (error == DiskError::kFileNotFound) return kFileNotFound;
-  if (error == DiskError::kAlreadyExists) return kFileAlreadyExists;
-  return openingFailure(error);
-}
 
 }  // namespace
 
 // --- Enumerations
 
-std::optional<MemoryFileSystem::Enumeration> MemoryFileSystem::startEnumeration(const std::string& pattern) const {
-  const MemoryDisk::Split split = MemoryDisk::split(pattern);
-  const DiskResult<NodePtr> folder = disk_.findFolder(split.folder);
-  if (!folder) return std::nullopt;
-  const std::string folderPath = disk_.fullPath(split.folder)->text();
-  Enumeration enumeration{*folder, Wildcards(split.name), folderPath.back() == '\\', 0, false, {}};
-  const bool tooLong = folderPath.size() + 1 + split.name.size() >= kMaxPath;
-  if (tooLong || enumeration.wildcards.impossible()) return std::nullopt;
-  return enumeration;
-}
-
-NodePtr MemoryFileSystem::nextNode(Enumeration& enumeration) {
-  const FolderEntries& entries = *enumeration.folder->entries;
-  if (!enumeration.wildcards.single()) return entries.next(enumeration.cursor);
-  if (std::exchange(enumeration.singleGiven, true)) return nullptr;
-  return entries.find(enumeration.wildcards.pattern());
-}
-
-bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
-  while (!enumeration.isRoot && enumeration.dotsGiven < 2) {
-    const std::string_view dots = ++enumeration.dotsGiven == 1 ? "." : "..";
-    if (!enumeration.wildcards.matches(dots)) continue;
-    record = recordOf(*enumeration.folder, dots);
-    setText(record.alternateName, "");
-    return true;
-  }
-  while (const NodePtr node = nextNode(enumeration)) {
-    const std::string_view name = reachableName(*node);
-    const bool matches =
-        enumeration.wildcards.matches(name) || (!node->alias.empty() && enumeration.wildcards.matches(node->alias));
-    if (name.empty() || !matches) continue;
-    record = recordOf(*node, name);
+bool MemoryFileSystem::giveNext(Enumeration& enumeration, FindRecord& record) {
+  while (enumeration.next < enumeration.found.size()) {
+    const auto& [name, node] = enumeration.found[enumeration.next++];
+    if (node->parent == nullptr) continue;
+    const std::uint64_t size = node->listedSize.value_or(node->contents.size);
+    record = FindRecord{.attributes = node->reportedAttributes(),
+                        .sizeHigh = static_cast<std::uint32_t>(size >> 32),
+                        .sizeLow = static_cast<std::uint32_t>(size)};
+    std::ranges::copy(name, record.name.begin());
     return true;
   }
   return false;
@@ -106,17 +28,23 @@ bool MemoryFileSystem::next(Enumeration& enumeration, FindRecord& record) {
 
 Handle MemoryFileSystem::findFirstFile(const std::string& pattern, FindRecord& record) {
   if (faults_.nextFault("findFirstFile")) return kInvalidHandle;
-  std::optional<Enumeration> enumeration = startEnumeration(pattern);
-  if (!enumeration || !next(*enumeration, record)) return kInvalidHandle;
-  const Handle handle = disk_.newHandle();
-  enumerations_.emplace(handle, std::move(*enumeration));
-  return handle;
+  Enumeration enumeration;
+  const MemoryDisk::Split parts = MemoryDisk::split(pattern);
+  const Result<NodePtr> folder = disk_.find(parts.folder);
+  // A root has no entries for itself and the folder above.
+  for (const char* dots : {".", ".."}) {
+    const bool isBelowRoot = folder && (*folder)->isFolder() && (*folder)->parent != nullptr;
+    if (isBelowRoot && matchesPattern(parts.name, dots)) enumeration.found.push_back({dots, *folder});
+  }
+  for (const NodePtr& node : disk_.matches(pattern)) enumeration.found.push_back({node->name, node});
+  if (!giveNext(enumeration, record)) return kInvalidHandle;
+  return enumerations_.emplace(disk_.newHandle(), std::move(enumeration)).first->first;
 }
 
 bool MemoryFileSystem::findNextFile(Handle enumeration, FindRecord& record) {
   if (faults_.nextFault("findNextFile")) return false;
   const auto found = enumerations_.find(enumeration);
-  return found != enumerations_.end() && next(found->second, record);
+  return found != enumerations_.end() && giveNext(found->second, record);
 }
 
 bool MemoryFileSystem::findClose(Handle enumeration) {
@@ -128,50 +56,39 @@ bool MemoryFileSystem::findClose(Handle enumeration) {
 
 std::uint32_t MemoryFileSystem::getFileAttributes(const std::string& path) {
   if (faults_.nextFault("getFileAttributes")) return kInvalidAttributes;
-  const DiskResult<NodePtr> node = disk_.find(path);
+  const Result<NodePtr> node = disk_.find(path);
   return node ? (*node)->reportedAttributes() : kInvalidAttributes;
-}
-
-bool MemoryFileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
-  if (faults_.nextFault("setFileAttributes")) return false;
-  const DiskResult<NodePtr> node = disk_.find(path);
-  if (!node || (*node)->deniesWriting) return false;
-  (*node)->attributes = ((*node)->attributes & ~kSettable) | (attributes & kSettable);
-  return true;
 }
 
 Result<std::int32_t> MemoryFileSystem::fileLength(const std::string& path) {
   if (const auto number = faults_.nextFault("fileLength", kFileNotFound)) return failure(*number);
-  const DiskResult<NodePtr> node = disk_.find(path);
+  const Result<NodePtr> node = disk_.find(path);
   if (!node || (*node)->isFolder()) return failure(kFileNotFound);
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>((*node)->bytes.size()));
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>((*node)->contents.size));
 }
 
 bool MemoryFileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
   if (faults_.nextFault("anyFileMatches")) return false;
-  std::optional<Enumeration> enumeration = startEnumeration(pattern);
   constexpr std::uint32_t kTested = kReadOnly | kHidden | kSystem | kDirectory;
-  FindRecord record;
-  while (enumeration && next(*enumeration, record)) {
-    if ((record.attributes & kTested & ~mask) == 0) return true;
-  }
-  return false;
+  return std::ranges::any_of(disk_.matches(pattern),
+                             [mask](const NodePtr& node) { return (node->attributes & kTested & ~mask) == 0; });
 }
 
 // --- Handles
 
 Handle MemoryFileSystem::createFile(const std::string& path, const OpenRequest& request) {
   if (faults_.nextFault("createFile")) return kInvalidHandle;
-  const DiskResult<NodePtr> file = disk_.find(path);
-  if (!file || request.disposition != kOpenExisting) return kInvalidHandle;
-  return disk_.open(*file, request.access, request.share).value_or(kInvalidHandle);
+  const Result<NodePtr> file = disk_.find(path);
+  return file ? disk_.open(*file, request.access, request.share).value_or(kInvalidHandle) : kInvalidHandle;
 }
 
 bool MemoryFileSystem::closeHandle(Handle handle) {
   const bool fails = faults_.nextFault("closeHandle").has_value();
-  const bool isNumbered =
-      std::ranges::any_of(numbered_, [handle](const auto& entry) { return entry.second == handle; });
-  return !isNumbered && disk_.close(handle).has_value() && !fails;
+  return disk_.close(handle) && !fails;
+}
+
+bool MemoryFileSystem::flushFileBuffers(Handle handle) {
+  return !faults_.nextFault("flushFileBuffers") && disk_.isOpen(handle);
 }
 
 // --- File numbers
@@ -180,11 +97,11 @@ Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
   if (const auto fault = faults_.nextFault("openBinary", kPathFileAccess)) return failure(*fault);
   if (number < 1 || number > kLastFileNumber) return failure(kBadFileNumber);
   if (numbered_.contains(number)) return failure(kFileAlreadyOpen);
-  DiskResult<NodePtr> file = disk_.find(path);
-  if (!file && file.error() == DiskError::kFileNotFound) file = disk_.create(path);
-  if (!file) return failure(openingFailure(file.error()));
-  const DiskResult<Handle> handle = disk_.open(*file, kGenericRead | kGenericWrite, kShareRead | kShareWrite);
-  if (!handle) return failure(openingFailure(handle.error()));
+  Result<NodePtr> file = disk_.find(path);
+  if (!file && file.error().number == kFileNotFound) file = disk_.create(path);
+  if (!file) return std::unexpected(file.error());
+  const Result<Handle> handle = disk_.open(*file, kGenericRead | kGenericWrite, kShareRead | kShareWrite);
+  if (!handle) return std::unexpected(handle.error());
   numbered_.emplace(number, *handle);
   return {};
 }
@@ -192,7 +109,7 @@ Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
 Result<void> MemoryFileSystem::write(int number, std::optional<std::uint64_t> position, std::string_view bytes) {
   const auto opened = numbered_.find(number);
   if (opened == numbered_.end()) return failure(kBadFileNumber);
-  if (!disk_.write(opened->second, position, bytes)) return failure(kPermissionDenied);
+  disk_.write(opened->second, position, bytes);
   return {};
 }
 
@@ -203,15 +120,14 @@ Result<void> MemoryFileSystem::putBytes(int number, std::string_view bytes) {
 
 Result<void> MemoryFileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
   if (const auto fault = faults_.nextFault("putBytesAt", kDiskFull)) return failure(*fault);
-  if (position == 0) return failure(kInvalidCall);
-  return write(number, position - 1, bytes);
+  return position == 0 ? failure(kInvalidCall) : write(number, position - 1, bytes);
 }
 
 void MemoryFileSystem::closeFile(int number) {
   faults_.nextFault("closeFile");
   const auto opened = numbered_.find(number);
   if (opened == numbered_.end()) return;
-  static_cast<void>(disk_.close(opened->second));
+  disk_.close(opened->second);
   numbered_.erase(opened);
 }
 
@@ -223,53 +139,39 @@ Result<int> MemoryFileSystem::freeFile() {
   return number;
 }
 
-bool MemoryFileSystem::flushFileBuffers(Handle handle) {
-  return !faults_.nextFault("flushFileBuffers") && disk_.isOpen(handle);
-}
-
 // --- Renaming and removing
 
 Result<std::string> MemoryFileSystem::getFullPathName(const std::string& path) {
   if (const auto fault = faults_.nextFault("getFullPathName", kPathNotFound)) return failure(*fault);
-  const DiskResult<FullPath> full = disk_.fullPath(path);
-  if (!full) return failure(kPathNotFound);
-  return full->text();
+  return disk_.fullPath(path);
 }
 
 Result<void> MemoryFileSystem::moveFile(const std::string& from, const std::string& to) {
   if (const auto fault = faults_.nextFault("moveFile", kPathFileAccess)) return failure(*fault);
-  const DiskResult<NodePtr> node = disk_.find(from);
-  if (!node) return failure(changeFailure(node.error()));
-  const DiskResult<void> moved = disk_.move(*node, to);
-  return moved ? Result<void>{} : failure(changeFailure(moved.error()));
+  const Result<NodePtr> file = disk_.find(from);
+  return file ? disk_.move(*file, to) : std::unexpected(file.error());
 }
 
 Result<void> MemoryFileSystem::remove(const std::string& path) {
   if (const auto fault = faults_.nextFault("remove", kPathFileAccess)) return failure(*fault);
-  const DiskResult<NodePtr> node = disk_.find(path);
-  if (!node) return failure(changeFailure(node.error()));
-  if ((*node)->isFolder()) return failure(kPathFileAccess);
-  const DiskResult<void> removed = disk_.remove(*node, false);
-  return removed ? Result<void>{} : failure(changeFailure(removed.error()));
+  const Result<NodePtr> node = disk_.find(path);
+  if (!node) return std::unexpected(node.error());
+  return (*node)->isFolder() ? failure(kPathFileAccess) : disk_.remove(*node, false);
 }
 
 // --- Drives and folders
 
 std::vector<Drive> MemoryFileSystem::drives() {
-  if (faults_.nextFault("drives")) return {};
-  return disk_.drives();
+  return faults_.nextFault("drives") ? std::vector<Drive>() : disk_.drives();
 }
 
 std::string MemoryFileSystem::currentFolder() {
-  if (faults_.nextFault("currentFolder")) return {};
-  return disk_.currentFolder();
+  return faults_.nextFault("currentFolder") ? std::string() : disk_.currentFolder();
 }
 
 Result<std::string> MemoryFileSystem::currentFolderOf(char letter) {
   if (const auto fault = faults_.nextFault("currentFolderOf", kDeviceUnavailable)) return failure(*fault);
-  const DiskResult<std::string> folder = disk_.currentFolderOf(letter);
-  if (!folder) return failure(kDeviceUnavailable);
-  return *folder;
+  return disk_.currentFolderOf(letter);
 }
 
 Result<std::vector<std::string>> MemoryFileSystem::subfolders(const std::string& folder) {
@@ -283,13 +185,13 @@ Result<std::vector<std::string>> MemoryFileSystem::filesIn(const std::string& fo
 }
 
 Result<std::vector<std::string>> MemoryFileSystem::shownNames(const std::string& folder, bool folders) const {
-  const DiskResult<NodePtr> node = disk_.findFolder(folder);
-  if (!node) return failure(isDriveError(node.error()) ? kDeviceUnavailable : kPathNotFound);
+  const Result<NodePtr> node = disk_.find(folder);
+  if (!node && node.error().number == kDeviceUnavailable) return std::unexpected(node.error());
+  if (!node || !(*node)->isFolder()) return failure(kPathNotFound);
   std::vector<std::string> names;
-  for (const NodePtr& entry : (*node)->entries->all()) {
-    const bool concealed = (entry->attributes & (kHidden | kSystem)) != 0;
-    const std::string_view name = reachableName(*entry);
-    if (entry->isFolder() == folders && !concealed && !name.empty()) names.emplace_back(name);
+  for (const auto& [name, entry] : *(*node)->entries) {
+    const bool isConcealed = (entry->attributes & (kHidden | kSystem)) != 0;
+    if (entry->isFolder() == folders && !isConcealed) names.push_back(name);
   }
   return names;
 }

@@ -32,7 +32,11 @@ class MemoryMachine final : public platform::Machine {
  public:
   // Windows XP with a drive C: without a label; the program lies in C:\Program Files\Scrubhaven, which is the current
   // folder.
-  MemoryMachine();
+  MemoryMachine() {
+    disk_.addDrive('C');
+    disk_.addFolder(kProgramFolder);
+    disk_.setCurrentFolder(kProgramFolder);
+  }
 
   MemoryFileSystem& files() override { return files_; }
   MemoryFileObjects& fileObjects() override { return fileObjects_; }
@@ -74,20 +78,22 @@ class MemoryMachine final : public platform::Machine {
   void whenServing(std::function<void()> action) { ui_.whenServing(std::move(action)); }
 
  private:
+  static constexpr const char* kProgramFolder = "C:\\Program Files\\Scrubhaven";
+
   MemoryFaults faults_;
   MemoryDisk disk_;
-  MemoryFileSystem files_;
-  MemoryFileObjects fileObjects_;
-  MemoryShell shell_;
-  MemoryVersion version_;
-  MemoryRegistry registry_;
-  MemoryProfileFile profiles_;
-  MemoryScriptShell scriptShell_;
-  MemoryEnvironment environment_;
-  MemoryUi ui_;
-  MemoryUrlCache urlCache_;
-  MemoryUrlHistory urlHistory_;
-  MemoryCalendar calendar_;
+  MemoryFileSystem files_{disk_, faults_};
+  MemoryFileObjects fileObjects_{disk_, faults_};
+  MemoryShell shell_{disk_, faults_};
+  MemoryVersion version_{faults_};
+  MemoryRegistry registry_{version_, faults_};
+  MemoryProfileFile profiles_{disk_, faults_};
+  MemoryScriptShell scriptShell_{registry_, faults_};
+  MemoryEnvironment environment_{kProgramFolder, faults_};
+  MemoryUi ui_{disk_, faults_};
+  MemoryUrlCache urlCache_{faults_};
+  MemoryUrlHistory urlHistory_{faults_};
+  MemoryCalendar calendar_{faults_};
 };
 
 }  // namespace platform::memory

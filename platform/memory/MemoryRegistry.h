@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,6 +11,7 @@
 
 #include "platform/Registry.h"
 #include "platform/memory/MemoryFaults.h"
+#include "platform/memory/MemoryNames.h"
 #include "platform/memory/MemoryVersion.h"
 
 namespace platform::memory {
@@ -26,19 +26,18 @@ struct RegistryValue {
 
 class MemoryRegistry final : public Registry {
  public:
-  // What differs between the two families follows the version that `version` says.
+  // `version` decides between the NT line and the 95 family.
   MemoryRegistry(const MemoryVersion& version, MemoryFaults& faults) : version_(version), faults_(faults) {}
 
-  // --- What another program does. Paths begin with a root's short name: "HKCU\Software". Any other beginning throws
-  // std::logic_error.
-  void addKey(const std::string& path) { make(path); }
+  // --- What another program does. Paths begin with a root's short name: "HKCU\Software".
+  void addKey(const std::string& path);
   void set(const std::string& path, const std::string& name, RegistryValue value);
   void setText(const std::string& path, const std::string& name, const std::string& text) {
     set(path, name, {kRegistryText, text + '\0'});
   }
   void setNumber(const std::string& path, const std::string& name, std::uint32_t number);
   std::optional<RegistryValue> value(const std::string& path, const std::string& name) const;
-  bool hasKey(const std::string& path) const { return peek(path) != nullptr; }
+  bool hasKey(const std::string& path) const { return keys_.contains(path); }
   // Every key below `path` and every value in it and them, in the order of their names: "Sub\", "Sub\Name=4:0a000000"
   // (the type, the bytes in hexadecimal digits).
   std::vector<std::string> contents(const std::string& path) const;
@@ -59,35 +58,22 @@ class MemoryRegistry final : public Registry {
   std::int32_t closeKey(RegistryKey key) override;
 
  private:
-  struct WithoutCase {
-    bool operator()(const std::string& a, const std::string& b) const;
-  };
-  struct Key {
-    std::map<std::string, std::shared_ptr<Key>, WithoutCase> keys;
-    std::map<std::string, RegistryValue, WithoutCase> values;
-    bool deleted = false;
-  };
-  using KeyPtr = std::shared_ptr<Key>;
+  using Values = std::map<std::string, RegistryValue, NameOrder>;
+  using Keys = std::map<std::string, Values, NameOrder>;  // by path: "HKCU\Software"
   struct OpenKey {
-    KeyPtr key;
+    std::string path;
     std::uint32_t access = 0;
   };
 
-  bool isNtLine() const;
-  // The key behind a handle that was opened for `access`.
-  std::int32_t find(RegistryKey handle, std::uint32_t access, KeyPtr& key);
-  // The key behind a handle, below which `path` names another; a path may not begin with a backslash.
-  std::int32_t findParent(RegistryKey handle, const std::string& path, KeyPtr& parent);
-  RegistryKey open(const KeyPtr& key, std::uint32_t access);
-  KeyPtr root(RegistryKey key);
-  KeyPtr make(const std::string& path);
-  KeyPtr peek(const std::string& path) const;
-  static void list(const Key& key, const std::string& prefix, std::vector<std::string>& lines);
-  static void markDeleted(Key& key);
+  // Stores the path of the key behind a handle that was opened for `access`.
+  std::int32_t find(RegistryKey handle, std::uint32_t access, std::string& path) const;
+  RegistryKey open(const std::string& path, std::uint32_t access);
+  // Behind the last key at or below `path`.
+  Keys::const_iterator endOf(const std::string& path) const;
 
   const MemoryVersion& version_;
   MemoryFaults& faults_;
-  std::map<RegistryKey, KeyPtr> roots_;
+  Keys keys_ = {{"HKCR", {}}, {"HKCU", {}}, {"HKLM", {}}, {"HKU", {}}, {"HKCC", {}}};
   std::map<RegistryKey, OpenKey> open_;
   RegistryKey lastHandle_ = 0x100;
   std::vector<std::string> calls_;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,16 +24,46 @@ class MemoryShell final : public Shell {
  public:
   MemoryShell(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
 
-  // Deletes; other operations need a destination, which the record does not have, and are refused. Works through the
-  // list up to the first path that cannot go.
-  std::int32_t fileOperation(const FileOperation& operation) override;
+  // Deletes what the list names, up to the first path that cannot go.
+  std::int32_t fileOperation(const FileOperation& operation) override {
+    fileOperations_.push_back(operation);
+    if (const auto fault = faults_.nextFault("fileOperation", kErrorAccessDenied)) return *fault;
+    const bool toRecycleBin = (operation.flags & kAllowUndo) != 0;
+    std::istringstream list(operation.sourceList);
+    for (std::string path; std::getline(list, path, '\0') && !path.empty();) {
+      const std::vector<NodePtr> nodes = disk_.matches(path);
+      if (nodes.empty()) return kErrorFileNotFound;
+      for (const NodePtr& node : nodes) {
+        // Without confirmation the shell takes read-only files like any other.
+        const Result<void> gone = toRecycleBin ? disk_.recycle(node) : disk_.remove(node, true);
+        if (!gone) return kErrorAccessDenied;
+      }
+    }
+    return 0;
+  }
   // Starts nothing: the command is kept in commands().
-  std::int32_t execute(const ShellCommand& command) override;
+  std::int32_t execute(const ShellCommand& command) override {
+    commands_.push_back(command);
+    return faults_.nextFault("execute", kNoAssociation).value_or(kExecuted);
+  }
   // Starts nothing: the command line is kept in launches().
-  Result<void> launchHidden(const std::string& commandLine) override;
+  Result<void> launchHidden(const std::string& commandLine) override {
+    launches_.push_back(commandLine);
+    const auto fault = faults_.nextFault("launchHidden", kFileNotFound);
+    return fault ? failure(*fault) : Result<void>{};
+  }
   // Asks nothing and shows nothing, whatever the flags are. An empty bin is a failure, as it is on most systems.
-  std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override;
-  void addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) override;
+  std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override {
+    binEmptyings_.push_back({root, flags});
+    if (const auto fault = faults_.nextFault("emptyRecycleBin", kUnexpected)) return *fault;
+    return disk_.emptyRecycleBin(root) > 0 ? 0 : kUnexpected;
+  }
+  void addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) override {
+    if (faults_.nextFault("addToRecentDocs") || flags != kRecentByPath) return;
+    if (!path) return recentDocuments_.clear();
+    std::erase(recentDocuments_, *path);
+    recentDocuments_.push_back(*path);
+  }
 
   // What has been asked for since the start, failed calls too.
   const std::vector<ShellCommand>& commands() const { return commands_; }
@@ -43,6 +74,12 @@ class MemoryShell final : public Shell {
   const std::vector<std::string>& recentDocuments() const { return recentDocuments_; }
 
  private:
+  static constexpr std::int32_t kErrorFileNotFound = 2;
+  static constexpr std::int32_t kErrorAccessDenied = 5;
+  static constexpr std::int32_t kNoAssociation = 31;
+  static constexpr std::int32_t kExecuted = 33;
+  static constexpr auto kUnexpected = static_cast<std::int32_t>(0x8000FFFF);
+
   MemoryDisk& disk_;
   MemoryFaults& faults_;
   std::vector<ShellCommand> commands_;

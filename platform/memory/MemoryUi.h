@@ -1,12 +1,15 @@
-// The person in front of the in-memory machine: answers message boxes and acts while events are served.
+// The user of the in-memory machine: answers message boxes and acts while events are served.
 #pragma once
 
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "controls/Form.h"
 #include "platform/Ui.h"
 #include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryFaults.h"
@@ -51,15 +54,66 @@ class MemoryUi final : public Ui {
   // script the user closes the window at once.
   void whenModal(std::function<void(controls::Form&)> action) { modal_.push_back(std::move(action)); }
 
-  Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override;
-  Result<std::string> openFileDialog(const OpenFileRequest& request) override;
-  void serveEvents() override;
+  Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override {
+    const auto [first, last] = buttonsOf(style);
+    const ShownBox box{text, title, style, (style & kBoxSecondButtonDefault) != 0 ? last : first};
+    const std::size_t index = boxes_.size();
+    boxes_.push_back(box);
+    if (onBox_) onBox_(box);
+    if (answers_.empty()) return box.answer;
+
+    const Answer answer = takeFirst(answers_);
+    if (answer != first && answer != last) throw std::logic_error("no such button in the box: " + text);
+    boxes_[index].answer = answer;
+    return answer;
+  }
+  Result<std::string> openFileDialog(const OpenFileRequest& request) override {
+    fileDialogs_.push_back(request);
+    if (const auto fault = faults_.nextFault("openFileDialog", kDialogCancelled)) return failure(*fault);
+    if (chosenFiles_.empty()) return failure(kDialogCancelled);
+    std::string path = takeFirst(chosenFiles_);
+    disk_.setCurrentFolder(MemoryDisk::split(path).folder);
+    return path;
+  }
+  void serveEvents() override {
+    faults_.nextFault("serveEvents");
+    if (!queued_.empty()) takeFirst(queued_)();
+    if (inAlways_) return;
+    // An exception from an action ends the loop too.
+    const struct Reset {
+      bool& flag;
+      ~Reset() { flag = false; }
+    } reset{inAlways_ = true};
+    // By index: an action may add another, which ends the life of iterators.
+    for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();  // NOLINT(modernize-loop-convert)
+  }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
-  void runModal(controls::Form& form, controls::Form* owner) override;
-  [[noreturn]] void end() override;
+  void runModal(controls::Form& form, controls::Form*) override {
+    faults_.nextFault("runModal");
+    if (modal_.empty()) {
+      form.close();
+      return;
+    }
+    takeFirst(modal_)(form);
+    if (form.isOpen()) throw std::logic_error("the script left a modal window open");
+  }
+  [[noreturn]] void end() override { throw Ended{}; }
 
  private:
+  // The first and the last button of a box.
+  static std::pair<Answer, Answer> buttonsOf(std::uint32_t style) {
+    if ((style & kBoxYesNo) != 0) return {Answer::kYes, Answer::kNo};
+    return {Answer::kOk, (style & kBoxOkCancel) != 0 ? Answer::kCancel : Answer::kOk};
+  }
+
+  template <typename T>
+  static T takeFirst(std::deque<T>& queue) {
+    T first = std::move(queue.front());
+    queue.pop_front();
+    return first;
+  }
+
   MemoryDisk& disk_;
   MemoryFaults& faults_;
   std::deque<Answer> answers_;

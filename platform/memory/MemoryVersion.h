@@ -13,9 +13,14 @@ class MemoryVersion final : public SystemVersion {
 
   // What the next queries fill in; `size` does not matter.
   void set(const VersionRecord& record) { record_ = record; }
-  const VersionRecord& record() const { return record_; }
+  bool isNtLine() const { return record_.platformId == 2; }
 
-  bool getVersionEx(VersionRecord& record) override;
+  bool getVersionEx(VersionRecord& record) override {
+    if (faults_.nextFault("getVersionEx") || record.size != kVersionRecordSize) return false;
+    record = record_;
+    record.size = kVersionRecordSize;
+    return true;
+  }
 
  private:
   MemoryFaults& faults_;

@@ -43,25 +43,16 @@ std::string usableName(const wchar_t* name) {
 // The system has replaced a character that the code page lacks by "?" or by a similar character.
 std::string usableName(const char* name) { return isUsableName(name) ? name : ""; }
 
-FileTime fileTime(const FILETIME& time) { return {.low = time.dwLowDateTime, .high = time.dwHighDateTime}; }
-
 // Stores the entry under its long name, or under the short one when the code page lacks the long one; false when later
 // calls could not find it under either.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
-  const std::string alias = usableName(found.cAlternateFileName);
-  const std::string longName = usableName(found.cFileName);
-  const std::string& name = longName.empty() ? alias : longName;
-  const bool fits = name.size() < record.name.size() && alias.size() < record.alternateName.size();
-  if (name.empty() || !fits) return false;
-  record = FindRecord{.attributes = found.dwFileAttributes,
-                      .created = fileTime(found.ftCreationTime),
-                      .accessed = fileTime(found.ftLastAccessTime),
-                      .written = fileTime(found.ftLastWriteTime),
-                      .sizeHigh = found.nFileSizeHigh,
-                      .sizeLow = found.nFileSizeLow};
+  std::string name = usableName(found.cFileName);
+  if (name.empty()) name = usableName(found.cAlternateFileName);
+  if (name.empty() || name.size() >= record.name.size()) return false;
+  record =
+      FindRecord{.attributes = found.dwFileAttributes, .sizeHigh = found.nFileSizeHigh, .sizeLow = found.nFileSizeLow};
   std::ranges::copy(name, record.name.begin());
-  std::ranges::copy(alias, record.alternateName.begin());
   return true;
 }
 
@@ -156,10 +147,6 @@ bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
 bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
 
 std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
-
-bool Win32FileSystem::setFileAttributes(const std::string& path, std::uint32_t attributes) {
-  return SetFileAttributesA(path.c_str(), attributes) != FALSE;
-}
 
 Result<std::uint64_t> Win32FileSystem::fileSize(const std::string& path) {
   const std::optional<std::uint64_t> size = sizeByHandle(path);

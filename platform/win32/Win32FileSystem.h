@@ -19,7 +19,6 @@ class Win32FileSystem final : public FileSystem {
   bool findNextFile(Handle enumeration, FindRecord& record) override;
   bool findClose(Handle enumeration) override;
   std::uint32_t getFileAttributes(const std::string& path) override;
-  bool setFileAttributes(const std::string& path, std::uint32_t attributes) override;
   Result<std::uint64_t> fileSize(const std::string& path) override;
   bool anyFileMatches(const std::string& pattern, std::uint32_t mask) override;
   Handle createFile(const std::string& path, const OpenRequest& request) override;

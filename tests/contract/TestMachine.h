@@ -1,5 +1,5 @@
-// What the contract tests need from a machine besides its services: a place to work in, and a second way in that
-// does not go through the interfaces under test. Each machine has its own implementation.
+// What the contract tests need from a machine besides its services: a place to work in, and a way to set up and to look
+// at things that does not use the interfaces under test. Each machine has its own implementation.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,7 @@ namespace contract {
 // end the test program: a contract test that could not be prepared must not look like one that passed.
 class TestMachine {
  public:
-  virtual ~TestMachine() = default;  // lets go of every lock, and removes the working folder with all that is in it
+  virtual ~TestMachine() = default;  // removes the working folder with all that is in it
 
   // The machine under test.
   virtual platform::Machine& machine() = 0;
@@ -33,26 +33,19 @@ class TestMachine {
   virtual void makeFolder(const std::string& path) = 0;
   // Makes a file with these bytes, and its missing parents.
   virtual void makeFile(const std::string& path, const std::string& bytes = "") = 0;
-  // Makes a file of `size` bytes that takes no room for them (sparse, or a length that was only set). Over 4 GiB too.
+  // Makes a file of `size` bytes (over 4 GiB too) that takes no room for them: sparse, or with a length only set.
   virtual void makeLongFile(const std::string& path, std::uint64_t size) = 0;
   // Sets the attribute bits read-only, hidden, system, archive of a file, or hidden and system of a folder.
   virtual void setAttributes(const std::string& path, std::uint32_t attributes) = 0;
-
-  // Opens the file for reading as another program would, sharing nothing, until unlock() or the test machine's end.
-  virtual void lock(const std::string& path) = 0;
-  virtual void unlock(const std::string& path) = 0;
 
   // Whether there is a file or folder of that path.
   virtual bool exists(const std::string& path) const = 0;
   // The bytes of a file (a small one) that nobody has open without sharing.
   virtual std::string readBack(const std::string& path) const = 0;
-  // The attribute bits of a file or folder.
-  virtual std::uint32_t attributes(const std::string& path) const = 0;
   // The names in a folder, without "." and "..", sorted bytewise.
   virtual std::vector<std::string> namesIn(const std::string& folder) const = 0;
 
-  // Makes the folder the process's current one (its drive becomes the current drive). It comes back at the test
-  // machine's end.
+  // Makes the folder the process's current one, and its drive the current drive, until the test machine's end.
   virtual void setCurrentFolder(const std::string& folder) = 0;
 
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
@@ -60,20 +53,18 @@ class TestMachine {
 
   // Makes a folder that is a link to the folder `target`. Names in the working folder, without blanks.
   virtual void makeFolderLink(const std::string& path, const std::string& target) = 0;
-  // Whether a program can take a link away. Where the system can only follow links, it cannot.
+  // Whether a program can remove a link. Where the system can only follow links, it cannot.
   virtual bool letsLinksGo() const = 0;
 
-  // Sets an environment variable of this process; nothing takes it away.
-  virtual void setVariable(const std::string& name, const std::optional<std::string>& value) = 0;
+  // Sets an environment variable of this process.
+  virtual void setVariable(const std::string& name, const std::string& value) = 0;
 
   // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the test machine is
   // made, and goes with the test machine. Paths of the helpers are below HKEY_CURRENT_USER too.
   virtual std::string keyRoot() const = 0;
   // Makes a key with its missing parents, and stores a value in it.
-  virtual void makeKey(const std::string& path) = 0;
   virtual void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
                           const std::string& bytes) = 0;
-  virtual bool hasKey(const std::string& path) const = 0;
   // The bytes of a value; nothing when it is not there.
   virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
 
@@ -85,9 +76,6 @@ class TestMachine {
   virtual void useCachedPage(const std::string& url) = 0;
   // How many documents are on the list of recently used ones.
   virtual std::size_t recentDocuments() const = 0;
-
-  // Whether the working folder's volume makes 8.3 aliases, so that "*.bak" finds "x.bakery".
-  virtual bool hasShortNames() const = 0;
 };
 
 // A new test machine with a fresh working folder. One definition is linked into each test program.

@@ -4,74 +4,52 @@
 namespace contract {
 namespace {
 
-using platform::Handle;
-using platform::kGenericRead;
-using platform::kGenericWrite;
-using platform::kInvalidAttributes;
-using platform::kInvalidHandle;
-using platform::kShareNone;
-using platform::kShareRead;
-using platform::kShareWrite;
-
 class Attributes : public ContractTest {};
 
-TEST_F(Attributes, AndLengthOfWhatIsNotThereAreInvalid) {
-  makeFile("file.txt");
+TEST_F(Attributes, AndLengthAreThoseOfLockedFilesTooAndOfNothingElse) {
   makeFolder("folder");
-  EXPECT_TRUE(platform::isDirectory(files().getFileAttributes(at("FOLDER\\..\\folder\\."))));
-  for (const std::string name : {"missing", "missing\\file.txt", "file.txt\\below", "*.txt", "fi?e.txt"}) {
-    EXPECT_EQ(files().getFileAttributes(at(name)), kInvalidAttributes) << name;
-  }
-  EXPECT_EQ(files().getFileAttributes(""), kInvalidAttributes);
-  for (const std::string name : {"missing.txt", "missing\\file.txt", "folder", "*.txt"}) {
-    EXPECT_EQ(numberOf(files().fileLength(at(name))), platform::kFileNotFound) << name;
-  }
-}
-
-TEST_F(Attributes, CanBeSetAndTakenAway) {
-  const std::string file = makeFile("file.txt");
-  makeFolder("folder");
-  EXPECT_TRUE(files().setFileAttributes(file, platform::kReadOnly | platform::kHidden));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(file)), platform::kReadOnly | platform::kHidden);
-  EXPECT_TRUE(files().setFileAttributes(file, platform::kNormal));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(file)) & ~platform::kNormal, 0u);
-  EXPECT_TRUE(files().setFileAttributes(at("folder"), platform::kHidden));
-  EXPECT_EQ(withoutArchive(testMachine().attributes(at("folder"))), platform::kDirectory | platform::kHidden);
-  EXPECT_FALSE(files().setFileAttributes(at("missing"), platform::kHidden));
-}
-
-TEST_F(Attributes, AndLengthOfALockedFileCanBeAsked) {
-  const std::string file = makeFile("locked.txt", "12345");
-  testMachine().lock(file);
-  EXPECT_FALSE(platform::isDirectory(files().getFileAttributes(file)));
-  EXPECT_NE(files().getFileAttributes(file), kInvalidAttributes);
+  const std::string file = makeFile("file.txt", "12345");
+  lock(file);
+  EXPECT_EQ(files().getFileAttributes(file) & (kDirectory | kHidden), 0u);
   EXPECT_EQ(files().fileLength(file), 5);
-  EXPECT_EQ(recordOf(file).sizeLow, 5u);
   EXPECT_TRUE(fileObjects().getFile(file).has_value());
+  EXPECT_TRUE(isDirectory(files().getFileAttributes(at("FOLDER\\..\\folder\\."))));
+  for (const std::string& path :
+       {at("missing"), at("missing\\file.txt"), at("file.txt\\below"), at("*.txt"), at("fi?e.txt"), std::string()}) {
+    EXPECT_EQ(files().getFileAttributes(path), kInvalidAttributes) << path;
+    EXPECT_EQ(numberOf(files().fileLength(path)), kFileNotFound) << path;
+  }
+  EXPECT_EQ(numberOf(files().fileLength(at("folder"))), kFileNotFound);
 }
 
 TEST_F(Attributes, LengthIsTheLowHalfAsASignedNumber) {
-  EXPECT_EQ(files().fileLength(makeFile("empty.txt")), 0);
-  testMachine().makeLongFile(at("two.bin"), std::uint64_t{3} << 30);
-  EXPECT_EQ(files().fileLength(at("two.bin")), -(1 << 30));
-  testMachine().makeLongFile(at("five.bin"), (std::uint64_t{5} << 30) + 7);
-  EXPECT_EQ(files().fileLength(at("five.bin")), (1 << 30) + 7);
+  const std::pair<std::uint64_t, std::int32_t> cases[] = {
+      {0, 0}, {std::uint64_t{3} << 30, -(1 << 30)}, {(std::uint64_t{5} << 30) + 7, (1 << 30) + 7}};
+  for (const auto& [size, length] : cases) {
+    testMachine().makeLongFile(at("long.bin"), size);
+    EXPECT_EQ(files().fileLength(at("long.bin")), length);
+  }
 }
 
 TEST_F(Attributes, MaskDecidesWhatTheDirectorySearchSees) {
   constexpr std::uint32_t kAnyFile = 39;
-  testMachine().setAttributes(makeFile("hidden.txt"), platform::kHidden);
-  testMachine().setAttributes(makeFile("protected.txt"), platform::kReadOnly);
+  makeFile("hidden.txt", "", kHidden);
+  makeFile("protected.txt", "", kReadOnly);
   makeFolder("folder");
-  EXPECT_TRUE(files().anyFileMatches(at("hidden.txt"), kAnyFile));
-  EXPECT_TRUE(files().anyFileMatches(at("hidden.txt"), platform::kHidden));
-  EXPECT_FALSE(files().anyFileMatches(at("hidden.txt"), platform::kReadOnly | platform::kSystem));
-  EXPECT_FALSE(files().anyFileMatches(at("protected.txt"), 0));
-  EXPECT_TRUE(files().anyFileMatches(at("protected.txt"), kAnyFile));
-  EXPECT_FALSE(files().anyFileMatches(at("folder"), kAnyFile));
-  EXPECT_TRUE(files().anyFileMatches(at("folder"), kAnyFile | platform::kDirectory));
-  EXPECT_FALSE(files().anyFileMatches(at("missing.txt"), kAnyFile));
-  EXPECT_TRUE(files().anyFileMatches(at("*.txt"), platform::kReadOnly)) << "it goes past what the mask lacks";
+  const std::tuple<const char*, std::uint32_t, bool> cases[] = {
+      {"hidden.txt", kAnyFile, true},
+      {"hidden.txt", kHidden, true},
+      {"hidden.txt", kReadOnly | kSystem, false},
+      {"protected.txt", kAnyFile, true},
+      {"protected.txt", 0, false},
+      {"folder", kAnyFile, false},
+      {"folder", kAnyFile | kDirectory, true},
+      {"missing.txt", kAnyFile, false},
+      {"*.txt", kReadOnly, true}};  // the search goes past what the mask lacks
+
+  for (const auto& [name, mask, expected] : cases) {
+    EXPECT_EQ(files().anyFileMatches(at(name), mask), expected) << name << mask;
+  }
 }
 
 class Handles : public ContractTest {};
@@ -81,38 +59,34 @@ TEST_F(Handles, WithoutSharingKeepOthersOut) {
   const Handle handle = files().createFile(file, {.access = kGenericRead, .share = kShareNone});
   ASSERT_NE(handle, kInvalidHandle);
   EXPECT_FALSE(opensForReading(file, kShareRead | kShareWrite));
-  EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPermissionDenied);
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
+  EXPECT_EQ(numberOf(files().openBinary(1, file)), kPermissionDenied);
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), kPermissionDenied);
   ASSERT_TRUE(files().closeHandle(handle));
   EXPECT_FALSE(files().closeHandle(handle));
   EXPECT_FALSE(files().closeHandle(kInvalidHandle));
-
-  const Handle reader = files().createFile(file, {.access = kGenericRead, .share = kShareRead});
-  EXPECT_TRUE(opensForReading(file, kShareRead));
-  EXPECT_FALSE(opensForReading(file, kShareNone));
-  EXPECT_EQ(files().createFile(file, {.access = kGenericWrite, .share = kShareRead | kShareWrite}), kInvalidHandle);
-  EXPECT_TRUE(files().closeHandle(reader));
+  EXPECT_TRUE(opensForReading(file, kShareNone));
   EXPECT_EQ(testMachine().readBack(file), "bytes");
 }
 
 TEST_F(Handles, AreGivenForFilesThatExistOnly) {
-  // The attribute word that asks for nothing in particular: read-only, hidden, system, archive and normal together.
+  // Read-only, hidden, system, archive and normal together.
   constexpr std::uint32_t kEveryKind = 167;
-  const std::string file = makeFile("protected.txt");
-  testMachine().setAttributes(file, platform::kReadOnly | platform::kHidden | platform::kSystem);
+  const std::string file = makeFile("protected.txt", "", kReadOnly | kHidden | kSystem);
   makeFolder("folder");
   const Handle handle = files().createFile(file, {.flagsAndAttributes = kEveryKind});
   ASSERT_NE(handle, kInvalidHandle);
   EXPECT_TRUE(files().closeHandle(handle));
-  EXPECT_EQ(files().createFile(at("folder"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
-  EXPECT_EQ(files().createFile(at("missing.txt"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
-  EXPECT_EQ(files().createFile(at("*.txt"), {.flagsAndAttributes = kEveryKind}), kInvalidHandle);
-  EXPECT_FALSE(testMachine().exists(at("missing.txt")));
+  for (const char* name : {"folder", "missing.txt", "*.txt"}) {
+    EXPECT_EQ(files().createFile(at(name), {.flagsAndAttributes = kEveryKind}), kInvalidHandle) << name;
+  }
+  EXPECT_EQ(namesIn(), (Names{"folder", "protected.txt"}));
 }
 
 class FileNumbers : public ContractTest {
  protected:
-  void TearDown() override { files().closeFile(1); }
+  void TearDown() override {
+    for (int number = 1; number <= 511; ++number) files().closeFile(number);
+  }
 };
 
 TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
@@ -122,7 +96,7 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytes(1, "c"));
   EXPECT_EQ(testMachine().readBack(file), "abc3456789");
   EXPECT_FALSE(opensForReading(file, kShareNone));
-  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), platform::kPermissionDenied);
+  EXPECT_EQ(numberOf(fileObjects().deleteFile(file, true)), kPermissionDenied);
   EXPECT_TRUE(files().putBytesAt(1, 6, "X"));
   EXPECT_TRUE(files().putBytes(1, "Y"));
   EXPECT_TRUE(files().putBytesAt(1, 1, std::string_view("\0\xFF", 2)));
@@ -130,10 +104,10 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytesAt(1, 3, "")) << "changes nothing but the position";
   EXPECT_TRUE(files().putBytes(1, "C"));
   EXPECT_TRUE(files().putBytesAt(1, 100, ""));
+  EXPECT_EQ(numberOf(files().putBytesAt(1, 0, "x")), kInvalidCall);
   files().closeFile(1);
-  EXPECT_EQ(testMachine().readBack(file), std::string("\0\xFF"
-                                                      "C34XY789\0\r",
-                                                      12));
+  const std::string written("\0\xFF\x43\x33\x34XY789\0\r", 12);
+  EXPECT_EQ(testMachine().readBack(file), written);
 
   ASSERT_TRUE(files().openBinary(1, at("new.bin"))) << "is made";
   files().closeFile(1);
@@ -142,19 +116,30 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
 
 TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) {
   const std::string file = makeFile("file.bin", "abc");
-  EXPECT_EQ(numberOf(files().openBinary(0, file)), platform::kBadFileNumber);
-  EXPECT_EQ(numberOf(files().openBinary(512, file)), platform::kBadFileNumber);
-  EXPECT_EQ(numberOf(files().putBytes(1, "x")), platform::kBadFileNumber);
+  EXPECT_EQ(numberOf(files().openBinary(0, file)), kBadFileNumber);
+  EXPECT_EQ(numberOf(files().openBinary(512, file)), kBadFileNumber);
   ASSERT_TRUE(files().openBinary(1, file));
-  EXPECT_EQ(numberOf(files().openBinary(1, makeFile("other.bin"))), platform::kFileAlreadyOpen);
+  EXPECT_EQ(numberOf(files().openBinary(1, makeFile("other.bin"))), kFileAlreadyOpen);
   files().closeFile(1);
-  EXPECT_EQ(numberOf(files().putBytes(1, "x")), platform::kBadFileNumber);
-  EXPECT_EQ(numberOf(files().putBytesAt(1, 1, "x")), platform::kBadFileNumber);
+  EXPECT_EQ(numberOf(files().putBytes(1, "x")), kBadFileNumber);
+  EXPECT_EQ(numberOf(files().putBytesAt(1, 1, "x")), kBadFileNumber);
   EXPECT_EQ(testMachine().readBack(file), "abc");
-  EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), platform::kPathNotFound);
-  EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), platform::kPathFileAccess);
-  testMachine().setAttributes(file, platform::kReadOnly);
-  EXPECT_EQ(numberOf(files().openBinary(1, file)), platform::kPathFileAccess);
+  EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), kPathNotFound);
+  EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), kPathFileAccess);
+  EXPECT_EQ(numberOf(files().openBinary(1, makeFile("protected.bin", "", kReadOnly))), kPathFileAccess);
+}
+
+TEST_F(FileNumbers, AreGivenFromTheLowestAndAreNoHandlesThatCouldBeFlushed) {
+  const std::string file = makeFile("file.bin");
+  for (int number = 1; number <= 511; ++number) {
+    EXPECT_EQ(files().freeFile().value(), number);
+    ASSERT_TRUE(files().openBinary(number, file));
+  }
+  EXPECT_EQ(numberOf(files().freeFile()), kTooManyFiles);
+  files().closeFile(200);
+  EXPECT_EQ(files().freeFile().value(), 200);
+  EXPECT_FALSE(files().flushFileBuffers(1));
+  EXPECT_FALSE(files().flushFileBuffers(kInvalidHandle));
 }
 
 }  // namespace

@@ -28,12 +28,9 @@ class MemoryTestMachine final : public TestMachine {
   void setAttributes(const std::string& path, std::uint32_t attributes) override {
     machine_.disk().setAttributes(path, attributes);
   }
-  void lock(const std::string& path) override { machine_.disk().lock(path); }
-  void unlock(const std::string& path) override { machine_.disk().unlock(path); }
 
   bool exists(const std::string& path) const override { return machine_.exists(path); }
   std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
-  std::uint32_t attributes(const std::string& path) const override { return machine_.disk().attributes(path).value(); }
   std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.disk().namesIn(folder); }
 
   void setCurrentFolder(const std::string& folder) override { machine_.disk().setCurrentFolder(folder); }
@@ -42,11 +39,10 @@ class MemoryTestMachine final : public TestMachine {
     machine_.disk().addLink(path, target);
   }
   bool letsLinksGo() const override { return true; }
-  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
-    machine_.environment().setVariable(name, value.value_or(""));
+  void setVariable(const std::string& name, const std::string& value) override {
+    machine_.environment().setVariable(name, value);
   }
-  // It has never been filled.
-  void emptyCache() override {}
+  void emptyCache() override {}  // every test has its own machine
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     machine_.urlCache().add(
         {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
@@ -54,15 +50,11 @@ class MemoryTestMachine final : public TestMachine {
   void useCachedPage(const std::string& url) override { machine_.urlCache().use(url); }
   std::size_t recentDocuments() const override { return machine_.shell().recentDocuments().size(); }
 
-  bool hasShortNames() const override { return true; }
-
   std::string keyRoot() const override { return "Software\\Contract"; }
-  void makeKey(const std::string& path) override { machine_.registry().addKey("HKCU\\" + path); }
   void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
                   const std::string& bytes) override {
     machine_.registry().set("HKCU\\" + path, name, {type, bytes});
   }
-  bool hasKey(const std::string& path) const override { return machine_.registry().hasKey("HKCU\\" + path); }
   std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
     const auto value = machine_.registry().value("HKCU\\" + path, name);
     return value ? std::optional(value->data) : std::nullopt;

@@ -13,7 +13,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 
 #include "platform/win32/Win32Machine.h"
 #include "tests/contract/TestMachine.h"
@@ -67,12 +66,6 @@ void removeKeys(HKEY parent, const std::string& path) {
   require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
 }
 
-HKEY makeAndOpenKey(const std::string& path) {
-  HKEY key = nullptr;
-  require(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS, "make the key", path);
-  return key;
-}
-
 std::vector<std::string> cachedUrls() {
   std::vector<std::string> urls;
   std::vector<char> block(1 << 16);
@@ -109,7 +102,6 @@ class Win32TestMachine final : public TestMachine {
   }
 
   ~Win32TestMachine() override {
-    for (const auto& [path, handle] : locks_) CloseHandle(handle);
     for (const std::string& url : usedPages_) UnlockUrlCacheEntryFileA(url.c_str(), 0);
     SetCurrentDirectoryA(firstFolder_.c_str());
     for (const std::string& link : links_) {
@@ -152,31 +144,12 @@ class Win32TestMachine final : public TestMachine {
     require(SetFileAttributesA(path.c_str(), wanted) != FALSE, "set the attributes of", path);
   }
 
-  void lock(const std::string& path) override {
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    require(file != INVALID_HANDLE_VALUE, "lock", path);
-    locks_[path] = file;
-  }
-
-  void unlock(const std::string& path) override {
-    const auto held = locks_.find(path);
-    require(held != locks_.end(), "unlock", path);
-    CloseHandle(held->second);
-    locks_.erase(held);
-  }
-
   bool exists(const std::string& path) const override { return isThere(path); }
 
   std::string readBack(const std::string& path) const override {
     std::ifstream file(path, std::ios::binary);
     require(file.is_open(), "read", path);
     return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  std::uint32_t attributes(const std::string& path) const override {
-    const DWORD attributes = GetFileAttributesA(path.c_str());
-    require(attributes != INVALID_FILE_ATTRIBUTES, "ask the attributes of", path);
-    return attributes;
   }
 
   std::vector<std::string> namesIn(const std::string& folder) const override {
@@ -214,9 +187,8 @@ class Win32TestMachine final : public TestMachine {
   // Wine opens what the link points to, whatever it is asked for.
   bool letsLinksGo() const override { return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") == nullptr; }
 
-  void setVariable(const std::string& name, const std::optional<std::string>& value) override {
-    const BOOL done = SetEnvironmentVariableA(name.c_str(), value ? value->c_str() : nullptr);
-    require(done != FALSE || !value, "set the variable", name);
+  void setVariable(const std::string& name, const std::string& value) override {
+    require(SetEnvironmentVariableA(name.c_str(), value.c_str()) != FALSE, "set the variable", name);
   }
 
   void emptyCache() override {
@@ -243,35 +215,18 @@ class Win32TestMachine final : public TestMachine {
 
   std::size_t recentDocuments() const override { return recentValues(); }
 
-  bool hasShortNames() const override {
-    const std::string probe = std::string(kRoot) + "\\probe.longextension";
-    CloseHandle(makeNew(probe));
-    std::array<char, MAX_PATH> alias{};
-    require(GetShortPathNameA(probe.c_str(), alias.data(), alias.size()) != 0, "find", probe);
-    require(DeleteFileA(probe.c_str()) != FALSE, "delete", probe);
-    return probe != alias.data();
-  }
-
   std::string keyRoot() const override { return kKeyRoot; }
-
-  void makeKey(const std::string& path) override { RegCloseKey(makeAndOpenKey(path)); }
 
   void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
                   const std::string& bytes) override {
-    const HKEY key = makeAndOpenKey(path);
+    HKEY key = nullptr;
+    require(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS, "make the key", path);
     // What stands behind the bytes must not be taken for a closing NUL.
     const std::string guarded = bytes + 'x';
     const LONG code = RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(guarded.data()),
                                      static_cast<DWORD>(bytes.size()));
     RegCloseKey(key);
     require(code == ERROR_SUCCESS, "store the value", name);
-  }
-
-  bool hasKey(const std::string& path) const override {
-    HKEY key = nullptr;
-    const bool isThere = RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS;
-    if (isThere) RegCloseKey(key);
-    return isThere;
   }
 
   std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
@@ -288,7 +243,6 @@ class Win32TestMachine final : public TestMachine {
  private:
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
-  std::map<std::string, HANDLE> locks_;
   std::vector<std::string> links_;
   std::vector<std::string> usedPages_;
 };
