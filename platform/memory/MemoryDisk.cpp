@@ -118,6 +118,35 @@ void MemoryDisk::setCurrentFolder(const std::string& path) {
   drives_.at(currentDrive_).currentFolder = full;
 }
 
+bool MemoryDisk::replaceByFolder(const std::string& path) {
+  const Result<NodePtr> file = walk(fullPath(path).value());
+  if (!file || isOpen(**file)) return false;
+  takeOut(**file);
+  addFile(path + "\\inside.txt", "inside");
+  return true;
+}
+
+bool MemoryDisk::replaceByLink(const std::string& path, const std::string& target) {
+  const Result<NodePtr> folder = walk(fullPath(path).value());
+  if (!folder || isOpen(**folder)) return false;
+  takeOut(**folder);
+  addLink(path, target);
+  return true;
+}
+
+bool MemoryDisk::replaceByFileLink(const std::string& path) {
+  const Result<NodePtr> file = walk(fullPath(path).value());
+  if (!file || isOpen(**file)) return false;
+  addFile(path, "target")->attributes |= kReparsePoint;
+  return true;
+}
+
+bool MemoryDisk::isOpen(const Node& node) {
+  if (node.openings > 0 || node.isExclusive) return true;
+  return node.isFolder() && !node.isLink() &&
+         std::ranges::any_of(*node.entries, [](const auto& entry) { return isOpen(*entry.second); });
+}
+
 // --- What is there
 
 std::optional<std::string> MemoryDisk::contents(const std::string& path) const {
@@ -264,8 +293,13 @@ void MemoryDisk::write(Handle handle, std::optional<std::uint64_t> position, std
   OpenFile& opened = open_.at(handle);
   opened.position = position.value_or(opened.position);
   if (bytes.empty()) return;
-  opened.file->contents.write(opened.position, bytes);
-  if (notesWrites_) writes_.push_back(Write{pathOf(*opened.file), opened.position, std::string(bytes)});
+  Contents& contents = opened.file->contents;
+  if (notesWrites_) {
+    contents.write(opened.position, bytes);
+    writes_.push_back(Write{pathOf(*opened.file), opened.position, std::string(bytes)});
+  } else {
+    contents.size = std::max(contents.size, opened.position + bytes.size());
+  }
   opened.position += bytes.size();
 }
 

@@ -73,6 +73,11 @@ class MemoryDisk {
   // The 8.3 name, which patterns match too. Nothing has one until it is given here.
   void setShortName(const std::string& path, const std::string& name) { existing(path)->shortName = name; }
   void setAttributes(const std::string& path, std::uint32_t attributes);
+  // What another program does in the midst of things: makes a file a folder that holds a file "inside.txt", a folder a
+  // link to `target`, a file a link to a file. Returns false when something there is open, which forbids it.
+  bool replaceByFolder(const std::string& path);
+  bool replaceByLink(const std::string& path, const std::string& target);
+  bool replaceByFileLink(const std::string& path);
   // Makes the folder its drive's current one, and the drive the current drive.
   void setCurrentFolder(const std::string& path);
   // Another program holds the file, and shares nothing.
@@ -93,7 +98,7 @@ class MemoryDisk {
   std::vector<std::string> namesIn(const std::string& folder) const;
   // Every write since the start. Writing nothing is none.
   const std::vector<Write>& writes() const { return writes_; }
-  // From now on writes are carried out but not noted: what is written need not fit into memory twice.
+  // From now on writes are neither noted nor stored: they only change the size of the file.
   void forgetWrites() { notesWrites_ = false; }
   std::size_t openFiles() const { return open_.size(); }
 
@@ -160,6 +165,8 @@ class MemoryDisk {
   NodePtr existing(const std::string& path) const { return walk(fullPath(path).value()).value(); }
   // The file or folder of that path, which is made when it is missing.
   NodePtr made(const std::string& path, bool folder);
+  // Whether a handle is open to the file, the folder, or something in it.
+  static bool isOpen(const Node& node);
   Result<void> mayGo(const Node& node, bool readOnlyToo) const;
 
   std::map<char, DriveState> drives_;

@@ -31,6 +31,7 @@ class MemoryEnvironment final : public Environment {
 
   std::uint32_t getTickCount() override { return tickCount_; }
   std::string programFolder() override { return programFolder_; }
+  std::string windowsFolder() override { return "C:\\Windows"; }
   std::string getEnvironmentVariable(const std::string& name) override {
     const auto found = variables_.find(name);
     return faults_.nextFault("getEnvironmentVariable") || found == variables_.end() ? std::string() : found->second;

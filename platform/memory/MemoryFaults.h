@@ -19,6 +19,10 @@ class MemoryFaults {
     Operation& ordered = operations_[std::string(operation)];
     ordered.failures[ordered.calls + n] = number;
   }
+  // Orders the n-th next call (1-based) of any operation to fail once, as above.
+  void failCall(int n, std::optional<std::int32_t> number = std::nullopt) { failing_ = {calls_ + n, number}; }
+  // The name of the operation that has failed last.
+  const std::string& lastFailed() const { return lastFailed_; }
   // How often the operation has been called.
   int calls(std::string_view operation) const {
     const auto found = operations_.find(operation);
@@ -26,10 +30,12 @@ class MemoryFaults {
   }
   // Whether an ordered failure has not happened yet.
   bool left() const {
-    return std::ranges::any_of(operations_, [](const auto& entry) { return !entry.second.failures.empty(); });
+    return failing_.call > calls_ ||
+           std::ranges::any_of(operations_, [](const auto& entry) { return !entry.second.failures.empty(); });
   }
   // Takes back what was ordered and has not happened.
   void clear() {
+    failing_ = {};
     for (auto& [name, operation] : operations_) operation.failures.clear();
   }
 
@@ -39,7 +45,10 @@ class MemoryFaults {
     if (found == operations_.end()) found = operations_.emplace(operation, Operation{}).first;
     Operation& called = found->second;
     const auto failure = called.failures.extract(++called.calls);
-    return failure.empty() ? std::nullopt : std::optional(failure.mapped().value_or(usual));
+    const bool isNth = ++calls_ == failing_.call;
+    if (failure.empty() && !isNth) return std::nullopt;
+    lastFailed_ = operation;
+    return (isNth ? failing_.number : failure.mapped()).value_or(usual);
   }
 
  private:
@@ -48,7 +57,15 @@ class MemoryFaults {
     std::map<int, std::optional<std::int32_t>> failures;  // by number of the call
   };
 
+  struct Failing {
+    int call = 0;
+    std::optional<std::int32_t> number = {};
+  };
+
   std::map<std::string, Operation, std::less<>> operations_;
+  int calls_ = 0;
+  Failing failing_;
+  std::string lastFailed_;
 };
 
 }  // namespace platform::memory

@@ -13,6 +13,10 @@ class MemoryFileObjects final : public FileObjects {
  public:
   MemoryFileObjects(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
 
+  Result<void> create() override {
+    const auto fault = faults_.nextFault("create", kCannotCreateObject);
+    return fault ? failure(*fault) : Result<void>{};
+  }
   bool folderExists(const std::string& path) override {
     if (faults_.nextFault("folderExists")) return false;
     const Result<NodePtr> node = disk_.find(path);

@@ -60,11 +60,11 @@ std::uint32_t MemoryFileSystem::getFileAttributes(const std::string& path) {
   return node ? (*node)->reportedAttributes() : kInvalidAttributes;
 }
 
-Result<std::int32_t> MemoryFileSystem::fileLength(const std::string& path) {
-  if (const auto number = faults_.nextFault("fileLength", kFileNotFound)) return failure(*number);
+Result<std::uint64_t> MemoryFileSystem::fileSize(const std::string& path) {
+  if (const auto number = faults_.nextFault("fileSize", kFileNotFound)) return failure(*number);
   const Result<NodePtr> node = disk_.find(path);
   if (!node || (*node)->isFolder()) return failure(kFileNotFound);
-  return static_cast<std::int32_t>(static_cast<std::uint32_t>((*node)->contents.size));
+  return (*node)->contents.size;
 }
 
 bool MemoryFileSystem::anyFileMatches(const std::string& pattern, std::uint32_t mask) {
@@ -91,6 +91,21 @@ bool MemoryFileSystem::flushFileBuffers(Handle handle) {
   return !faults_.nextFault("flushFileBuffers") && disk_.isOpen(handle);
 }
 
+Result<Handle> MemoryFileSystem::holdFolder(const std::string& folder, bool mayBeLink) {
+  if (const auto fault = faults_.nextFault("holdFolder", kPermissionDenied)) return failure(*fault);
+  const Result<NodePtr> node = disk_.find(folder);
+  if (!node || !(*node)->isFolder() || ((*node)->isLink() && !mayBeLink)) return failure(kPathNotFound);
+  ++(*node)->openings;
+  return held_.emplace(disk_.newHandle(), *node).first->first;
+}
+
+void MemoryFileSystem::releaseFolder(Handle held) {
+  const auto found = held_.find(held);
+  if (found == held_.end()) return;
+  --found->second->openings;
+  held_.erase(found);
+}
+
 // --- File numbers
 
 Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
@@ -100,6 +115,7 @@ Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
   Result<NodePtr> file = disk_.find(path);
   if (!file && file.error().number == kFileNotFound) file = disk_.create(path);
   if (!file) return std::unexpected(file.error());
+  if ((*file)->isLink()) return failure(kPathFileAccess);
   const Result<Handle> handle = disk_.open(*file, kGenericRead | kGenericWrite, kShareRead | kShareWrite);
   if (!handle) return std::unexpected(handle.error());
   numbered_.emplace(number, *handle);
@@ -118,7 +134,7 @@ Result<void> MemoryFileSystem::putBytes(int number, std::string_view bytes) {
   return write(number, std::nullopt, bytes);
 }
 
-Result<void> MemoryFileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
+Result<void> MemoryFileSystem::putBytesAt(int number, std::uint64_t position, std::string_view bytes) {
   if (const auto fault = faults_.nextFault("putBytesAt", kDiskFull)) return failure(*fault);
   return position == 0 ? failure(kInvalidCall) : write(number, position - 1, bytes);
 }

@@ -22,16 +22,18 @@ class MemoryFileSystem final : public FileSystem {
   bool findNextFile(Handle enumeration, FindRecord& record) override;
   bool findClose(Handle enumeration) override;
   std::uint32_t getFileAttributes(const std::string& path) override;
-  Result<std::int32_t> fileLength(const std::string& path) override;
+  Result<std::uint64_t> fileSize(const std::string& path) override;
   bool anyFileMatches(const std::string& pattern, std::uint32_t mask) override;
   // Opens existing files only, whatever the disposition.
   Handle createFile(const std::string& path, const OpenRequest& request) override;
   bool closeHandle(Handle handle) override;
   Result<void> openBinary(int number, const std::string& path) override;
   Result<void> putBytes(int number, std::string_view bytes) override;
-  Result<void> putBytesAt(int number, std::uint32_t position, std::string_view bytes) override;
+  Result<void> putBytesAt(int number, std::uint64_t position, std::string_view bytes) override;
   void closeFile(int number) override;
   Result<int> freeFile() override;
+  Result<Handle> holdFolder(const std::string& folder, bool mayBeLink) override;
+  void releaseFolder(Handle held) override;
   bool flushFileBuffers(Handle handle) override;
   Result<std::string> getFullPathName(const std::string& path) override;
   Result<void> moveFile(const std::string& from, const std::string& to) override;
@@ -42,6 +44,8 @@ class MemoryFileSystem final : public FileSystem {
   Result<std::vector<std::string>> subfolders(const std::string& folder) override;
   Result<std::vector<std::string>> filesIn(const std::string& folder) override;
 
+  // How many folders are held.
+  std::size_t heldFolders() const { return held_.size(); }
   // How many enumerations have not been closed.
   std::size_t openEnumerations() const { return enumerations_.size(); }
 
@@ -65,6 +69,7 @@ class MemoryFileSystem final : public FileSystem {
   MemoryFaults& faults_;
   std::map<Handle, Enumeration> enumerations_;
   std::map<int, Handle> numbered_;  // open file numbers
+  std::map<Handle, NodePtr> held_;
 };
 
 }  // namespace platform::memory

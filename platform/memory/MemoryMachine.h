@@ -56,7 +56,8 @@ class MemoryMachine final : public platform::Machine {
 
   // The handles, enumerations and file numbers that the program has not closed.
   std::size_t openHandles() const {
-    return disk_.openFiles() + files_.openEnumerations() + urlCache_.openEnumerations() + urlHistory_.liveObjects();
+    return disk_.openFiles() + files_.openEnumerations() + files_.heldFolders() + urlCache_.openEnumerations() +
+           urlHistory_.liveObjects();
   }
 
   // Short forms of what most tests use.

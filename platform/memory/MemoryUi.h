@@ -59,6 +59,8 @@ class MemoryUi final : public Ui {
     const ShownBox box{text, title, style, (style & kBoxSecondButtonDefault) != 0 ? last : first};
     const std::size_t index = boxes_.size();
     boxes_.push_back(box);
+    // A box that cannot be shown answers with its last button.
+    if (faults_.nextFault("messageBox")) return boxes_[index].answer = last;
     if (onBox_) onBox_(box);
     if (answers_.empty()) return box.answer;
 
