@@ -278,7 +278,9 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     };
     scanFor(form, one.page);
     EXPECT_EQ(state(), "--- disabled Select All");
+    for (controls::Control* choice : {&form.optRecycle, &form.optWipe}) choice->hide();
     EXPECT_EQ(press(one.select), Paths{});
+    EXPECT_TRUE(form.optRecycle.visible() == !isCache && form.optWipe.visible() == (&one.list == &form.ListView1));
     EXPECT_EQ(state(), "xxx enabled Clear All");
     one.list.clickTick(0);
     EXPECT_EQ(state(), "-xx enabled Clear All");
@@ -305,45 +307,6 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     EXPECT_EQ(state(), " disabled Select All");
   }
   EXPECT_EQ(machine.filesBelow("C:\\J").size() + machine.urlCache().urls().size(), 6U);
-}
-
-class Lists : public ConsoleTest {};
-
-TEST_F(Lists, RemovingRowsKeepsTicksSelectionAndKeysInStep) {
-  controls::ListView& list = form.ListView1;
-  int checks = 0;
-  list.onItemCheck = [&checks] { ++checks; };
-  const auto fill = [&list] {
-    list.clear();
-    for (const char* text : {"a", "b", "c", "d", "e"}) list.add(text);
-    list.setTicked(1, true);
-    list.setTicked(3, true);
-  };
-  // The rows to remove, the selected row before (9: none), and what is left: the rows, the selected one in brackets.
-  const std::tuple<std::vector<std::size_t>, std::size_t, const char*> cases[] = {
-      {{}, 2, "ab[c]de"},   {{2}, 2, "abde"}, {{4, 0}, 2, "b[c]d"},    {{3, 1}, 4, "ac[e]"},
-      {{4, 3}, 0, "[a]bc"}, {{0}, 9, "bcde"}, {{0, 1, 2, 3, 4}, 4, ""}};
-  for (const auto& [removed, selected, expected] : cases) {
-    fill();
-    list.select(selected);
-    checks = 0;
-    list.removeRows(removed);
-    std::string left;
-    for (std::size_t i = 0; i < list.rowCount(); ++i)
-      left += list.selected() == i ? '[' + list.text(i) + ']' : list.text(i);
-    EXPECT_EQ(left, expected);
-    const auto ticked =
-        static_cast<std::size_t>(std::ranges::count_if(left, [](char c) { return c == 'b' || c == 'd'; }));
-    EXPECT_EQ(list.tickedCount(), ticked);
-    EXPECT_EQ(checks, ticked < 2 ? 1 : 0) << "once, and only when ticked rows have left";
-    EXPECT_EQ(list.containsKey("A"), left.contains('a'));
-  }
-  fill();
-  list.clickRow(1);
-  checks = 0;
-  list.clear();
-  EXPECT_FALSE(list.selected() || list.containsKey("B"));
-  EXPECT_EQ(checks, 1);
 }
 
 }  // namespace

@@ -145,6 +145,15 @@ TEST_F(DeleteFiles, WipeLeavesReadOnlyLockedAndRefusedFilesAndTheRowsInOrder) {
   EXPECT_EQ(paths(), left);
 }
 
+TEST_F(DeleteFiles, AWipeOfMoreRoundsEndsWithItsFileNotFound) {
+  for (const std::size_t rounds : {0U, 1U, 2U}) {
+    addFiles("C:\\J", {"a"});
+    const platform::Result<void> wiped = finder::wipe("C:\\J\\a", rounds);
+    EXPECT_EQ(wiped ? 0 : wiped.error().number, rounds == 2 ? platform::kFileNotFound : 0);
+    EXPECT_EQ(machine.exists("C:\\J\\a"), rounds == 0);
+  }
+}
+
 TEST_F(DeleteFiles, TooManyRowsEndTheWipeAfterItsFirstFile) {
   addFiles("C:\\J", {"a.tmp", "b.tmp", "c.tmp"});
   list({"b.tmp", "c.tmp"});
