@@ -98,7 +98,7 @@ SH
 }
 
 # Wine only checks that its libraries exist in the prefix and loads its own; without debug information a prefix has a
-# third of the size and is copied in a fifth of the time. Old 16-bit files have another format and stay as they are.
+# third of the size and is copied several times faster. Old 16-bit files have another format and stay as they are.
 strip_libraries() {
   find "$1/drive_c/windows" -type f \( -name '*.dll' -o -name '*.exe' -o -name '*.drv' -o -name '*.ocx' \) -print0 |
     xargs -0 -n 50 i686-w64-mingw32-strip

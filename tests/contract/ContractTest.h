@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,10 +39,12 @@ class ContractTest : public testing::Test {
     return at(name);
   }
 
+  bool exists(const std::string& path) { return files().getFileAttributes(path) != kInvalidAttributes; }
+
   // The names in the working folder, or in a folder of it.
   Names namesIn(const std::string& folder = ".") { return testMachine_->namesIn(at(folder)); }
 
-  // The names that an enumeration gives.
+  // The names that an enumeration gives, sorted bytewise.
   Names find(const std::string& pattern) {
     Names names;
     FindRecord record;
@@ -51,6 +54,7 @@ class ContractTest : public testing::Test {
       names.emplace_back(record.name.data());
     } while (files().findNextFile(enumeration, record));
     EXPECT_TRUE(files().findClose(enumeration));
+    std::ranges::sort(names);
     return names;
   }
 

@@ -38,8 +38,6 @@ class TestMachine {
   // Sets the attribute bits read-only, hidden, system, archive of a file, or hidden and system of a folder.
   virtual void setAttributes(const std::string& path, std::uint32_t attributes) = 0;
 
-  // Whether there is a file or folder of that path.
-  virtual bool exists(const std::string& path) const = 0;
   // The bytes of a file (a small one) that nobody has open without sharing.
   virtual std::string readBack(const std::string& path) const = 0;
   // The names in a folder, without "." and "..", sorted bytewise.
@@ -60,17 +58,10 @@ class TestMachine {
   virtual void setVariable(const std::string& name, const std::string& value) = 0;
 
   // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the test machine is
-  // made, and goes with the test machine. Paths of the helpers are below HKEY_CURRENT_USER too.
+  // made, and goes with the test machine.
   virtual std::string keyRoot() const = 0;
-  // Makes a key with its missing parents, and stores a value in it.
-  virtual void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
-                          const std::string& bytes) = 0;
-  // The bytes of a value; nothing when it is not there.
-  virtual std::optional<std::string> storedValue(const std::string& path, const std::string& name) const = 0;
 
-  // Takes everything out of the Internet cache.
-  virtual void emptyCache() = 0;
-  // Puts a page with a file of its own into the Internet cache.
+  // Puts a page with a file of its own into the Internet cache, until the test machine's end. Nothing else is in it.
   virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
   // Another program reads the page, until the test machine's end.
   virtual void useCachedPage(const std::string& url) = 0;

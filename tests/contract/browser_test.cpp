@@ -9,16 +9,12 @@
 namespace contract {
 namespace {
 
-using testing::UnorderedElementsAreArray;
-
 // 5 March 2004, 14:10:02 UTC. Some caches keep times to two seconds only.
 constexpr FileTime kAfternoon{.low = 0x8CF19900, .high = 0x01C402BB};
 const std::string kSite = "http://contract.example/";
 
 class UrlCacheContract : public ContractTest {
  protected:
-  void SetUp() override { testMachine().emptyCache(); }
-
   UrlCache& cache() { return machine().urlCache(); }
 
   // Asks for the first or the next entry with a block of `size` bytes, none for 0; `size` is what the call then says.
@@ -60,7 +56,7 @@ TEST_F(UrlCacheContract, GivesEveryEntryOnceWhenItIsAskedForTheSizeFirst) {
     put.push_back(kSite + std::string(i * 7 % 40, 'x') + std::to_string(i));
     testMachine().cachePage(put.back(), kAfternoon);
   }
-  EXPECT_THAT(urls(), UnorderedElementsAreArray(put));
+  EXPECT_THAT(urls(), testing::UnorderedElementsAreArray(put));
 }
 
 TEST_F(UrlCacheContract, ATooSmallBlockGetsNothingAndItsEntryStaysTheNextOne) {
@@ -91,7 +87,7 @@ TEST_F(UrlCacheContract, DeletesByUrlWhatNobodyUses) {
   for (const std::string& url : {kSite + "a", kSite + "b", std::string()}) {
     EXPECT_FALSE(cache().deleteUrlCacheEntry(url)) << url;
   }
-  EXPECT_THAT(urls(), UnorderedElementsAreArray({kSite + "a", kSite + "c"}));
+  EXPECT_THAT(urls(), testing::UnorderedElementsAre(kSite + "a", kSite + "c"));
 }
 
 class CalendarContract : public ContractTest {

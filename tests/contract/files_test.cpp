@@ -106,24 +106,17 @@ TEST_F(FileNumbers, WriteInPlaceFromTheFirstByteOn) {
   EXPECT_TRUE(files().putBytesAt(1, 100, ""));
   EXPECT_EQ(numberOf(files().putBytesAt(1, 0, "x")), kInvalidCall);
   files().closeFile(1);
-  const std::string written("\0\xFF\x43\x33\x34XY789\0\r", 12);
-  EXPECT_EQ(testMachine().readBack(file), written);
-
-  ASSERT_TRUE(files().openBinary(1, at("new.bin"))) << "is made";
-  files().closeFile(1);
-  EXPECT_EQ(testMachine().readBack(at("new.bin")), "");
+  EXPECT_EQ(testMachine().readBack(file), std::string("\0\xFF\x43\x33\x34XY789\0\r", 12));
 }
 
-TEST_F(FileNumbers, AreRefusedOutOfRangeTakenOrClosedAndForWhatCannotBeWritten) {
-  const std::string file = makeFile("file.bin", "abc");
-  EXPECT_EQ(numberOf(files().openBinary(0, file)), kBadFileNumber);
-  EXPECT_EQ(numberOf(files().openBinary(512, file)), kBadFileNumber);
-  ASSERT_TRUE(files().openBinary(1, file));
-  EXPECT_EQ(numberOf(files().openBinary(1, makeFile("other.bin"))), kFileAlreadyOpen);
+TEST_F(FileNumbers, MakeMissingFilesAndAreRefusedWhereNothingCanBeWritten) {
+  ASSERT_TRUE(files().openBinary(1, at("new.bin")));
+  EXPECT_EQ(numberOf(files().openBinary(1, makeFile("file.bin"))), kFileAlreadyOpen);
   files().closeFile(1);
+  EXPECT_EQ(testMachine().readBack(at("new.bin")), "");
   EXPECT_EQ(numberOf(files().putBytes(1, "x")), kBadFileNumber);
   EXPECT_EQ(numberOf(files().putBytesAt(1, 1, "x")), kBadFileNumber);
-  EXPECT_EQ(testMachine().readBack(file), "abc");
+  EXPECT_EQ(numberOf(files().openBinary(512, at("file.bin"))), kBadFileNumber);
   EXPECT_EQ(numberOf(files().openBinary(1, at("missing\\new.bin"))), kPathNotFound);
   EXPECT_EQ(numberOf(files().openBinary(1, makeFolder("folder"))), kPathFileAccess);
   EXPECT_EQ(numberOf(files().openBinary(1, makeFile("protected.bin", "", kReadOnly))), kPathFileAccess);

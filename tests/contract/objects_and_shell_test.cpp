@@ -35,7 +35,7 @@ TEST_F(FileObjectsContract, FindNothingWhereNothingIsAndDeleteNoRoot) {
   for (const std::string& root : {drive + "\\", drive + "\\.", at("..\\")}) {
     EXPECT_EQ(numberOf(fileObjects().deleteFolder(root, true)), kPermissionDenied) << root;
   }
-  EXPECT_TRUE(testMachine().exists(at("folder\\file.txt")));
+  EXPECT_TRUE(exists(at("folder\\file.txt")));
 }
 
 TEST_F(FileObjectsContract, DeleteWhatMatchesAndFoldersWithAllInThemProtectedFilesOnlyByForce) {
@@ -46,14 +46,14 @@ TEST_F(FileObjectsContract, DeleteWhatMatchesAndFoldersWithAllInThemProtectedFil
   EXPECT_TRUE(fileObjects().deleteFile(at("*.tmp"), false));
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), false)), kPermissionDenied);
   EXPECT_EQ(numberOf(fileObjects().deleteFile(isProtected, false)), kPermissionDenied);
-  EXPECT_TRUE(testMachine().exists(isProtected));
+  EXPECT_TRUE(exists(isProtected));
   EXPECT_TRUE(fileObjects().deleteFolder(at("TREE\\"), true));
   EXPECT_EQ(namesIn(), (Names{"kept.txt", "tree kept"}));
 
   const std::string file = makeFile("tree\\in use.txt", "kept");
   lock(file);
   EXPECT_EQ(numberOf(fileObjects().deleteFolder(at("tree"), true)), kPermissionDenied);
-  EXPECT_TRUE(testMachine().exists(file));
+  EXPECT_TRUE(exists(file));
 }
 
 TEST_F(FileObjectsContract, DeleteFoldersWithoutWhatTheirLinksPointTo) {
@@ -70,10 +70,10 @@ TEST_F(FileObjectsContract, DeleteFoldersWithoutWhatTheirLinksPointTo) {
   const std::int32_t expected = testMachine().letsLinksGo() ? 0 : kPermissionDenied;
   for (const char* name : {"tree", "toEmpty"}) {
     EXPECT_EQ(numberOf(fileObjects().deleteFolder(at(name), true)), expected) << name;
-    EXPECT_EQ(testMachine().exists(at(name)), !testMachine().letsLinksGo()) << name;
+    EXPECT_EQ(exists(at(name)), !testMachine().letsLinksGo()) << name;
   }
   EXPECT_EQ(testMachine().readBack(at("outside\\full\\kept.txt")), "kept");
-  EXPECT_TRUE(testMachine().exists(at("outside\\empty")));
+  EXPECT_TRUE(exists(at("outside\\empty")));
 }
 
 class ShellContract : public ContractTest {
@@ -129,7 +129,7 @@ TEST_F(ShellContract, ForgetsTheRecentDocuments) {
   EXPECT_EQ(testMachine().recentDocuments(), 1U);
   machine().shell().addToRecentDocs(kRecentByPath, std::nullopt);
   EXPECT_EQ(testMachine().recentDocuments(), 0U);
-  EXPECT_TRUE(testMachine().exists(document));
+  EXPECT_TRUE(exists(document));
 }
 
 }  // namespace

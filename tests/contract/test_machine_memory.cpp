@@ -29,7 +29,6 @@ class MemoryTestMachine final : public TestMachine {
     machine_.disk().setAttributes(path, attributes);
   }
 
-  bool exists(const std::string& path) const override { return machine_.exists(path); }
   std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
   std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.disk().namesIn(folder); }
 
@@ -42,7 +41,6 @@ class MemoryTestMachine final : public TestMachine {
   void setVariable(const std::string& name, const std::string& value) override {
     machine_.environment().setVariable(name, value);
   }
-  void emptyCache() override {}  // every test has its own machine
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     machine_.urlCache().add(
         {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
@@ -51,14 +49,6 @@ class MemoryTestMachine final : public TestMachine {
   std::size_t recentDocuments() const override { return machine_.shell().recentDocuments().size(); }
 
   std::string keyRoot() const override { return "Software\\Contract"; }
-  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
-                  const std::string& bytes) override {
-    machine_.registry().set("HKCU\\" + path, name, {type, bytes});
-  }
-  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
-    const auto value = machine_.registry().value("HKCU\\" + path, name);
-    return value ? std::optional(value->data) : std::nullopt;
-  }
 
  private:
   mutable platform::memory::MemoryMachine machine_;  // its services are not const, nor are their queries

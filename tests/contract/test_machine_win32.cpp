@@ -49,14 +49,6 @@ void makeFolders(const std::string& path) {
   require(std::filesystem::is_directory(path, error), "make", path);
 }
 
-HANDLE makeNew(const std::string& path) {
-  makeFolders(path.substr(0, path.rfind('\\')));
-  const HANDLE file =
-      CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  require(file != INVALID_HANDLE_VALUE, "make", path);
-  return file;
-}
-
 void removeKeys(HKEY parent, const std::string& path) {
   HKEY key = nullptr;
   if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
@@ -64,21 +56,6 @@ void removeKeys(HKEY parent, const std::string& path) {
   while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) removeKeys(key, name.data());
   RegCloseKey(key);
   require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key", path);
-}
-
-std::vector<std::string> cachedUrls() {
-  std::vector<std::string> urls;
-  std::vector<char> block(1 << 16);
-  auto* entry = reinterpret_cast<INTERNET_CACHE_ENTRY_INFOA*>(block.data());
-  auto size = static_cast<DWORD>(block.size());
-  const HANDLE walk = FindFirstUrlCacheEntryA(nullptr, entry, &size);
-  if (walk == nullptr) return urls;
-  do {
-    urls.emplace_back(entry->lpszSourceUrlName);
-    size = static_cast<DWORD>(block.size());
-  } while (FindNextUrlCacheEntryA(walk, entry, &size) != FALSE);
-  FindCloseUrlCache(walk);
-  return urls;
 }
 
 // How many values the list has, without the one that keeps their order.
@@ -103,6 +80,7 @@ class Win32TestMachine final : public TestMachine {
 
   ~Win32TestMachine() override {
     for (const std::string& url : usedPages_) UnlockUrlCacheEntryFileA(url.c_str(), 0);
+    for (const std::string& url : pages_) DeleteUrlCacheEntryA(url.c_str());
     SetCurrentDirectoryA(firstFolder_.c_str());
     for (const std::string& link : links_) {
       const std::size_t end = link.rfind('\\');
@@ -125,13 +103,14 @@ class Win32TestMachine final : public TestMachine {
   void makeFolder(const std::string& path) override { makeFolders(path); }
 
   void makeFile(const std::string& path, const std::string& bytes) override {
-    CloseHandle(makeNew(path));
+    makeFolders(path.substr(0, path.rfind('\\')));
     std::ofstream file(path, std::ios::binary);
-    require(file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).good(), "fill", path);
+    require((file << bytes).good(), "make", path);
   }
 
   void makeLongFile(const std::string& path, std::uint64_t size) override {
-    const HANDLE file = makeNew(path);
+    makeFile(path, "");
+    const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     LONG high = static_cast<LONG>(size >> 32);
     SetFilePointer(file, static_cast<LONG>(size), &high, FILE_BEGIN);
     const BOOL done = SetEndOfFile(file);
@@ -143,8 +122,6 @@ class Win32TestMachine final : public TestMachine {
     const DWORD wanted = attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
     require(SetFileAttributesA(path.c_str(), wanted) != FALSE, "set the attributes of", path);
   }
-
-  bool exists(const std::string& path) const override { return isThere(path); }
 
   std::string readBack(const std::string& path) const override {
     std::ifstream file(path, std::ios::binary);
@@ -191,10 +168,6 @@ class Win32TestMachine final : public TestMachine {
     require(SetEnvironmentVariableA(name.c_str(), value.c_str()) != FALSE, "set the variable", name);
   }
 
-  void emptyCache() override {
-    for (const std::string& url : cachedUrls()) require(DeleteUrlCacheEntryA(url.c_str()) != FALSE, "uncache", url);
-  }
-
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     std::array<char, MAX_PATH + 1> file{};
     require(CreateUrlCacheEntryA(url.c_str(), 4, "htm", file.data(), 0) != FALSE, "cache", url);
@@ -202,6 +175,7 @@ class Win32TestMachine final : public TestMachine {
     const BOOL done = CommitUrlCacheEntryA(url.c_str(), file.data(), {expires.low, expires.high}, {},
                                            NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
     require(done != FALSE, "cache", url);
+    pages_.push_back(url);
   }
 
   void useCachedPage(const std::string& url) override {
@@ -217,33 +191,11 @@ class Win32TestMachine final : public TestMachine {
 
   std::string keyRoot() const override { return kKeyRoot; }
 
-  void storeValue(const std::string& path, const std::string& name, std::uint32_t type,
-                  const std::string& bytes) override {
-    HKEY key = nullptr;
-    require(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key) == ERROR_SUCCESS, "make the key", path);
-    // What stands behind the bytes must not be taken for a closing NUL.
-    const std::string guarded = bytes + 'x';
-    const LONG code = RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(guarded.data()),
-                                     static_cast<DWORD>(bytes.size()));
-    RegCloseKey(key);
-    require(code == ERROR_SUCCESS, "store the value", name);
-  }
-
-  std::optional<std::string> storedValue(const std::string& path, const std::string& name) const override {
-    std::array<char, 1000> bytes{};
-    auto size = static_cast<DWORD>(bytes.size());
-    HKEY key = nullptr;
-    RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key);
-    const LONG code =
-        RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()), &size);
-    RegCloseKey(key);
-    return code == ERROR_SUCCESS ? std::optional(std::string(bytes.data(), size)) : std::nullopt;
-  }
-
  private:
   platform::win32::Win32Machine machine_;
   std::string firstFolder_;
   std::vector<std::string> links_;
+  std::vector<std::string> pages_;
   std::vector<std::string> usedPages_;
 };
 

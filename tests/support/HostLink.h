@@ -9,20 +9,16 @@
 
 namespace support {
 
-// Runs a program of the host, which Wine reaches under this prefix, in `folder`. Does not wait for it.
+// Runs a program of the host, which Wine reaches under this prefix, in `folder`. Does not wait for it. Wine stores no
+// handles for such a program but whatever its memory holds, so that closing them would close some other object.
 inline bool startHostProgram(const std::string& folder, const std::string& program, const std::string& arguments) {
   STARTUPINFOA start = {};
   start.cb = sizeof(start);
   PROCESS_INFORMATION process = {};
   std::string command = program + ' ' + arguments;
   const std::string path = "\\\\?\\unix\\bin\\" + program;
-  if (CreateProcessA(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
-                     &process) == FALSE) {
-    return false;
-  }
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return true;
+  return CreateProcessA(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &start,
+                        &process) != FALSE;
 }
 
 // Waits until a path is there, or is not; false when that takes too long.

@@ -103,30 +103,16 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
 }
 
 TEST_F(Console, NamesTheWindowsVersion) {
-  struct Version {
-    std::uint32_t platform, major, minor, build;
+  const auto name = [this](std::uint32_t family, std::uint32_t major, std::uint32_t minor, std::uint32_t build = 0) {
+    machine.version().set({.major = major, .minor = minor, .build = build, .platformId = family});
+    return GetWindowsVersionName() + '|';
   };
-  const Version versions[] = {{1, 4, 0, 950},
-                              {1, 4, 10, 0x040A0000 | 2222},
-                              {1, 4, 10, 0x040A0000 | 1998},
-                              {1, 4, 90, 3000},
-                              {1, 4, 50, 0},
-                              {2, 3, 51, 0},
-                              {2, 4, 1, 0},
-                              {2, 5, 0, 0},
-                              {2, 5, 1, 0},
-                              {2, 5, 2, 0},
-                              {2, 5, 3, 0},
-                              {2, 6, 0, 0},
-                              {7, 5, 1, 0}};
-  std::string names;
-  for (const Version& one : versions) {
-    machine.version().set({.major = one.major, .minor = one.minor, .build = one.build, .platformId = one.platform});
-    names += GetWindowsVersionName() + '|';
-  }
-  EXPECT_EQ(names,
-            "Windows 95|Windows 98SE|Windows 98|Windows Me||Windows NT 3.51|Windows NT 4.0|Windows 2000|"
-            "Windows XP|Windows Server 2003|||Failed|");
+  EXPECT_EQ(name(1, 4, 0) + name(1, 4, 10, 0x040A0000 | 2222) + name(1, 4, 10, 0x040A0000 | 1998) + name(1, 4, 90) +
+                name(1, 4, 50),
+            "Windows 95|Windows 98SE|Windows 98|Windows Me||");
+  EXPECT_EQ(name(2, 3, 51) + name(2, 4, 1) + name(2, 5, 0) + name(2, 5, 1) + name(2, 5, 2) + name(2, 5, 3) +
+                name(2, 6, 0) + name(7, 5, 1),
+            "Windows NT 3.51|Windows NT 4.0|Windows 2000|Windows XP|Windows Server 2003|||Failed|");
   machine.failAt("getVersionEx");
   EXPECT_EQ(GetWindowsVersionName(), "Windows 3.1");
 }
@@ -190,6 +176,70 @@ TEST_F(Pages, FollowEachOtherInEveryOrder) {
   }
 }
 
+TEST_F(Pages, OnlyAbortActsDuringAScanAndAllToolsDoAgainBehindIt) {
+  for (controls::Control* command : {&form.cmdInvert, &form.cmdCacheInvert, &form.Delete}) command->enable();
+  const auto tools = [this] {
+    Paths names = usableCommands();
+    std::erase_if(names, [this](const std::string& name) {
+      return std::ranges::any_of(form.controls(),
+                                 [&](auto* one) { return one->name() == name && one->frame() == &form.Frame2; });
+    });
+    return names;
+  };
+  const Paths before = tools();
+  const std::tuple<const char*, controls::ListView&, Paths, const char*> cases[] = {
+      {"zero", form.ListView2, {"cmdAbort"}, "Results: 3 0 Byte files found in 2 seconds."},
+      {"junk", form.ListView1, {"cmdAbort", "cmdCacheAbort"}, "Results: 3 files found in 2 seconds."}};
+  for (const auto& [page, list, usable, line] : cases) {
+    SCOPED_TRACE(page);
+    machine.whenServing([&] {
+      EXPECT_EQ(usableCommands(), usable);
+      EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
+      EXPECT_TRUE(list.visible() && form.lblFile.visible() && !form.Frame1.enabled() && !form.Specials.enabled());
+      EXPECT_EQ(shown(form).find(list.name() + " :"), 0U);
+      machine.environment().advance(2500);
+    });
+    scanFor(form, page);
+    EXPECT_EQ(form.Label6.caption(), line) << "halves go to the even second";
+    EXPECT_EQ(form.lblFile.caption(), "C:\\J\\Sub\\c.tmp");
+    EXPECT_TRUE(form.Label6.visible() && !form.lblFile.visible());
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+    EXPECT_EQ(tools(), before);
+  }
+}
+
+// The abort comes with the first entry of the subfolder, behind the five of C:\J with "." and "..".
+TEST_F(Pages, AnAbortEndsAScanAndTheTimeOfTheBoxCounts) {
+  const std::tuple<const char*, controls::ListView&, int, const char*> cases[] = {
+      {"junk", form.ListView1, 9, "Results: 2 files found in 4 seconds."},
+      {"zero", form.ListView2, 7, "Results: 2 0 Byte files found in 4 seconds."}};
+  int served = 0;
+  machine.ui().everyServing([&] {
+    if (++served == 6) form.cmdAbort.click();
+  });
+  machine.ui().onBox([&](const auto& box) {
+    if (box.title != "Scan Aborted") return;
+    EXPECT_FALSE(form.Label6.visible() || form.AbortRequested);
+    machine.environment().advance(3500);
+  });
+  for (const auto& [page, list, times, line] : cases) {
+    SCOPED_TRACE(page);
+    served = 0;
+    form.Label6.hide();
+    EXPECT_THAT(scanFor(form, page), testing::Contains("    Scan Aborted"));
+    EXPECT_EQ(pathsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
+    EXPECT_EQ(served, times) << "no further folder";
+    EXPECT_EQ(form.Label6.caption(), line);
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+    const std::string aborted = shown(form);
+    const Paths usable = usableCommands();
+    scanFor(form, page);
+    EXPECT_EQ(list.rowCount(), 3U);
+    EXPECT_EQ(shown(form), aborted) << "an abort leaves the console as a normal end does";
+    EXPECT_EQ(usableCommands(), usable);
+  }
+}
+
 TEST_F(Pages, AnIdleAbortStaysPendingForTheNextScanWhicheverItIs) {
   const std::tuple<const char*, controls::ListView&, std::size_t> cases[] = {
       {"junk", form.ListView1, 0}, {"zero", form.ListView2, 0}, {"cache", form.lvCache, 2}};
@@ -211,17 +261,13 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     controls::FlatButton& select;
     controls::FlatButton& invert;
     controls::FlatButton& erase;
-    const char* question;
-    const char* nothingToSelect;
   };
-  ListCase cases[] = {{"junk", form.ListView1, form.Select_All, form.cmdInvert, form.Delete, "Confirm file deletion?",
-                       "Nothing to select!"},
-                      {"zero", form.ListView2, form.cmdSelectAll, form.cmdZeroInvert, form.cmdZeroDelete,
-                       "Confirm file deletion?", "Nothing to select!"},
-                      {"cache", form.lvCache, form.cmdSelect, form.cmdCacheInvert, form.cmdCleanCache,
-                       "Delete Selected Cache Items?", "Nothing to Select"}};
+  ListCase cases[] = {{"junk", form.ListView1, form.Select_All, form.cmdInvert, form.Delete},
+                      {"zero", form.ListView2, form.cmdSelectAll, form.cmdZeroInvert, form.cmdZeroDelete},
+                      {"cache", form.lvCache, form.cmdSelect, form.cmdCacheInvert, form.cmdCleanCache}};
   for (ListCase& one : cases) {
     SCOPED_TRACE(one.page);
+    const bool isCache = &one.list == &form.lvCache;
     const auto state = [&] {
       std::string text;
       for (std::size_t i = 0; i < one.list.rowCount(); ++i) text += one.list.ticked(i) ? 'x' : '-';
@@ -232,7 +278,9 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     };
     scanFor(form, one.page);
     EXPECT_EQ(state(), "--- disabled Select All");
+    for (controls::Control* choice : {&form.optRecycle, &form.optWipe}) choice->hide();
     EXPECT_EQ(press(one.select), Paths{});
+    EXPECT_TRUE(form.optRecycle.visible() == !isCache && form.optWipe.visible() == (&one.list == &form.ListView1));
     EXPECT_EQ(state(), "xxx enabled Clear All");
     one.list.clickTick(0);
     EXPECT_EQ(state(), "-xx enabled Clear All");
@@ -240,7 +288,8 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     EXPECT_EQ(state(), "x-- enabled Select All") << "the caption follows the last row";
     one.invert.click();
     EXPECT_EQ(state(), "-xx enabled Clear All");
-    EXPECT_EQ(press(one.erase), Paths{one.question}) << "No is the default";
+    EXPECT_EQ(press(one.erase), Paths{isCache ? "Delete Selected Cache Items?" : "Confirm file deletion?"})
+        << "No is the default";
     EXPECT_EQ(state(), "-xx enabled Clear All");
     one.select.show();
     one.select.click();
@@ -254,49 +303,10 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     EXPECT_EQ(press(one.erase), Paths{"Nothing to Delete"});
     one.erase.disable();
     one.select.show();
-    EXPECT_EQ(press(one.select), Paths{one.nothingToSelect});
+    EXPECT_EQ(press(one.select), Paths{isCache ? "Nothing to Select" : "Nothing to select!"});
     EXPECT_EQ(state(), " disabled Select All");
   }
   EXPECT_EQ(machine.filesBelow("C:\\J").size() + machine.urlCache().urls().size(), 6U);
-}
-
-class Lists : public ConsoleTest {};
-
-TEST_F(Lists, RemovingRowsKeepsTicksSelectionAndKeysInStep) {
-  controls::ListView& list = form.ListView1;
-  int checks = 0;
-  list.onItemCheck = [&checks] { ++checks; };
-  const auto fill = [&list] {
-    list.clear();
-    for (const char* text : {"a", "b", "c", "d", "e"}) list.add(text);
-    list.setTicked(1, true);
-    list.setTicked(3, true);
-  };
-  // The rows to remove, the selected row before (9: none), and what is left: the rows, the selected one in brackets.
-  const std::tuple<std::vector<std::size_t>, std::size_t, const char*> cases[] = {
-      {{}, 2, "ab[c]de"},   {{2}, 2, "abde"}, {{4, 0}, 2, "b[c]d"},    {{3, 1}, 4, "ac[e]"},
-      {{4, 3}, 0, "[a]bc"}, {{0}, 9, "bcde"}, {{0, 1, 2, 3, 4}, 4, ""}};
-  for (const auto& [removed, selected, expected] : cases) {
-    fill();
-    list.select(selected);
-    checks = 0;
-    list.removeRows(removed);
-    std::string left;
-    for (std::size_t i = 0; i < list.rowCount(); ++i)
-      left += list.selected() == i ? '[' + list.text(i) + ']' : list.text(i);
-    EXPECT_EQ(left, expected);
-    const auto ticked =
-        static_cast<std::size_t>(std::ranges::count_if(left, [](char c) { return c == 'b' || c == 'd'; }));
-    EXPECT_EQ(list.tickedCount(), ticked);
-    EXPECT_EQ(checks, ticked < 2 ? 1 : 0) << "once, and only when ticked rows have left";
-    EXPECT_EQ(list.containsKey("A"), left.contains('a'));
-  }
-  fill();
-  list.clickRow(1);
-  checks = 0;
-  list.clear();
-  EXPECT_FALSE(list.selected() || list.containsKey("B"));
-  EXPECT_EQ(checks, 1);
 }
 
 }  // namespace

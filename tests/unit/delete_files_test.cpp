@@ -43,8 +43,11 @@ TEST_F(DeleteFiles, TickedOnesGoToTheRecycleBinOrForGood) {
   EXPECT_FALSE(form.Delete.enabled()) << "no ticked row is left";
 
   form.ListView1.clickTick(1);
+  form.optWipe.click();
+  EXPECT_TRUE(form.optWipe.ticked() && !form.optRecycle.ticked());
   form.optRecycle.click();
-  EXPECT_FALSE(form.optWipe.ticked());
+  EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());
+  form.optRecycle.click();
   EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm});
   EXPECT_EQ(machine.disk().recycleBin().size(), 2U);
   EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\a.tmp", "C:\\J\\e.tmp"}));
@@ -55,17 +58,6 @@ TEST_F(DeleteFiles, TickedOnesGoToTheRecycleBinOrForGood) {
   const std::string nul(1, '\0');
   EXPECT_EQ(operations,
             (Paths{"C:\\J\\b.tmp" + nul + "80 3", "C:\\J\\c.tmp" + nul + "80 3", "C:\\J\\d.tmp" + nul + "16 3"}));
-}
-
-TEST_F(DeleteFiles, RecycleAndWipeExcludeEachOther) {
-  addFiles("C:\\J", {"a.tmp"});
-  list({"a.tmp"});
-  form.optWipe.click();
-  EXPECT_TRUE(form.optWipe.ticked() && !form.optRecycle.ticked());
-  form.optRecycle.click();
-  EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());
-  form.optRecycle.click();
-  EXPECT_FALSE(form.optRecycle.ticked() || form.optWipe.ticked()) << "for good";
 }
 
 TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndFilesInUseAreNamed) {
@@ -151,6 +143,15 @@ TEST_F(DeleteFiles, WipeLeavesReadOnlyLockedAndRefusedFilesAndTheRowsInOrder) {
   EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm});
   EXPECT_EQ(machine.contents("C:\\J\\6 locked.tmp"), "x");
   EXPECT_EQ(paths(), left);
+}
+
+TEST_F(DeleteFiles, AWipeOfMoreRoundsEndsWithItsFileNotFound) {
+  for (const std::size_t rounds : {0U, 1U, 2U}) {
+    addFiles("C:\\J", {"a"});
+    const platform::Result<void> wiped = finder::wipe("C:\\J\\a", rounds);
+    EXPECT_EQ(wiped ? 0 : wiped.error().number, rounds == 2 ? platform::kFileNotFound : 0);
+    EXPECT_EQ(machine.exists("C:\\J\\a"), rounds == 0);
+  }
 }
 
 TEST_F(DeleteFiles, TooManyRowsEndTheWipeAfterItsFirstFile) {

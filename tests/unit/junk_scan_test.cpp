@@ -7,7 +7,6 @@
 
 using platform::kHidden;
 using platform::kSystem;
-using platform::Pointer;
 
 namespace {
 
@@ -137,46 +136,6 @@ TEST_F(JunkScan, WithoutTypesOrFilesItSaysSoAndLeavesNoDeleteOverAnEmptyList) {
   EXPECT_FALSE(form.Delete.enabled() || form.optRecycle.visible() || form.optWipe.visible());
   form.Select_All.enable();
   EXPECT_EQ(press(form.Select_All), Paths{"Nothing to select!"});
-}
-
-TEST_F(JunkScan, BusyStateLetsOnlyAbortActAndEndsAsItBegan) {
-  addFiles("C:\\J", {"a.tmp", "Sub\\b.tmp"});
-  const Paths before = usableCommands();
-  machine.whenServing([&] {
-    EXPECT_EQ(usableCommands(), (Paths{"cmdAbort", "cmdCacheAbort"}));
-    EXPECT_TRUE(form.lblFile.visible() && !form.Frame1.enabled() && !form.Specials.enabled());
-    machine.environment().advance(2500);
-  });
-  scan({kTypeTmp}, "C:\\J");
-  EXPECT_EQ(form.Label6.caption(), "Results: 2 files found in 2 seconds.");
-  EXPECT_EQ(form.lblFile.caption(), "C:\\J\\Sub\\b.tmp");
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
-  Paths expected = {"Select_All", "cmdInvert"};
-  for (const std::string& name : before) {
-    if (name != "cmdSelectAll" && !name.starts_with("cmdZero")) expected.push_back(name);
-  }
-  expected.push_back("cmdZero");
-  EXPECT_THAT(usableCommands(), testing::UnorderedElementsAreArray(expected));
-}
-
-TEST_F(JunkScan, AbortStopsBeforeDeeperFoldersAndCountsTheTimeOfTheBox) {
-  for (int i = 0; i < 5; ++i) machine.addFile("C:\\J\\F" + std::to_string(i) + "\\a.tmp", "x");
-  machine.addFile("C:\\J\\top.tmp", "x");
-  int served = 0;
-  machine.ui().everyServing([&] {
-    if (++served == 9) form.cmdAbort.click();  // behind the 8 entries of C:\J, with "." and ".."
-  });
-  machine.ui().onBox([&](const platform::memory::ShownBox&) {
-    EXPECT_FALSE(form.Label6.visible());
-    machine.environment().advance(3500);
-  });
-  EXPECT_EQ(scan({kTypeTmp}, "C:\\J"), Paths{"    Scan Aborted"});
-  EXPECT_EQ(paths(), Paths{"C:\\J\\top.tmp"});
-  EXPECT_EQ(form.Label6.caption(), "Results: 1 files found in 4 seconds.");
-  EXPECT_THAT(usableCommands(), testing::IsSupersetOf({"Scan", "Select_All", "cmdInvert", "cmdZero", "Check0"}));
-  EXPECT_TRUE(form.optRecycle.visible() && form.optWipe.visible() && !form.cmdAbort.visible());
-  EXPECT_FALSE(form.Delete.enabled() || form.lblFile.visible());
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
 }
 
 TEST_F(JunkScan, BoxesSayClearAllWhenAllAreTicked) {

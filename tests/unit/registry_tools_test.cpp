@@ -10,6 +10,8 @@ using platform::Answer;
 
 namespace {
 
+const std::string kSoftware = "HKCU\\Software\\";
+const std::string kBeside = kSoftware + "Microsoft\\Windows\\CurrentVersion\\Explorer\\ComDlg32\\OpenSaveMRU\\doc";
 const std::string kRunOnce = "HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
 
 class RegistryTools : public ConsoleTest {};
@@ -47,28 +49,25 @@ TEST_F(RegistryTools, ReadingAndWritingByPathEndInDeletionToo) {
   EXPECT_EQ(machine.faults().calls("regDelete"), 2) << "a failed read or write ends it";
 }
 
-// ---- Lists of what was used last: the keys by what each holds afterwards.
-
-const std::string kSoftware = "HKCU\\Software\\";
-const std::string kWindows = kSoftware + "Microsoft\\Windows\\CurrentVersion\\";
-const std::string kDialogs = kWindows + "Explorer\\ComDlg32\\";
-const std::string kWord = kSoftware + "Microsoft\\Office\\10.0\\Common\\Open Find\\Microsoft Word\\Settings\\";
-const std::string kBar = "Explorer Bars\\{C4EE31F3-4768-11D2-BE5C-00A0C9A83DA1}\\";
+// Below HKCU\Software: the keys of the lists of what was used last, by what each holds afterwards.
 const std::map<std::string, Paths> kSeeds = {
-    {"=1:",
-     {kSoftware + "WinRAR\\ArcHistory", kSoftware + "WinRAR\\DialogEditHistory\\ExtrPath",
-      kSoftware + "Nico Mak Computing\\WinZip\\FileMenu",
-      kSoftware + "Adobe\\Acrobat Reader\\6.0\\AVGeneral\\cRecentFiles",
-      kSoftware + "Ahead\\Nero - Burning Rom\\Recent File List", kWindows + "Explorer\\RunMRU",
-      kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentURLList",
-      kSoftware + "Microsoft\\MediaPlayer\\Player\\RecentFileList",
-      kSoftware + "Microsoft\\Internet Explorer\\" + kBar + "FilesNamedMRU",
-      kWindows + "Applets\\Paint\\Recent File List", kWindows + "Applets\\Wordpad\\Recent File List"}},
-    {"MRUList=1:",
-     {kDialogs + "LastVisitedMRU", kDialogs + "OpenSaveMRU\\*", kDialogs + "OpenSaveMRU\\exe",
-      kDialogs + "OpenSaveMRU\\RAR", kDialogs + "OpenSaveMRU\\txt", kDialogs + "OpenSaveMRU\\zip"}},
-    {"Maximum Entries=4:0a000000", {kWord + "Open\\File Name MRU", kWord + "Save As\\File Name MRU"}},
-    {"MRU Max=4:06000000", {kSoftware + "Ulead Systems\\Ulead PhotoImpact\\8.5\\Recent File List"}},
+    {"=1:", parts(R"(WinRAR\ArcHistory|WinRAR\DialogEditHistory\ExtrPath|Nico Mak Computing\WinZip\FileMenu|)"
+                  R"(Adobe\Acrobat Reader\6.0\AVGeneral\cRecentFiles|Ahead\Nero - Burning Rom\Recent File List|)"
+                  R"(Microsoft\Windows\CurrentVersion\Explorer\RunMRU|Microsoft\MediaPlayer\Player\RecentURLList|)"
+                  R"(Microsoft\MediaPlayer\Player\RecentFileList|Microsoft\Internet Explorer\Explorer Bars\)"
+                  R"({C4EE31F3-4768-11D2-BE5C-00A0C9A83DA1}\FilesNamedMRU|)"
+                  R"(Microsoft\Windows\CurrentVersion\Applets\Paint\Recent File List|)"
+                  R"(Microsoft\Windows\CurrentVersion\Applets\Wordpad\Recent File List)")},
+    {"MRUList=1:", parts(R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\LastVisitedMRU|)"
+                         R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\OpenSaveMRU\*|)"
+                         R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\OpenSaveMRU\exe|)"
+                         R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\OpenSaveMRU\RAR|)"
+                         R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\OpenSaveMRU\txt|)"
+                         R"(Microsoft\Windows\CurrentVersion\Explorer\ComDlg32\OpenSaveMRU\zip)")},
+    {"Maximum Entries=4:0a000000",
+     parts(R"(Microsoft\Office\10.0\Common\Open Find\Microsoft Word\Settings\Open\File Name MRU|)"
+           R"(Microsoft\Office\10.0\Common\Open Find\Microsoft Word\Settings\Save As\File Name MRU)")},
+    {"MRU Max=4:06000000", {R"(Ulead Systems\Ulead PhotoImpact\8.5\Recent File List)"}},
 };
 
 // Every call fails once in turn: each other list is emptied, and the message comes.
@@ -76,7 +75,8 @@ TEST_F(RegistryTools, MruListsAreEmptiedOrMadeAndAFailureStaysWithItsOwnList) {
   const auto emptied = [this] {
     std::ptrdiff_t count = 0;
     for (const auto& [seed, keys] : kSeeds) {
-      count += std::ranges::count(keys, Paths{seed}, [&](const auto& key) { return machine.registry().contents(key); });
+      count += std::ranges::count(keys, Paths{seed},
+                                  [&](const auto& key) { return machine.registry().contents(kSoftware + key); });
     }
     return count;
   };
@@ -84,11 +84,11 @@ TEST_F(RegistryTools, MruListsAreEmptiedOrMadeAndAFailureStaysWithItsOwnList) {
   EXPECT_EQ(emptied(), 20) << "made where they were missing";
   EXPECT_EQ(machine.registry().calls()[5], "createKey HKCU Software\\WinRAR\\DialogEditHistory\\ExtrPath\\ 6");
   machine.registry().setText(kSoftware + "WinRAR", "keep", "x");
-  machine.registry().setText(kDialogs + "OpenSaveMRU\\doc", "keep", "x");
+  machine.registry().setText(kBeside, "keep", "x");
   int runs = 0;
   withEachCallFailing({"openKey", "deleteKey", "createKey", "setValue"}, [&](const std::string& call) {
     for (const auto& [seed, keys] : kSeeds) {
-      for (const std::string& key : keys) machine.registry().setText(key, "a", "C:\\secret.txt");
+      for (const std::string& key : keys) machine.registry().setText(kSoftware + key, "a", "secret");
     }
     EXPECT_EQ(press(form.cmdLists), Paths{"All MRU lists have been cleared"});
     EXPECT_EQ(emptied(), machine.faults().left() ? 20 : 19) << call;
@@ -96,7 +96,7 @@ TEST_F(RegistryTools, MruListsAreEmptiedOrMadeAndAFailureStaysWithItsOwnList) {
   });
   EXPECT_EQ(runs, 4 * 21);
   EXPECT_TRUE(machine.registry().value(kSoftware + "WinRAR", "keep"));
-  EXPECT_TRUE(machine.registry().value(kDialogs + "OpenSaveMRU\\doc", "keep"));
+  EXPECT_TRUE(machine.registry().value(kBeside, "keep"));
 }
 
 TEST_F(RegistryTools, IndexFilesAreScheduledAfterAYesOnly) {
@@ -258,9 +258,9 @@ TEST_F(SystemSetting, RestoreIsEnabledOrDisabledInThisOrder) {
   const Paths written = {"createKey HKLM SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore\\ 6",
                          "setValue DisableSR 4 4", "createKey HKLM SYSTEM\\CurrentControlSet\\Services\\sr\\ 6",
                          "setValue Start 4 4"};
-  const auto callsFrom = [this](std::ptrdiff_t first) {
+  const auto callsFrom = [this](std::size_t first) {
     const Paths& all = machine.registry().calls();
-    return Paths(all.begin() + first, all.end());
+    return Paths(all.begin() + static_cast<std::ptrdiff_t>(std::min(first, all.size())), all.end());
   };
   EXPECT_EQ(toggleRestore(1),
             (Paths{"Enable | " + disabled, "System Restore has been successfully enabled. | Enable | " + disabled,
@@ -282,9 +282,10 @@ TEST_F(SystemSetting, RestoreIsEnabledOrDisabledInThisOrder) {
       toggleRestore(0, {Answer::kYes}),
       (Paths{"Disable | " + enabled, question,
              "System Restore has been successfully disabled. | Disable! | " + disabled, "Disable! | " + disabled}));
-  const Paths last = callsFrom(14);
-  EXPECT_EQ(Paths(last.begin(), last.begin() + 4), written);
-  EXPECT_EQ(last.at(4), "createKey HKLM SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce 6");
+  Paths last = written;
+  last.push_back("createKey HKLM SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce 6");
+  last.push_back("setValue Delete SVI 1 35");
+  EXPECT_EQ(callsFrom(14), last);
   EXPECT_EQ(machine.registry().value(kRunOnce, "Delete SVI")->data,
             std::string("C:\\Program Files\\Scrubhaven\\svi.cmd") + '\0');
   // Each behind what was read and written before it; the last stop stands before the entry for the next start.

@@ -153,6 +153,8 @@ TEST_F(TempFolders, MoreFilesThanItCountsAreLeftForTheNextRun) {
   machine.ui().everyServing([&] { machine.disk().setReady('C', machine.faults().calls("getFile") == 0); });
   clean();
   EXPECT_EQ(machine.faults().calls("getFile"), 32767);
+  // For each entry of the one folder, with "." and "..", before each deletion, and once behind the second walk.
+  EXPECT_EQ(machine.faults().calls("serveEvents"), 32772 + 32767 + 1);
 }
 
 TEST_F(TempFolders, WalksCollectFilesByNumberFromOne) {

@@ -47,54 +47,6 @@ TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
                             "C:\\Z\\Hidden\\a", "C:\\Z\\Hidden\\c", "C:\\Z\\Hidden\\d"}));
 }
 
-TEST_F(ZeroByteFiles, OnlyAbortActsDuringAScan) {
-  addFiles("C:\\Z", {"a"}, "");
-  const controls::FlatButton* others[] = {&form.cmdInvert, &form.cmdCacheInvert, &form.Delete};
-  for (controls::Control* command : {&form.cmdInvert, &form.cmdCacheInvert, &form.Delete}) command->enable();
-  const Paths before = usableCommands();
-  machine.whenServing([&] {
-    EXPECT_EQ(boxTexts(), Paths{kWarning});
-    EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
-    EXPECT_TRUE(form.ListView2.visible() && form.lblFile.visible());
-    EXPECT_FALSE(form.ListView1.visible() || form.lvCache.visible() || form.Label6.visible());
-    EXPECT_EQ(usableCommands(), Paths{"cmdAbort"});
-    machine.environment().advance(2500);
-  });
-  find();
-  EXPECT_EQ(form.Label6.caption(), "Results: 1 0 Byte files found in 2 seconds.") << "halves go to the even second";
-  EXPECT_EQ(form.lblFile.caption(), "C:\\Z\\a");
-  EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
-  EXPECT_TRUE(form.Label6.visible() && !form.lblFile.visible());
-  Paths expected = before;
-  std::erase_if(expected, [&](const std::string& name) {
-    return name == "cmdZeroDelete" || std::ranges::count(others, name, &controls::FlatButton::name) > 0;
-  });
-  EXPECT_EQ(usableCommands(), expected);
-}
-
-TEST_F(ZeroByteFiles, AbortTakesEffectAtTheNextEntryAndTheResultLineFollowsTheBox) {
-  for (int i = 0; i < 4; ++i) machine.addFile("C:\\Z\\F" + std::to_string(i) + "\\deep");
-  addFiles("C:\\Z", {"top"}, "");
-  constexpr int kInFirstSubfolder = 8;  // after the 7 entries of C:\Z, with "." and ".."
-  int served = 0;
-  machine.ui().everyServing([&] {
-    if (++served == kInFirstSubfolder) form.cmdAbort.click();
-  });
-  machine.ui().onBox([&](const auto& box) {
-    if (box.title != "Scan Aborted") return;
-    EXPECT_FALSE(form.Label6.visible() || form.AbortRequested);
-    machine.environment().advance(3500);
-  });
-  EXPECT_EQ(find(), (Paths{kWarning, "    Scan Aborted"}));
-  EXPECT_EQ(served, kInFirstSubfolder + 1) << "one more, and no further folder";
-  EXPECT_EQ(zeros(), Paths{"C:\\Z\\top"});
-  EXPECT_EQ(form.Label6.caption(), "Results: 1 0 Byte files found in 4 seconds.");
-  const Paths usable = usableCommands();
-  EXPECT_EQ(find(), Paths{kWarning});
-  EXPECT_EQ(zeros().size(), 5U);
-  EXPECT_EQ(usableCommands(), usable) << "an abort leaves the console as a normal end does";
-}
-
 TEST_F(ZeroByteFiles, OverflowsAreReportedWithoutAResultLineAndLeaveTheConsoleUsable) {
   machine.addFolder("C:\\Z");
   for (const bool ofTime : {true, false}) {
