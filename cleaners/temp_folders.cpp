@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "finder/deletion.h"
-#include "finder/modFind.h"
 #include "finder/tree_walk.h"
 #include "platform/Paths.h"
 #include "platform/Platform.h"
@@ -101,7 +100,7 @@ std::string comparable(const std::string& path) {
       continue;
     }
     files.findClose(enumeration);
-    result += TrimAtNul({record.name.data(), record.name.size()}) + '\\';
+    result += std::string(record.name.data()) + '\\';
   }
   return platform::machine().environment().upperCase(result);
 }

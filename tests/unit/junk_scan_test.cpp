@@ -82,7 +82,7 @@ TEST_F(JunkScan, SizesRoundToEvenAndExactly1024KeepsTheTextBefore) {
   }
   machine.addSizedFile("C:\\J\\Sub\\a.tmp", 1024);
   machine.disk().setListedSize("C:\\J\\Sub\\a.tmp", 77);
-  machine.failAt("fileLength", 9);
+  machine.failAt("fileSize", 9);
   scan({kTypeTmp}, "C:\\J");
   EXPECT_EQ(rowsOf(form.ListView1),
             (Paths{"C:\\J\\1.tmp|0", "C:\\J\\2.tmp|512 bytes", "C:\\J\\3.tmp|2 Kb", "C:\\J\\4.tmp|2 Kb",
@@ -174,7 +174,7 @@ TEST_F(JunkScan, OwnExtensionsAreKeptWhenAllBoxesAreEmptied) {
 TEST_F(JunkScan, SurvivesAnyFailingCall) {
   addFiles("C:\\J", {"a.tmp", "Sub\\b.tmp"});
   machine.addFolder("C:\\J\\no file.tmp");
-  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileLength", "folderExists"},
+  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileSize", "folderExists"},
                       [&](const std::string& what) {
                         scan({kTypeTmp}, "C:\\J");
                         EXPECT_TRUE(form.Scan.acceptsInput()) << what;

@@ -141,7 +141,7 @@ TEST_F(ShredEngine, ReadOnlyLockedAndHugeFilesKeepTheirBytes) {
 TEST_F(ShredEngine, AnyFailureIsPassedOverAndTheOldBytesAreGone) {
   const std::string neighbour = "C:\\Docs\\neighbour.txt";
   machine.addFile(neighbour, "neighbour");
-  withEachCallFailing({"fileLength", "freeFile", "openBinary", "putBytesAt", "flushFileBuffers", "closeFile",
+  withEachCallFailing({"fileSize", "freeFile", "openBinary", "putBytesAt", "flushFileBuffers", "closeFile",
                        "getFullPathName", "moveFile", "remove"},
                       [&](const std::string& call) {
                         machine.addFile("C:\\Docs\\a.txt", "s");

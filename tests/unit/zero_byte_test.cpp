@@ -40,7 +40,7 @@ TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
   machine.addSizedFile("C:\\Z\\Hidden\\low half is 0", 0x100000000ULL);
   addFiles("C:\\Elsewhere", {"c"}, "");
   machine.disk().addLink("C:\\Z\\Link", "C:\\Elsewhere");
-  machine.failAt("fileLength", 15);  // that of Hidden\b
+  machine.failAt("fileSize", 15);  // that of Hidden\b
   find();
   EXPECT_EQ(zeros(), (Paths{"C:\\Z\\Case\\BOOT.INI", "C:\\Z\\Case\\desktop.ini", "C:\\Z\\Case\\io.sys",
                             "C:\\Z\\Case\\MsDos.Sys", "C:\\Z\\Case\\System.ini", "C:\\Z\\Case\\win.ini",
@@ -111,7 +111,7 @@ TEST_F(ZeroByteFiles, ARowWithoutAFileEndsTheDeletionAndTheProgramGoesOn) {
 // Each platform call of a scan and of a deletion fails once: only empty files are ever listed, only ticked ones go.
 TEST_F(ZeroByteFiles, AnyFailureListsNoFullFileAndDeletesNoOtherOne) {
   addFiles("C:\\Z\\Sub", {"full"});
-  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileLength", "folderExists",
+  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileSize", "folderExists",
                        "getFile", "anyFileMatches", "createFile", "fileOperation"},
                       [&](const std::string& what) {
                         addFiles("C:\\Z", {"a", "b", "Sub\\c"}, "");
