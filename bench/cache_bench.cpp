@@ -1,4 +1,4 @@
-// The Internet cache page on the in-memory machine: listing the cache, and deleting all of it.
+// Benchmarks of the Internet cache page on the in-memory machine: listing the entries, and deleting all of them.
 #include <benchmark/benchmark.h>
 
 #include "console/frmFind.h"

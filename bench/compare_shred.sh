@@ -1,11 +1,11 @@
 #!/bin/bash
-# compare_shred.sh [RUNS]: the shredder beside other tools, one after the other in each run, so that every ratio is of
-# times taken under the same load. RUNS is 5 unless given.
+# compare_shred.sh [RUNS]: compares the shredder with other tools. Each run times all of them in turn, so that a ratio
+# compares times under the same load. RUNS is 5 by default.
 #
-#   shredding   the program's own build of the engine under Wine, on a file of 16 MiB, against `shred -n 84 -u` and
-#               against 84 plain rewrites of such a file, by the clock (below 1: we are faster)
-#   keystream   that build's and the native build's RC4 against OpenSSL's, bytes per second of processor time in
-#               blocks of 16 KiB (above 1: we are faster)
+#   shredding   elapsed time for a file of 16 MiB: the engine as built for the program, under Wine, against
+#               `shred -n 84 -u` and against 84 plain rewrites of the file (below 1: the program is faster)
+#   keystream   bytes per second of processor time in blocks of 16 KiB: RC4 of that build and of the native build
+#               against OpenSSL's (above 1: the program is faster)
 set -uo pipefail
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 source "$ROOT/scripts/seal.sh"
@@ -21,12 +21,12 @@ PLACE=$PREFIX/drive_c/bench
 cmake -S "$ROOT" --preset win32 -DSCRUBHAVEN_BENCH=ON >/dev/null || exit 1
 "$ROOT/scripts/build.sh" win32 shred_file || exit 1
 make_prefix "$PREFIX" || exit 1
-# The program's own build is left as it was.
-end() {
+# Also restores the configuration of the program's build.
+clean_up() {
   stop_prefix "$PREFIX"
   cmake -S "$ROOT" --preset win32 -DSCRUBHAVEN_BENCH=OFF >/dev/null
 }
-trap end EXIT
+trap clean_up EXIT
 mkdir -p "$PLACE"
 cp -- "$SEAL_BUILD/win32/shred_file.exe" "$PLACE/"
 
@@ -57,7 +57,7 @@ summary() {
     END { printf "%-44s min %s  median %s  max %s\n", name, v[1], v[int((NR + 1) / 2)], v[NR] }'
 }
 
-in_prefix keystream 1 >/dev/null # starts Wine's services
+in_prefix keystream 1 >/dev/null # starts Wine's services before the first measurement
 SHRED='' REWRITES='' STREAM32='' STREAM64=''
 for ((run = 1; run <= RUNS; ++run)); do
   new_file ours.bin && ours=$(in_prefix shred 'C:\bench\ours.bin') || exit 1

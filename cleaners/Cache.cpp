@@ -7,16 +7,23 @@
 
 namespace {
 
-// Keeps its value after the walk has been closed; 0 when there never was one.
-platform::Handle CacheFindHandle = platform::kNoUrlCache;
-// Owned. Stays until the next entry takes its place.
-platform::UrlCacheEntry* CacheEntryBuffer = nullptr;
-// The head of the last entry that was found. Its texts lie in the buffer.
-platform::UrlCacheEntry CacheEntry;
+std::string textAt(const char* text) { return text == nullptr ? "" : text; }
 
-// Makes room for an entry of `size` bytes, which is what the head tells the system; false when there is no memory. The
-// block is never smaller than the head: a system may report less, and nothing at all at the end.
-bool renewBuffer(std::uint32_t size) {
+platform::Result<platform::Date> dateOf(const platform::FileTime& time) {
+  platform::SystemTime fields;
+  platform::machine().calendar().fileTimeToSystemTime(time, fields);
+  return platform::dateOf(fields);
+}
+
+}  // namespace
+
+Cache::~Cache() {
+  if (CacheEntryBuffer != nullptr) platform::machine().urlCache().localFree(CacheEntryBuffer);
+}
+
+// Allocates the buffer for an entry of `size` bytes and stores the size in it; returns false when there is no memory.
+// The buffer is never smaller than the fixed part: the size reported at the end of the enumeration may be 0.
+bool Cache::renewBuffer(std::uint32_t size) {
   platform::UrlCache& cache = platform::machine().urlCache();
   cache.localFree(CacheEntryBuffer);
   CacheEntry.sourceUrl = nullptr;
@@ -30,17 +37,7 @@ bool renewBuffer(std::uint32_t size) {
   return true;
 }
 
-std::string textAt(const char* text) { return text == nullptr ? "" : text; }
-
-platform::Result<platform::Date> dateOf(const platform::FileTime& time) {
-  platform::SystemTime fields;
-  platform::machine().calendar().fileTimeToSystemTime(time, fields);
-  return platform::dateOf(fields);
-}
-
-}  // namespace
-
-bool CacheFindFirst() {
+bool Cache::CacheFindFirst() {
   platform::UrlCache& cache = platform::machine().urlCache();
   CacheFindClose();
   std::uint32_t size = 0;
@@ -52,7 +49,7 @@ bool CacheFindFirst() {
   return CacheFindHandle != platform::kNoUrlCache;
 }
 
-bool CacheFindNext() {
+bool Cache::CacheFindNext() {
   if (CacheFindHandle == platform::kNoUrlCache) return false;
   platform::UrlCache& cache = platform::machine().urlCache();
   std::uint32_t size = 0;
@@ -63,18 +60,16 @@ bool CacheFindNext() {
   return found;
 }
 
-void CacheFindClose() {
+void Cache::CacheFindClose() {
   if (CacheFindHandle != platform::kNoUrlCache) platform::machine().urlCache().findCloseUrlCache(CacheFindHandle);
 }
 
-std::uint32_t CacheEntryType() { return CacheEntry.entryType; }
+std::string Cache::CacheLocalFileName() const { return textAt(CacheEntry.localFileName); }
 
-std::string CacheLocalFileName() { return textAt(CacheEntry.localFileName); }
+std::string Cache::CacheSourceUrl() const { return textAt(CacheEntry.sourceUrl); }
 
-std::string CacheSourceUrl() { return textAt(CacheEntry.sourceUrl); }
+platform::Date Cache::CacheExpires() const { return dateOf(CacheEntry.expires).value_or(0); }
 
-platform::Date CacheExpires() { return dateOf(CacheEntry.expires).value_or(0); }
+platform::Result<platform::Date> Cache::CacheLastAccess() const { return dateOf(CacheEntry.accessed); }
 
-platform::Result<platform::Date> CacheLastAccess() { return dateOf(CacheEntry.accessed); }
-
-bool CacheDeleteEntry(const std::string& url) { return platform::machine().urlCache().deleteUrlCacheEntry(url); }
+bool Cache::CacheDeleteEntry(const std::string& url) { return platform::machine().urlCache().deleteUrlCacheEntry(url); }

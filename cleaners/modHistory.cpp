@@ -4,7 +4,7 @@
 
 namespace {
 
-// Places in the function table of the object's second interface.
+// Slots in the function table of IUrlHistoryStg2.
 constexpr std::uint32_t kRelease = 2;
 constexpr std::uint32_t kClearHistory = 9;
 

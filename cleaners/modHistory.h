@@ -6,9 +6,9 @@
 
 // The class of the history object.
 platform::Guid UrlHistoryClsid();
-// The interface of it that can clear the history.
+// Its interface that can clear the history.
 platform::Guid UrlHistoryIid();
 
-// Creates the history object, has it clear the history, whatever it answers, and releases it. Fails with the system's
-// code when the object cannot be created. CoCreateInstance, DispCallFunc.
+// Creates the history object, calls ClearHistory, whose result is ignored, and releases the object. Fails with the
+// system's code when the object cannot be created. CoCreateInstance, DispCallFunc.
 platform::Result<void> ClearUrlHistory();

@@ -1,14 +1,13 @@
-// The lists that programs keep of what was used last: the addresses typed into the browser, and the documents and
-// commands of common applications.
-#include "console/frmFind.h"
-#include "platform/Platform.h"
+#include "cleaners/mru_lists.h"
+
+#include <string>
+
 #include "settings/modRegistry.h"
 
-using controls::messageBox;
-
+namespace cleaners {
 namespace {
 
-// One list: a key that is deleted and made again with one value, because some of the programs expect it.
+// One list: a key that is deleted and created again with one value.
 struct MruList {
   const char* parent;
   const char* subKey;
@@ -42,7 +41,7 @@ constexpr MruList kMruLists[] = {
     {kWordSave, "File Name MRU", "Maximum Entries", "D", "10"},
     {"Software\\Ulead Systems\\Ulead PhotoImpact\\8.5", "Recent File List", "MRU Max", "D", "6"},
     {kDialogs, "LastVisitedMRU", "MRUList", "S", ""},
-    {kOpenSave, "*", "MRUList", "S", ""},  // a key of that very name: the list for all types of files
+    {kOpenSave, "*", "MRUList", "S", ""},  // a literal key name: the list for all types of files
     {kOpenSave, "exe", "MRUList", "S", ""},
     {kOpenSave, "RAR", "MRUList", "S", ""},
     {kOpenSave, "txt", "MRUList", "S", ""},
@@ -57,51 +56,15 @@ std::string keyPathOf(const MruList& list) {
   return path + list.subKey + '\\';
 }
 
-// A list that cannot be emptied does not keep the next ones.
 void emptyList(const MruList& list) {
   static_cast<void>(DeleteRegistryKey("HKCU", list.parent, list.subKey));
   static_cast<void>(WriteRegistryValue("HKCU", keyPathOf(list), list.valueName, list.type, list.data));
 }
 
-// What `mode` asks for ahead of the deletion.
-platform::Result<void> readOrWrite(const std::string& key, const std::string& text, std::int16_t mode) {
-  platform::ScriptShell& shell = platform::machine().scriptShell();
-  if (mode == frmFind::kReadMode) {
-    const platform::Result<std::string> value = shell.regRead(key);
-    if (!value) return std::unexpected(value.error());
-    messageBox(*value);
-  }
-  if (mode == frmFind::kWriteMode) {
-    const platform::Result<void> written = shell.regWrite(key, text);
-    if (!written) return written;
-    messageBox("\"" + key + "\\" + text + "\" has been written To the registry.", platform::kBoxInformation, "Success");
-  }
-  return {};
-}
-
 }  // namespace
 
-void frmFind::bindLists() {
-  bindTool(cmdMRU, &frmFind::cmdMRU_Click);
-  bindTool(cmdLists, &frmFind::cmdLists_Click);
-}
-
-void frmFind::cmdMRU_Click() {
-  ReadWriteDeleteRegistry("HKEY_CURRENT_USER\\Software\\Microsoft\\Internet Explorer\\TypedURLs\\", "", kDeleteMode);
-}
-
-void frmFind::ReadWriteDeleteRegistry(const std::string& registrykey, const std::string& RegistryInformation,
-                                      std::int16_t ReadWriteDelete) {
-  platform::Result<void> done = readOrWrite(registrykey, RegistryInformation, ReadWriteDelete);
-  if (done) done = platform::machine().scriptShell().regDelete(registrykey);
-  if (done) {
-    messageBox("All Recent URL's Cleared", platform::kBoxInformation);
-  } else if (done.error().number == platform::kScriptPathNotFound) {
-    messageBox("No URL's Found", platform::kBoxInformation);
-  }
-}
-
-void frmFind::cmdLists_Click() {
+void emptyMruLists() {
   for (const MruList& list : kMruLists) emptyList(list);
-  messageBox("All MRU lists have been cleared", platform::kBoxInformation, "MRU Lists Cleared");
 }
+
+}  // namespace cleaners

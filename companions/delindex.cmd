@@ -1,12 +1,12 @@
 @echo off
-rem Deletes the index files of Internet Explorer's cache, cookies and history of every profile, and nothing else. Runs
-rem once after a restart, before anything holds them open. Says nothing; does nothing where the folders are not there.
-rem Names go to the routines in variables: as arguments of a call they would be read a second time. Routines end with
-rem "goto :eof", because "exit /b" ends the whole interpreter on NT 4.
+rem Deletes the index files of Internet Explorer's cache, cookies and history in every profile, and nothing else. Runs
+rem once after a restart, before any program has opened them. Prints nothing; skips folders that do not exist.
+rem Routines get names in variables, because "call" would expand percent signs in arguments a second time. They end
+rem with "goto :eof", because "exit /b" ends the whole interpreter on NT 4.
 setlocal
 
-rem Beside the profile of all users stand the others, whatever the system's drive and language. A drive's root is no
-rem place for profiles.
+rem All profiles are in the folder that contains ALLUSERSPROFILE, whatever the system drive and language. A drive's
+rem root is skipped.
 set "PARENT="
 if defined ALLUSERSPROFILE for %%d in ("%ALLUSERSPROFILE%\..") do if not "%%~nxd"=="" set "PARENT=%%~fd"
 if defined PARENT call :profiles
@@ -14,7 +14,7 @@ set "PARENT=C:\Documents and Settings"
 call :profiles
 set "PARENT=C:\WINNT\Profiles"
 call :profiles
-rem A system that was upgraded from the 95 family keeps that one's folders.
+rem A system upgraded from Windows 95, 98 or Me may still have these folders.
 set "PARENT=C:\WINDOWS\Profiles"
 call :profiles
 set "PROFILE=C:\WINDOWS"

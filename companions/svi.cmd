@@ -1,11 +1,11 @@
 @echo off
-rem Deletes the restore points of the drive that Windows XP runs from, and nothing else in their folder. Runs once after
-rem a restart with System Restore switched off. Says nothing; does nothing where the folder is not there.
+rem Deletes the restore points of drive C, if Windows XP is installed on it, and nothing else in their folder. Runs once
+rem after a restart with System Restore switched off. Prints nothing; does nothing where the folder does not exist.
 setlocal
 if /i not "%SystemDrive%"=="C:" exit /b 0
 if not exist "C:\System Volume Information" exit /b 0
 
-rem The folder lets only the system in; the user who runs this gets in for as long as it takes.
+rem Only the system account has access to the folder; the current user is granted access until the end of the script.
 set OPENED=
 dir /b /a "C:\System Volume Information" >nul 2>&1
 if errorlevel 1 set OPENED=yes

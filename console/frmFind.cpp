@@ -1,4 +1,4 @@
-// The console's shell: its controls, start-up, help, web site, abort, close and drive change.
+// The console's shell: its controls, start-up, help, web site, shredder, abort, close and drive change.
 #include "console/frmFind.h"
 
 #include "platform/Platform.h"
@@ -106,19 +106,20 @@ frmFind::frmFind()
       lblFile(Frame3, "lblFile", ControlInit{.visible = false}) {
   makeFileTypeBoxes();
   setMnemonics();
-  // Esc stops a scan; there is no default button, because most buttons here destroy something.
+  // Esc aborts a scan. There is no default button, because most buttons here destroy something.
   setCancelButton(cmdAbort);
   bindShell();
   bindJunkScan();
-  bindShredder();
+  bindDelete();
   bindZeroBytes();
   bindTempFolders();
-  bindLists();
-  bindRestartAndPrefetch();
-  bindPagefile();
-  bindSystemRestore();
   bindCachePage();
-  bindHistoryRecentBin();
+  bindHistory();
+  bindLists();
+  bindIndexFiles();
+  bindPrefetch();
+  bindPagefile();
+  bindRestore();
 }
 
 void frmFind::bindShell() {
@@ -126,14 +127,13 @@ void frmFind::bindShell() {
   Picture1.onClick = [this] { Picture1_Click(); };
   cmdExit.onClick = [this] { cmdExit_Click(); };
   cmdAbort.onClick = [this] { requestAbort(); };
-  // During a scan the hourglass shows; over the abort button the arrow tells that a click is welcome.
+  // During a scan the pointer is the hourglass; over the abort button it is the arrow, so that it looks clickable.
   cmdAbort.onPointerEnters = [] { platform::machine().ui().setPointer(platform::Pointer::kDefault); };
   cmdCacheAbort.onClick = [this] { requestAbort(); };
+  bindTool(cmdFurnace, &frmFind::cmdFurnace_Click);
   Drive1.onChange = [this] { Drive1_Change(); };
   Dir1.onFailure = [](const platform::RuntimeError& error) { reportUnhandled(error); };
 }
-
-void frmFind::bindShredder() { bindTool(cmdFurnace, &frmFind::cmdFurnace_Click); }
 
 void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
   button.onClick = [this, handler] {
@@ -145,21 +145,20 @@ void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
 }
 
 void frmFind::formLoad() {
-  // The program starts wherever it was called from; the folder list always starts at the drive's root.
+  // Whatever the process's current folder is.
   const platform::Result<void> shown = Dir1.setPath("C:\\");
   if (!shown) reportUnhandled(shown.error());
 }
 
 void frmFind::gotFocus() { refresh(); }
 
-// The title bar's close button is Close, at any time.
+// The title bar's close button acts as Close, also during a scan.
 void frmFind::closeRequested() { cmdExit_Click(); }
 
 void frmFind::Drive1_Change() {
   const platform::Result<void> shown = Dir1.setPath(Drive1.drive());
   if (!shown) return reportUnhandled(shown.error());
-  // Only a text in capitals and without a label starts at the root; every other one stays in the drive's current
-  // folder.
+  // Only a text in capitals and without a label starts at the root; any other shows the drive's current folder.
   if (Drive1.drive() != "C:") return;
   const platform::Result<void> root = Dir1.setPath("C:\\");
   if (!root) reportUnhandled(root.error());
@@ -202,9 +201,4 @@ void frmFind::setCommandsEnabled(bool enabled) {
   Specials.setEnabled(enabled);
   Frame1.setEnabled(enabled);
   for (controls::CheckBox& box : Check) box.setEnabled(enabled);
-}
-
-std::int32_t frmFind::secondsSince(std::uint32_t startTick) {
-  const std::uint32_t elapsed = platform::machine().environment().getTickCount() - startTick;
-  return platform::roundedHalfEven(elapsed / 1000.0);
 }

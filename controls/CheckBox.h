@@ -1,4 +1,4 @@
-// A check box. Every change of its tick, by the user or by code, raises its click.
+// A check box. Every change of its tick, by the user or by code, raises onClick.
 #pragma once
 
 #include "controls/Control.h"
@@ -14,7 +14,7 @@ class CheckBox final : public Control {
 
   bool ticked() const { return ticked_; }
 
-  // Raises the click, when the tick changes, before it returns.
+  // Raises onClick before returning, if the tick changes.
   void setTicked(bool ticked) {
     if (ticked_ == ticked) return;
     ticked_ = ticked;
@@ -22,7 +22,7 @@ class CheckBox final : public Control {
     if (onClick) onClick();
   }
 
-  // What a person's click does: flips the tick, or nothing while the box takes no input.
+  // A click by the user: flips the tick. Does nothing while the box does not accept input.
   void click() {
     if (acceptsInput()) setTicked(!ticked_);
   }

@@ -1,4 +1,4 @@
-// What all controls have in common: passive state that a peer may draw, and whether a person could use it now.
+// The base class of all controls: their state, without any drawing. A peer may be attached to draw it.
 #pragma once
 
 #include <functional>
@@ -13,12 +13,12 @@ class Frame;
 
 enum class Kind { kButton, kCheckBox, kLabel, kTextBox, kFrame, kPicture, kListView, kDriveList, kDirList, kFileList };
 
-// An event without arguments. An event that nothing is bound to does nothing.
+// An event handler without arguments. Empty: the event is ignored.
 using Event = std::function<void()>;
 
-// Where a control stands: directly on a form, or in a frame of it.
+// What contains a control: a form, or a frame on it.
 struct Parent {
-  Parent(Form& on) : form(on) {}  // NOLINT(google-explicit-constructor): reads as `cmdHelp{*this, ...}`
+  Parent(Form& on) : form(on) {}  // NOLINT(google-explicit-constructor): allows `cmdHelp{*this, ...}`
   Parent(Frame& in);              // NOLINT(google-explicit-constructor)
   Form& form;
   Frame* frame = nullptr;
@@ -38,10 +38,10 @@ class Control {
   Control& operator=(const Control&) = delete;
 
   Kind kind() const { return kind_; }
-  // The control's own name ("cmdAbort"): what a picture-only control is called.
+  // The control's identifier ("cmdAbort"). It is also the window text of a control that shows only a picture.
   const std::string& name() const { return name_; }
   Form& form() const { return form_; }
-  // The frame that holds the control; null when it stands directly on the form.
+  // The frame that contains the control; null when the form itself does.
   Frame* frame() const { return frame_; }
 
   bool visible() const { return visible_; }
@@ -49,7 +49,7 @@ class Control {
   void show() { setVisible(true); }
   void hide() { setVisible(false); }
 
-  // The control's own switch. A disabled frame takes its children's input away without changing theirs.
+  // The control's own setting. A disabled frame disables its children without changing their settings.
   bool enabled() const { return enabled_; }
   void setEnabled(bool enabled);
   void enable() { setEnabled(true); }
@@ -62,7 +62,8 @@ class Control {
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string toolTip);
 
-  // The letter (upper case) that, with Alt, clicks a button or goes to the control behind a label; 0 for none.
+  // The upper-case letter that, with Alt, clicks a button or check box, or moves the focus to the control after a
+  // label; 0 for none.
   char mnemonic() const { return mnemonic_; }
   void setMnemonic(char letter) { mnemonic_ = letter; }
 
@@ -70,10 +71,10 @@ class Control {
   bool shown() const;
   // Whether the control and all frames around it are enabled.
   bool usable() const;
-  // Whether a person can click or type into it now: shown, usable, and its form takes input.
+  // Whether the user can click it or type into it now: shown, usable, and its form accepts input.
   bool acceptsInput() const;
 
-  // Attaches the one peer that draws this control; null detaches it.
+  // Attaches the peer that draws this control, which must outlive the attachment; null detaches it.
   void attach(Peer* peer) { peer_ = peer; }
 
  protected:

@@ -1,4 +1,4 @@
-// A row of like controls addressed by index, such as the file-type boxes.
+// Controls of one class, accessed by a 0-based index, such as the file-type check boxes.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace controls {
 template <typename C>
 class ControlArray {
  public:
-  // Makes the next control from its constructor arguments.
+  // Appends a control, constructed from `arguments`, and returns it.
   template <typename... Arguments>
   C& add(Arguments&&... arguments) {
     return items_.emplace_back(std::forward<Arguments>(arguments)...);
@@ -26,7 +26,7 @@ class ControlArray {
   auto end() const { return items_.end(); }
 
  private:
-  std::deque<C> items_;  // a deque never moves what it holds: controls are known by address
+  std::deque<C> items_;  // a deque, because forms and peers keep the controls' addresses
 };
 
 }  // namespace controls

@@ -1,4 +1,4 @@
-// Switching many controls at once, so that what a tool shows and enables reads as a table.
+// Shows, hides, enables or disables several controls in one call.
 #pragma once
 
 #include <initializer_list>

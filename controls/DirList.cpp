@@ -12,7 +12,7 @@ using platform::rootLength;
 
 namespace {
 
-// Whether `text` is a drive as a drive list shows it: a letter, a colon, and at most a label behind them.
+// Whether `text` is a drive as the drive list shows it: "c:" or "c: [LABEL]".
 bool isDriveText(const std::string& text) {
   return text.size() >= 2 && text[1] == ':' && (text.size() == 2 || text[2] == ' ');
 }
@@ -21,7 +21,7 @@ std::string joined(const std::string& folder, const std::string& name) {
   return folder.back() == '\\' ? folder + name : folder + '\\' + name;
 }
 
-// The lines from the root down to `path` itself.
+// The entries from the root down to `path`.
 std::vector<DirEntry> ancestors(const std::string& path) {
   std::size_t end = rootLength(path);
   std::string soFar = path.substr(0, end);

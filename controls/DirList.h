@@ -1,5 +1,5 @@
-// The list of folders: the root and the folders down to the current one, then the current one's subfolders. Opening an
-// entry makes it the current one. The process's own current folder is never touched.
+// The list of folders: the root and the folders down to the current one, then the subfolders of the current one.
+// Opening an entry makes it the current one. The process's current directory is never changed.
 #pragma once
 
 #include <cstddef>
@@ -13,9 +13,9 @@ namespace controls {
 
 // One line of the list.
 struct DirEntry {
-  std::string text;  // as shown: "C:\" for the root, else the folder's own name
-  std::string path;  // full path, without a closing backslash except for the root
-  int depth = 0;     // 0 for the root: how far the line is indented
+  std::string text;  // as shown: "C:\" for the root, else the folder's name
+  std::string path;  // full path, without a trailing backslash except for the root
+  int depth = 0;     // level of indentation; 0 for the root
 };
 
 class DirList final : public Control {
@@ -23,23 +23,24 @@ class DirList final : public Control {
   DirList(Parent parent, std::string name, ControlInit start)
       : Control(parent, Kind::kDirList, std::move(name), std::move(start)) {}
 
-  // The current folder has changed, by the user or by code.
+  // Raised after the current folder has changed, by the user or by code.
   Event onChange;
-  // An entry that the user opened could not be read; the list is as it was.
+  // Raised with the error of setPath() when the user opened an entry that cannot be read; the list is unchanged.
   std::function<void(const platform::RuntimeError&)> onFailure;
 
-  // The current folder's full path, without a closing backslash except for a root ("C:\").
+  // The full path of the current folder, without a trailing backslash except for a root ("C:\").
   const std::string& path() const { return path_; }
   const std::vector<DirEntry>& entries() const { return entries_; }
-  // 0-based index of the current folder's own line.
+  // 0-based index of the current folder in entries().
   std::size_t current() const { return current_; }
 
-  // Makes a folder the current one. A drive's text ("c:", "c: [LABEL]") stands for that drive's current folder. Fails,
-  // leaving the list as it was, with 68 (drive not ready) or 76 (no such folder).
+  // Makes the folder `path` the current one; a drive ("c:", "c: [LABEL]") means the current folder of that drive.
+  // Fails with 68 (drive not ready) or 76 (no such folder) and then leaves the list unchanged.
+  // FileSystem::currentFolderOf, FileSystem::subfolders.
   platform::Result<void> setPath(const std::string& path);
 
-  // What a person does: opens the entry at `index` (double click, Enter). Nothing happens while the list takes no
-  // input.
+  // A double click or Enter by the user: opens the entry at the 0-based `index`. Does nothing while the list does not
+  // accept input, or when there is no such entry.
   void open(std::size_t index);
 
  private:

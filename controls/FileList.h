@@ -1,4 +1,4 @@
-// The list of the files in one folder. The process's own current folder is never touched.
+// The list of the files in one folder. The process's current directory is never changed.
 #pragma once
 
 #include <cstddef>
@@ -18,18 +18,19 @@ class FileList final : public Control {
 
   // The folder whose files are listed; empty before the first setPath.
   const std::string& path() const { return path_; }
-  // The names of its files, without hidden and system ones, sorted without regard to case.
+  // The names of its files, without hidden and system ones, sorted case-insensitively.
   const std::vector<std::string>& files() const { return files_; }
 
-  // Shows the files of the folder `path`. Fails with 68 (drive not ready) or 76 (no such folder); the list is then
-  // that folder's all the same, and empty, so that it never offers the files of another one.
+  // Lists the files of the folder `path`, with none selected. Fails with 68 (drive not ready) or 76 (no such folder);
+  // path() is then `path` and the list is empty, so that it never shows another folder's files. FileSystem::filesIn.
   platform::Result<void> setPath(const std::string& path);
 
-  // The 0-based index of the selected file, if any. Selecting one that is not there takes the selection away.
+  // The 0-based index of the selected file, if any. Selecting an index that does not exist clears the selection.
   std::optional<std::size_t> selected() const { return selected_; }
   void select(std::optional<std::size_t> index);
 
-  // What a person does: clicks the file at `index`. Nothing happens while the list takes no input.
+  // A click by the user on the file at the 0-based `index`. Does nothing while the list does not accept input, or when
+  // there is no such file.
   void click(std::size_t index);
 
  private:

@@ -1,4 +1,4 @@
-// The flat push button used on every window.
+// The flat push button.
 #pragma once
 
 #include "controls/Control.h"
@@ -18,12 +18,12 @@ class FlatButton final : public Control {
 
   Picture picture() const { return picture_; }
 
-  // What a person's click does: nothing while the button takes no input.
+  // A click by the user: raises onClick, or does nothing while the button does not accept input.
   void click() {
     if (acceptsInput() && onClick) onClick();
   }
 
-  // The pointer has come onto the button from elsewhere.
+  // The mouse pointer has entered the button: raises onPointerEnters, under the same condition.
   void pointerEnters() {
     if (acceptsInput() && onPointerEnters) onPointerEnters();
   }

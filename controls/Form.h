@@ -1,4 +1,4 @@
-// One window: its controls, its buttons for Enter and Esc, its layout, and what opening and closing it means.
+// A window: its controls, its default and cancel buttons, its layout, and its life from loading to closing.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +13,10 @@
 
 namespace controls {
 
-// What untitled message boxes carry.
+// The default title of message boxes.
 inline constexpr const char* kApplicationTitle = "Scrubhaven Pro";
 
-// Shows a message box and gives the button pressed. `style` is a sum of the platform's box styles.
+// Shows a message box and returns the button pressed. `style` is a sum of platform::kBox values. Ui::messageBox.
 platform::Answer messageBox(const std::string& text, std::uint32_t style = platform::kBoxOk,
                             const std::string& title = kApplicationTitle);
 
@@ -27,42 +27,43 @@ class Form {
   virtual ~Form() = default;
 
   const std::string& caption() const { return caption_; }
-  // All controls, in order of creation. Not owned: they are the form's own members.
+  // All controls, in order of creation. They are members of the derived form.
   const std::vector<Control*>& controls() const { return controls_; }
 
-  // How the controls share the window. Tab order is the order of this tree.
+  // Builds the layout of the controls. The tab order is the order of this tree.
   virtual Box layout() = 0;
 
-  // The button that Enter presses, or null. Never one that destroys.
+  // The button that Enter clicks, or null. It must not delete anything.
   FlatButton* defaultButton() const { return defaultButton_; }
-  // The button that Esc presses, or null.
+  // The button that Esc clicks, or null.
   FlatButton* cancelButton() const { return cancelButton_; }
 
-  // Loads the form, shows it as a window over `owner` (null for the first window) and returns when it has been closed.
-  // The owner takes no input until then.
+  // Loads the form, shows it as a modal window of `owner` (null for the first window) and returns when it has been
+  // closed. The owner does not accept input until then. Ui::runModal.
   void showModal(Form* owner);
-  // Takes the window away; from then on its owner takes input again. Handlers that run go on, and showModal returns
-  // once they have ended.
+  // Closes the window, and its owner accepts input again. Handlers that are running continue; showModal returns after
+  // them.
   void close();
   bool isOpen() const { return open_; }
-  // Whether a person can use the form: it is loaded and no other window stands over it.
+  // Whether the user can operate the form: it is open and shows no modal window of its own.
   bool acceptsInput() const { return open_ && !covered_; }
 
-  // The form's own set-up; leaves it open. showModal does this, and so does a test that shows no window.
+  // Opens the form and runs formLoad(), without showing a window. showModal calls it.
   void load();
 
-  // The window has become the active one.
+  // Called after the window has become the active one.
   virtual void gotFocus() {}
-  // The user wants the window closed by other means than its buttons (title bar, Alt+F4).
+  // Called when the user closes the window by its title bar or by Alt+F4.
   virtual void closeRequested() { close(); }
 
-  // Asks for the window to be drawn anew.
+  // Repaints the window and all its controls.
   void refresh();
 
-  // Tells the user of a failure that no handler has dealt with; the pointer goes back to its default and the program
-  // goes on.
+  // Shows the number and text of a failure that no handler has dealt with, after resetting the pointer to its default.
+  // Returns when the user has closed the message box.
   static void reportUnhandled(const platform::RuntimeError& error);
 
+  // Attaches the peer that shows this form; null detaches it.
   void attach(Peer* peer) { peer_ = peer; }
 
  protected:
@@ -83,9 +84,9 @@ class Form {
   std::vector<Control*> controls_;
   FlatButton* defaultButton_ = nullptr;
   FlatButton* cancelButton_ = nullptr;
-  Form* owner_ = nullptr;  // the window under this one
+  Form* owner_ = nullptr;  // null for the first window
   bool open_ = false;
-  bool covered_ = false;
+  bool covered_ = false;  // shows a modal window of its own
   Peer* peer_ = nullptr;
 };
 

@@ -1,4 +1,4 @@
-// A text that the user reads, or a coloured bar.
+// A static text, or a coloured bar.
 #pragma once
 
 #include <algorithm>
@@ -8,12 +8,12 @@
 
 namespace controls {
 
-// The colour that a label is filled with: the window's own, the track of a progress bar, its filled part.
+// The background of a label: the window's colour, the track of a progress bar, or its filled part.
 enum class Ground { kWindow, kTrack, kFilled };
 
 class Label final : public Control {
  public:
-  // A label begins at the left edge of its place in the layout and takes `widthPercent` of its width.
+  // The label covers the left `widthPercent` percent of its rectangle in the layout.
   Label(Parent parent, std::string name, ControlInit start, Ground ground = Ground::kWindow, int widthPercent = 100)
       : Control(parent, Kind::kLabel, std::move(name), std::move(start)),
         ground_(ground),
@@ -28,7 +28,8 @@ class Label final : public Control {
     notify(Change::kValue);
   }
 
-  // The part of its place that the label takes. Below 0 percent it takes none, above 100 it sticks out.
+  // The part of `place`, its rectangle in the layout, that the label covers: none below 0 percent, more than all of it
+  // above 100.
   Rect covered(Rect place) const {
     place.width = std::max(place.width * widthPercent_ / 100, 0);
     return place;

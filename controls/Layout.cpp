@@ -14,7 +14,7 @@ constexpr int kWindowMargin = 5;
 constexpr int kGap = 4;
 constexpr int kButtonPadding = 6;  // left and right of a caption
 constexpr int kButtonHeight = 14;
-constexpr int kCheckMark = 12;  // the mark and the gap behind it
+constexpr int kCheckMark = 12;  // the box and the gap after it
 constexpr int kLineHeight = 9;
 constexpr int kCheckBoxHeight = 11;
 constexpr int kEditHeight = 13;
@@ -29,7 +29,7 @@ int widestCaption(const Box& box, const Metrics& metrics) {
   return widest;
 }
 
-// What a control's own content needs.
+// The least size of a control's content, in pixels.
 Size contentSize(const Box& box, const Metrics& metrics) {
   const auto x = [&metrics](int units) { return metrics.pixelsX(units); };
   const auto y = [&metrics](int units) { return metrics.pixelsY(units); };
@@ -39,7 +39,7 @@ Size contentSize(const Box& box, const Metrics& metrics) {
     case Kind::kCheckBox:
       return {widestCaption(box, metrics) + x(kCheckMark), y(kCheckBoxHeight)};
     case Kind::kLabel:
-      // A text that may wrap or be shortened makes do with the width it is given.
+      // A text that may wrap or be shortened does not determine the width.
       return {box.lines == 1 && !box.shortened ? widestCaption(box, metrics) : 0, y(kLineHeight * box.lines)};
     case Kind::kTextBox:
     case Kind::kDriveList:
@@ -96,9 +96,9 @@ Size need(const Box& box, const Metrics& metrics) {
   return size;
 }
 
-// The lengths of the parts along one line: what each needs, and its share of what is left.
-std::vector<int> shareOut(const std::vector<int>& needs, const std::vector<int>& shares, int room) {
-  int left = room;
+// The lengths of the parts of a row or column: what each needs, plus its share of the rest of `total`.
+std::vector<int> distribute(const std::vector<int>& needs, const std::vector<int>& shares, int total) {
+  int left = total;
   int open = 0;
   for (std::size_t i = 0; i < needs.size(); ++i) {
     left -= needs[i];
@@ -151,7 +151,7 @@ class Arranger {
     return {room.x + side, room.y + top, room.width - 2 * side, room.height - top - metrics_.pixelsY(kFrameMargin)};
   }
 
-  // A control that does not stretch across its row's height stands in the middle of it.
+  // A control that does not stretch vertically is centred in the height of its row.
   static Rect centred(const Box& part, Rect room, int height) {
     if (part.kind != Box::Kind::kControl || part.stretchY > 0 || height >= room.height) return room;
     return {room.x, room.y + (room.height - height) / 2, room.width, height};
@@ -168,7 +168,7 @@ class Arranger {
       heights.push_back(size.height);
       shares.push_back(part.stretchX);
     }
-    const std::vector<int> widths = shareOut(needs, shares, room.width - gapsBetween(box, gap));
+    const std::vector<int> widths = distribute(needs, shares, room.width - gapsBetween(box, gap));
     int x = room.x;
     for (std::size_t i = 0; i < box.parts.size(); ++i) {
       put(box.parts[i], centred(box.parts[i], {x, room.y, widths[i], room.height}, heights[i]));
@@ -184,7 +184,7 @@ class Arranger {
       needs.push_back(need(part, metrics_).height);
       shares.push_back(part.stretchY);
     }
-    const std::vector<int> heights = shareOut(needs, shares, room.height - gapsBetween(box, gap));
+    const std::vector<int> heights = distribute(needs, shares, room.height - gapsBetween(box, gap));
     int y = room.y;
     for (std::size_t i = 0; i < box.parts.size(); ++i) {
       put(box.parts[i], {room.x, y, room.width, heights[i]});
@@ -199,7 +199,7 @@ class Arranger {
 Box ofParts(Box::Kind kind, std::vector<Box> parts) {
   Box box;
   box.kind = kind;
-  // A box stretches as far as anything in it does.
+  // A box stretches as much as the part that stretches most.
   for (const Box& part : parts) {
     box.stretchX = std::max(box.stretchX, part.stretchX);
     box.stretchY = std::max(box.stretchY, part.stretchY);

@@ -1,6 +1,6 @@
-// Where a window's controls stand: boxes in boxes, in dialog units, worked out without any window system. A row puts
-// its parts side by side, a column below each other, a stack in one place; what is left over goes to the parts that
-// stretch.
+// Computes the positions of a window's controls from a tree of nested boxes, without a window system. A row places its
+// parts side by side, a column one below the other, a stack in the same rectangle. Space that is left over goes to the
+// parts that stretch.
 #pragma once
 
 #include <string>
@@ -27,11 +27,12 @@ struct Rect {
   int bottom() const { return y + height; }
 };
 
-// What the layout must know of the window system: how large text and dialog units are on this screen.
+// The sizes of text and of dialog units on the screen.
 class Metrics {
  public:
   virtual ~Metrics() = default;
-  // Pixels for a number of dialog units: a quarter of a character's average width, an eighth of its height.
+  // Converts dialog units to pixels. A unit is a quarter of the average character width across, an eighth of the
+  // character height down.
   virtual int pixelsX(int dialogUnits) const = 0;
   virtual int pixelsY(int dialogUnits) const = 0;
   // The width in pixels of a one-line text in the window's font.
@@ -45,15 +46,15 @@ struct Box {
   Kind kind = Kind::kSpace;
   Control* control = nullptr;  // kControl, and the frame of kFramed
   std::vector<Box> parts;
-  int minWidth = 0;   // dialog units; the content's own need when larger
-  int minHeight = 0;  // dialog units
-  int stretchX = 0;   // share of left-over width; 0 keeps the box at its least width
-  int stretchY = 0;
+  int minWidth = 0;                    // dialog units; the content may need more
+  int minHeight = 0;                   // dialog units
+  int stretchX = 0;                    // share of the left-over width; 0 keeps the least width
+  int stretchY = 0;                    // share of the left-over height
   int lines = 1;                       // of a label's text
-  bool shortened = false;              // a text too long for its place is shown shortened
-  std::vector<std::string> alsoShows;  // further captions that must fit
+  bool shortened = false;              // a label whose text is shortened when it does not fit
+  std::vector<std::string> alsoShows;  // other captions that the control will show and that must fit
 
-  // Changes to a box just built, in a form that chains.
+  // Set the members above, and return the box so that calls can be chained.
   Box& atLeast(int width, int height);
   Box& stretch(int x, int y);
   Box& textLines(int count);
@@ -61,23 +62,27 @@ struct Box {
   Box& reserve(std::vector<std::string> captions);
 };
 
+// A control.
 Box place(Control& control);
+// Empty space of at least this size, in dialog units.
 Box space(int width = 0, int height = 0);
 Box row(std::vector<Box> parts);
 Box column(std::vector<Box> parts);
-// Parts that share one place, because they are never visible together or lie over each other, the first on top.
+// Parts in the same rectangle: never visible together, or one over the other with the first on top.
 Box stack(std::vector<Box> parts);
-// `inner` inside the frame's border and below its caption.
+// `inner` within the frame's border and below its caption.
 Box framed(Frame& frame, Box inner);
 
+// Rectangles in pixels, relative to the inside of the window.
 using Places = std::unordered_map<const Control*, Rect>;
 
-// The least size that cuts no text and overlaps nothing, window margin included.
+// The least size of the inside of the window, in pixels, at which no text is cut and nothing overlaps; includes the
+// window margin.
 Size leastSize(const Box& root, const Metrics& metrics);
-// Where every control stands in a window whose inside is `size`; a smaller window than the least is laid out as the
-// least.
+// The rectangle of every control in a window whose inside is `size`; a smaller one than leastSize() is laid out at
+// leastSize().
 Places arrange(const Box& root, const Metrics& metrics, Size size);
-// All controls in the order of the tree: the tab order.
+// All controls in the order of the tree, which is the tab order.
 std::vector<Control*> tabOrder(const Box& root);
 
 }  // namespace controls

@@ -1,17 +1,17 @@
-// The link from a control's state to whatever draws it.
+// The interface by which controls and forms notify the code that draws them.
 #pragma once
 
 namespace controls {
 
-// What has changed on a control or form.
+// What has changed. kClosed and kRepaint come from a form, the others from a control.
 enum class Change { kVisible, kEnabled, kCaption, kToolTip, kValue, kRows, kRepaint, kClosed };
 
-// Draws one control or form. At most one is attached; the control does not own it.
+// Draws one control or form, which has at most one peer and does not own it.
 class Peer {
  public:
   virtual ~Peer() = default;
 
-  // Called after the state has changed. Must be cheap: a list of a million rows calls it a million times.
+  // Called after the state has changed. Must be fast: a list calls it for every row that is added.
   virtual void changed(Change change) = 0;
 };
 

@@ -12,6 +12,7 @@ class PictureBox final : public Control {
 
   Event onClick;
 
+  // A click by the user: raises onClick, or does nothing while the picture does not accept input.
   void click() {
     if (acceptsInput() && onClick) onClick();
   }

@@ -18,7 +18,7 @@ class TextBox final : public Control {
     notify(Change::kValue);
   }
 
-  // What a person's typing leaves in the box; nothing changes while it takes no input.
+  // The user's typing: `text` is the new content. Does nothing while the box does not accept input.
   void type(std::string text) {
     if (acceptsInput()) setText(std::move(text));
   }

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
-#include "console/frmFind.h"
-
 using controls::ControlInit;
 using controls::place;
 
-frmChoose::frmChoose(frmFind& console)
+frmChoose::frmChoose(finder::CustomExtensions& extensions)
     : Form("Custom File Extensions"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Custom File Extensions"}),
       Label1(
@@ -16,8 +14,8 @@ frmChoose::frmChoose(frmFind& console)
                                  "just the extension; for example:  jpg or 001"}),
       cmdAccept(*this, "cmdAccept", ControlInit{.caption = "Accept"}),
       cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel"}),
-      console_(console) {
-  for (std::size_t i = 0; i < kCustomExtensions; ++i) txtChoose.add(Frame1, "txtChoose" + std::to_string(i));
+      extensions_(extensions) {
+  for (std::size_t i = 0; i < finder::kCustomExtensions; ++i) txtChoose.add(Frame1, "txtChoose" + std::to_string(i));
   cmdAccept.onClick = [this] { cmdAccept_Click(); };
   cmdCancel.onClick = [this] { close(); };
   cmdAccept.setMnemonic('A');
@@ -36,13 +34,13 @@ controls::Box frmChoose::layout() {
 }
 
 void frmChoose::formLoad() {
-  for (std::size_t i = 0; i < kCustomExtensions; ++i) txtChoose[i].setText(console_.CustomExtensions[i]);
+  for (std::size_t i = 0; i < finder::kCustomExtensions; ++i) txtChoose[i].setText(extensions_[i]);
 }
 
-// Five empty boxes are taken for a window left as it was; to clear an extension, another must stay.
+// Five empty boxes change nothing: the last extension can only be replaced, not removed.
 void frmChoose::cmdAccept_Click() {
   const bool anyEntered =
       std::ranges::any_of(txtChoose, [](const controls::TextBox& box) { return !box.text().empty(); });
-  for (std::size_t i = 0; anyEntered && i < kCustomExtensions; ++i) console_.CustomExtensions[i] = txtChoose[i].text();
+  for (std::size_t i = 0; anyEntered && i < finder::kCustomExtensions; ++i) extensions_[i] = txtChoose[i].text();
   close();
 }

@@ -1,4 +1,4 @@
-// The window in which the user enters own file extensions for the junk scan.
+// The window in which the user enters custom file extensions for the junk scan.
 #pragma once
 
 #include "controls/ControlArray.h"
@@ -7,13 +7,12 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/TextBox.h"
-
-class frmFind;
+#include "finder/junk_types.h"
 
 class frmChoose final : public controls::Form {
  public:
-  // Shows the extensions of `console`, and puts what the user accepts back there.
-  explicit frmChoose(frmFind& console);
+  // Shows `extensions` and stores in them what the user accepts. They must outlive the window.
+  explicit frmChoose(finder::CustomExtensions& extensions);
 
   controls::Box layout() override;
 
@@ -29,5 +28,5 @@ class frmChoose final : public controls::Form {
  private:
   void cmdAccept_Click();
 
-  frmFind& console_;
+  finder::CustomExtensions& extensions_;
 };

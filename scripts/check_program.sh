@@ -1,11 +1,11 @@
 #!/bin/bash
-# check_program.sh EXE: the program must start on the oldest Windows. So it asks for subsystem version 4.0 and imports
-# only from libraries that Windows 95 has; whatever is newer is bound at run time.
+# check_program.sh EXE: fails unless Windows 95 can load the program: subsystem version 4.0, imports only from
+# libraries of Windows 95 and of functions that it has (newer ones are bound at run time).
 set -uo pipefail
 EXE=$1
 HEADERS=$(i686-w64-mingw32-objdump -p "$EXE") || exit 1
 LIBRARIES_OF_WINDOWS_95='advapi32|comctl32|comdlg32|gdi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32'
-# Functions that came with a later Windows and that compilers' run-time libraries like to import.
+# Functions of later Windows versions, in particular those that compilers' run-time libraries import.
 LATER_FUNCTIONS='AddVectoredExceptionHandler|AttachConsole|FindFirstFileExA|GetFileSizeEx|GetLongPathNameA|GetModuleHandleEx[AW]|GetNativeSystemInfo|GetTickCount64|InitializeSRWLock|InitializeConditionVariable|InitOnceExecuteOnce|SetFilePointerEx|SHEmptyRecycleBinA|SHGetFolderPathA|SHGetSpecialFolderPathA|CoInitializeEx|CreateToolhelp32Snapshot|GlobalMemoryStatusEx|TryEnterCriticalSection|IsDebuggerPresent|GetMonitorInfoA|MonitorFromWindow|GetGuiResources|GetAncestor|TrackMouseEvent|AlphaBlend|TransparentBlt|GetFileAttributesExA|CopyFileExA|MoveFileExW|RegDeleteKeyExA|RegGetValueA'
 FAILED=0
 

@@ -1,9 +1,7 @@
 #!/bin/bash
-# demo.sh PREFIX: plays the demonstration on a virtual screen. The player is demo.exe (tests/desktop/demo_main.cpp), a
-# Windows program that runs inside the prefix as C:\demo\demo.exe, starts
-# C:\Program Files\Scrubhaven\scrubhaven.exe, drives its window as a person would, prints what it does and sees line by
-# line, and ends with 0 when all went as it should. How it asks for a screenshot is told in play.sh; they go to
-# build/demo/.
+# demo.sh PREFIX: plays the demonstration on a virtual screen: demo.exe (tests/desktop/demo_main.cpp) starts the
+# installed program, drives its window, prints each step, and ends with 0 when every step had its expected result.
+# Screenshots (see play.sh) go to build/demo/.
 set -uo pipefail
 SCRIPTS=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)
 source "$SCRIPTS/seal.sh"

@@ -1,13 +1,13 @@
 #!/bin/bash
-# fill_sample_drive.sh PREFIX: fills drive C: with sample junk of each of the twenty types, in C:\Sample, together with
-# the cases that are easily got wrong: sizes at a kilobyte's edge, protected names, near misses, a read-only file, a
-# folder that is hidden and system, an empty file. The content is the same at every run.
+# fill_sample_drive.sh PREFIX: makes C:\Sample with junk files of each of the twenty types and the special cases: sizes
+# around a kilobyte, protected names, names that only resemble them, a read-only file, a hidden system folder, an empty
+# file. The content is the same at every run.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/seal.sh"
 
 check_sealed "$1"
 SAMPLE=$(realpath -- "$1")/drive_c/Sample
-# The Windows attributes that a plain file system cannot hold, as Wine writes them: hidden 2 and system 4.
+# Windows attributes as Wine stores them in an extended attribute: hidden 2 and system 4.
 HIDDEN_SYSTEM=0x6
 
 # put FILE BYTES: a file of that size, below C:\Sample.
@@ -52,7 +52,7 @@ put 'Pictures/Thumbs.db' 15360
 put 'Pictures/holiday.jpg' 20480
 put 'Pictures/album.db' 9216
 
-# Names that a scan leaves alone, and names that only look like them.
+# Names that a scan skips, and names that only resemble them.
 put 'Protected/ntuser.bak' 1200
 put 'Protected/Registry/SAM.bak' 1200
 put 'Protected/sam.BAK' 1200
@@ -71,5 +71,5 @@ put 'Deep/one/two/three/four/buried.tmp' 77
 
 put 'Hidden system/not to be found.bak' 512
 if ! setfattr -n user.DOSATTRIB -v "\"$HIDDEN_SYSTEM\"" "$SAMPLE/Hidden system" 2>/dev/null; then
-  echo 'sample drive: this disk keeps no Windows attributes; "Hidden system" is an ordinary folder here'
+  echo 'sample drive: this file system has no extended attributes; "Hidden system" is an ordinary folder here'
 fi

@@ -1,5 +1,5 @@
 #!/bin/bash
-# in_prefix.sh PREFIX PROGRAM [ARGUMENT...]: the one way in which this project starts a Windows program.
+# in_prefix.sh PREFIX PROGRAM [ARGUMENT...]: the only way in which this project starts a Windows program.
 # PROGRAM is a path inside the prefix (C:\...) or a name that Wine knows. Nothing starts unless the prefix is sealed.
 set -uo pipefail
 SCRIPTS=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)

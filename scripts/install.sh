@@ -1,24 +1,21 @@
 #!/bin/bash
 # Installs what building, running and testing need on a Debian 12 machine, and only what is missing.
-# With everything in place it asks dpkg once and returns. Output of apt goes to build/install.log.
+# With nothing missing it queries dpkg once and returns. Output of apt goes to build/install.log.
 set -uo pipefail
 
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 LOG=$ROOT/build/install.log
 PIN=$ROOT/build/apt-same-suite.pref
 
-# dpkg prints packages of the machine's own architecture by bare name, so this list asks for them that way.
 PACKAGES=(
-  ca-certificates git make
   g++ cmake ninja-build
-  g++-mingw-w64-i686-win32 g++-mingw-w64-i686-posix binutils-mingw-w64-i686 gcc-mingw-w64-i686-win32
-  gcc-mingw-w64-i686-posix mingw-w64-i686-dev
-  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  g++-mingw-w64-i686-win32 g++-mingw-w64-i686-posix
+  googletest libbenchmark-dev
   clang-format clang-tidy-19
-  wine wine64 wine32:i386 fonts-wine
-  xvfb xauth x11-apps x11-utils xdotool imagemagick
-  fonts-liberation fonts-dejavu-core
-  openssl attr
+  wine wine32:i386 fonts-wine
+  xvfb imagemagick # virtual screen, screenshots
+  openssl          # bench/compare_shred.sh
+  attr             # setfattr, in fill_sample_drive.sh
 )
 
 say() { printf 'install: %s\n' "$*"; }
@@ -39,7 +36,7 @@ missing_packages() {
 
 apt_quietly() { DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" </dev/null >>"$LOG" 2>&1; }
 
-# Fresh images keep no package lists, and a list of another day names files that are gone.
+# Fresh images have no package lists, and an old list names files that the server no longer has.
 update_lists() {
   local attempt
   for attempt in 1 2 3; do
@@ -49,9 +46,9 @@ update_lists() {
   return 1
 }
 
-# An i386 package must have exactly the version of its amd64 twin. When the security suite's i386 index cannot be read,
-# amd64 libraries would come from that suite and i386 ones not; with the suite out of the choice both come from the
-# same place. Libraries that are already newer than that go back to it, hence --allow-downgrades.
+# An i386 package must have exactly the version of its amd64 counterpart. When the security suite's i386 index cannot be
+# read, amd64 libraries would come from that suite and i386 ones would not; without the suite both come from the main one.
+# Libraries that are already newer are downgraded, hence --allow-downgrades.
 install_from_one_suite() {
   printf 'Package: *\nPin: release n=bookworm-security\nPin-Priority: -1\n' >"$PIN"
   apt_quietly -o Acquire::Retries=3 -o "Dir::Etc::Preferences=$PIN" install --yes --no-install-recommends \
@@ -81,10 +78,10 @@ main() {
     dpkg --add-architecture i386 >>"$LOG" 2>&1 || { say "dpkg refused i386" >&2; return 1; }
   fi
   say "reading the package lists"
-  update_lists || say "the lists are incomplete; trying with what there is"
+  update_lists || say "the package lists are incomplete; installing with those that could be read"
   say "installing ${missing[*]}"
   if ! apt_quietly -o Acquire::Retries=3 install --yes --no-install-recommends "${missing[@]}"; then
-    say "the plain way failed; once more with amd64 and i386 from the same suite"
+    say "the installation failed; once more without the security suite"
     install_from_one_suite "${missing[@]}"
   fi
 

@@ -1,13 +1,14 @@
 #!/bin/bash
-# Screenshots for programs inside the prefix. A Windows program cannot see the screen around it, so it asks:
+# Screenshots for programs in the prefix. A Windows program cannot store a picture of the screen on the host, so it
+# requests one:
 #
-#   1. it writes a line "@screenshot NAME" (letters, digits, '-' and '_') to its standard output and flushes it;
+#   1. the program writes a line "@screenshot NAME" (letters, digits, '-' and '_') to its standard output and flushes it;
 #   2. the script takes the whole screen into FOLDER/NAME.png;
-#   3. the script creates the empty file C:\demo\NAME.done, for which the program waits (a few seconds at most).
-#      It may delete the file afterwards to use the name again. When no screenshot could be taken the file says why.
+#   3. the script creates the file C:\demo\NAME.done, for which the program waits. It is empty, or holds the error
+#      message when no screenshot could be taken.
 #
-# play_program SECONDS FOLDER PREFIX PROGRAM [ARGUMENT...]: runs PROGRAM on the present screen, prints its lines without
-# carriage returns, serves its wishes for screenshots, and gives its exit code (124 when the time was up).
+# play_program SECONDS FOLDER PREFIX PROGRAM [ARGUMENT...]: runs PROGRAM on the current DISPLAY, prints its lines without
+# carriage returns, takes the screenshots that it requests, and returns its exit code (124 when the time was up).
 #
 # To be sourced after seal.sh.
 
@@ -36,7 +37,7 @@ play_program() {
   (
     timeout "$seconds" "$SEAL_ROOT/scripts/in_prefix.sh" "$prefix" "$@" </dev/null
     status=$?
-    # Whatever the program left open would keep the pipe open, too.
+    # Processes that the program left behind would keep the pipe open.
     stop_prefix "$prefix"
     exit "$status"
   ) 2>&1 | serve_screenshots "$folder" "$prefix"

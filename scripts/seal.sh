@@ -1,15 +1,15 @@
 #!/bin/bash
-# The sealed Wine prefix. Scrubhaven destroys files at fixed places, so it runs only in a prefix that has no way out to
-# the machine around it: no z: drive, no link from the profile or anywhere below drive_c to the outside, and a home and
-# data folder of its own (Wine's Recycle Bin is the trash folder of whoever's XDG_DATA_HOME it is).
+# The sealed Wine prefix. Scrubhaven destroys files at fixed places, so it runs only in a prefix from which no file of the
+# host can be reached: no z: drive, no link from the profile or anywhere below drive_c to the outside, and a home and
+# data folder of its own (Wine's Recycle Bin is the trash folder in XDG_DATA_HOME).
 #
-#   seal.sh make DIR     a fresh prefix at DIR, whatever was there before is gone
-#   seal.sh check DIR    quiet when DIR is sealed; says why and fails when it is not
+#   seal.sh make DIR     makes a fresh prefix at DIR; what was there before is deleted
+#   seal.sh check DIR    succeeds without output when DIR is sealed, otherwise prints why not and fails
 #
-# Sourced, it gives the functions make_prefix, check_sealed, prefix_environment and stop_prefix.
-# The environment chooses:
-#   SCRUBHAVEN_VERSION   the Windows that Wine plays in a fresh prefix (winxp): win95, win98, nt40, win2k, win2003 ...
-#   SCRUBHAVEN_DRIVE_D   the one folder that may be drive d:, because the user named it
+# Sourced, it defines make_prefix, check_sealed, prefix_environment, keep_wine_running and stop_prefix.
+# Environment variables:
+#   SCRUBHAVEN_VERSION   the Windows version that Wine reports in a fresh prefix (default winxp): win95, win98, nt40 ...
+#   SCRUBHAVEN_DRIVE_D   the only folder that may be drive d:
 
 SEAL_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 SEAL_BUILD=$SEAL_ROOT/build
@@ -20,30 +20,34 @@ seal_refuse() {
   return 1
 }
 
-# Only places below build/ may ever become a prefix: making one deletes what was there.
+# Making a prefix deletes what was there, so only paths below build/ are accepted.
 inside_build() {
   local path
   path=$(realpath -m -- "$1")
   [[ $path == "$SEAL_BUILD"/?* ]] || seal_refuse "$1 is not below build/"
 }
 
-# Exports everything that Wine reads to find its files, the host's files and the host's programs.
+# Exports the variables by which Wine finds its files, the host's files and the host's programs.
 prefix_environment() {
   local prefix=$1 home=$1/home
   export WINEPREFIX=$prefix WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all}
   export WINEDLLOVERRIDES='winemenubuilder.exe=d;mscoree=;mshtml='
   export HOME=$home XDG_DATA_HOME=$home/.local/share XDG_CONFIG_HOME=$home/.config XDG_CACHE_HOME=$home/.cache
   export XDG_STATE_HOME=$home/.local/state
-  # The code page is the western one everywhere, and file names go through UTF-8.
+  # The code page is the western one on every host, and file names on the host are UTF-8.
   export LC_ALL=C.UTF-8
-  # The message bus would tell Wine of the host's disks, and each would become a drive.
+  # Through the message bus Wine would learn of the host's disks and make each of them a drive.
   export DBUS_SYSTEM_BUS_ADDRESS=disabled: DBUS_SESSION_BUS_ADDRESS=disabled:
-  # The first place where Wine looks for the program that opens web addresses.
+  # Wine looks here first for the program that opens web addresses.
   export PATH=$home/bin:$PATH
   unset XDG_RUNTIME_DIR WINELOADER WINEDLLPATH WINE
 }
 
-# Ends all of Wine in one prefix and waits until it is gone.
+# Keeps Wine's services running between the programs of one prefix, for a minute at most; starting them for each program
+# takes half a second. To be ended by stop_prefix.
+keep_wine_running() { (prefix_environment "$1" && wineserver -p60); }
+
+# Ends all Wine processes of one prefix and waits for their end.
 stop_prefix() {
   [[ -d $1/drive_c ]] || return 0
   (
@@ -54,7 +58,7 @@ stop_prefix() {
   return 0
 }
 
-# Wine makes c:, z: and a link for each serial port, and profile folders that are links to the home folder.
+# Removes what Wine makes: z:, a link for each serial port, and profile folders that are links to the home folder.
 close_ways_out() {
   local prefix=$1 link
   find "$prefix/dosdevices" -mindepth 1 ! -name 'c:' -delete
@@ -63,7 +67,7 @@ close_ways_out() {
   done < <(find "$prefix/drive_c" -type l -print0)
 }
 
-# The settings of every prefix, as a registry script.
+# The settings of every prefix, as a .reg file.
 seal_settings() {
   cat <<'REG'
 REGEDIT4
@@ -83,7 +87,7 @@ REGEDIT4
 REG
 }
 
-# The stand-in for the host's browser: it writes down what would have been opened, one address a line.
+# Replaces the host's browser: appends each opened address as a line to C:\opened-addresses.txt.
 install_address_recorder() {
   mkdir -p "$1/home/bin"
   cat >"$1/home/bin/opened-address" <<'SH'
@@ -93,7 +97,14 @@ SH
   chmod +x "$1/home/bin/opened-address"
 }
 
-# A pristine prefix to copy from; made once for each version of Wine.
+# Wine only checks that its libraries exist in the prefix and loads its own; without debug information a prefix has a
+# third of the size and is copied several times faster. Old 16-bit files have another format and stay as they are.
+strip_libraries() {
+  find "$1/drive_c/windows" -type f \( -name '*.dll' -o -name '*.exe' -o -name '*.drv' -o -name '*.ocx' \) -print0 |
+    xargs -0 -n 50 i686-w64-mingw32-strip
+}
+
+# The prefix that all others are copied from; made once for each version of Wine and of this script.
 make_template() {
   local wanted made=$SEAL_TEMPLATE.new
   wanted="$(wine --version 2>/dev/null) $(cksum <"${BASH_SOURCE[0]}")"
@@ -110,11 +121,12 @@ make_template() {
     wine regedit /S 'C:\settings.reg'
     wineserver -w
     rm -f "$made/drive_c/settings.reg"
-    # Debian's Wine does not look where Debian puts Wine's own fonts, among them Tahoma and the window buttons' symbols.
+    # Debian's Wine does not find its own fonts in their folder, among them Tahoma and the window buttons' symbols.
     cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$made/drive_c/windows/Fonts/"
+    strip_libraries "$made"
   ) >"$SEAL_BUILD/prefix.log" 2>&1 </dev/null
   close_ways_out "$made"
-  # Otherwise a newer Wine would update the prefix at its next start and make its links again.
+  # Without it a newer Wine would update the prefix at its next start and make its links again.
   echo disable >"$made/.update-timestamp"
   check_sealed "$made" || return 1
   if ! grep -q '"Managed"="N"' "$made/user.reg"; then
@@ -150,9 +162,9 @@ check_dos_devices() {
       c:) [[ $(readlink -f -- "$link") == "$prefix/drive_c" ]] || { seal_refuse "c: is not drive_c"; return 1; } ;;
       d:)
         [[ -n ${SCRUBHAVEN_DRIVE_D:-} && $(readlink -- "$link") == "$SCRUBHAVEN_DRIVE_D" ]] ||
-          { seal_refuse "drive d: leads to $(readlink -- "$link"), which nobody named"; return 1; }
+          { seal_refuse "drive d: leads to $(readlink -- "$link"), which was not named"; return 1; }
         ;;
-      # Wine makes these anew at every start; a port holds no files.
+      # Wine makes these links at every start; a port gives access to no files.
       com[0-9]*|lpt[0-9]*) [[ -L $link && ! -d $link && ! -f $link ]] || { seal_refuse "$name is no port"; return 1; } ;;
       *) seal_refuse "drive or device $name leads out of the prefix"; return 1 ;;
     esac

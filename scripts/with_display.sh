@@ -1,5 +1,5 @@
 #!/bin/bash
-# with_display.sh COMMAND...: runs COMMAND on a virtual screen of its own, which ends with it.
+# with_display.sh COMMAND...: runs COMMAND on a virtual screen of its own, which is ended afterwards.
 # SCRUBHAVEN_SCREEN is the size, 1024x768 unless given.
 set -uo pipefail
 

@@ -1,19 +1,8 @@
 #include "settings/frmPage.h"
 
-#include "settings/modRegistry.h"
+#include "settings/pagefile.h"
 
 using controls::messageBox;
-
-namespace {
-
-// The status is not looked at: the message that follows comes in any case.
-void writeSetting(std::int32_t value) {
-  constexpr const char* kControl = "System\\CurrentControlSet\\Control";
-  static_cast<void>(WriteRegistryValue("HKLM", std::string(kControl) + "\\Session Manager\\Memory Management\\",
-                                       "ClearPageFileAtShutdown", "D", value));
-}
-
-}  // namespace
 
 frmPage::frmPage()
     : ToggleWindow("Cear Pagfile", "Toggles Enable/Disable Clear Pagefile"),
@@ -26,12 +15,12 @@ controls::Box frmPage::layout() {
 
 void frmPage::cmdToggle_Click() {
   if (cmdToggle.caption() == kEnableCaption) {
-    writeSetting(1);
+    settings::writeClearPagefile(1);
     messageBox("Clear Pagefile has been enabled.", platform::kBoxInformation, "Clear Pagefile Enabled");
     lblPage.setCaption("Clear Pagefile on shutdown is currently enabled.");
     cmdToggle.disable();
   } else if (cmdToggle.caption() == kDisableCaption) {
-    writeSetting(0);
+    settings::writeClearPagefile(0);
     messageBox("Clear Pagefile has been disabled.", platform::kBoxInformation, "Clear Pagefile Disabled");
     lblPage.setCaption("Clear Pagefile on shutdown is currently disabled.");
     cmdToggle.disable();

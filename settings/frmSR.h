@@ -13,9 +13,9 @@ class frmSR final : public ToggleWindow {
   controls::Box layout() override;
 
   controls::Label lblSR;
-  controls::ListView ListView1;  // nothing is ever listed in it, so it has no place in the layout
+  controls::ListView ListView1;  // always empty and not in the layout
 
-  // Has the system stop or start a service by its display name; neither waits nor learns how it went.
+  // Stops or starts a service by its display name, without waiting for the result.
   void StopService(const std::string& name);
   void StartService(const std::string& name);
 

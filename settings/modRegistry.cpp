@@ -146,6 +146,13 @@ std::int32_t ReadRegistryValue(const std::string& hive, const std::string& keyPa
   return read == kRegistryDone ? registry.closeKey(key) : read;
 }
 
+std::string readNumberText(const std::string& hive, const std::string& keyPath, const std::string& valueName) {
+  Variant value;
+  // On failure the value is the default.
+  static_cast<void>(ReadRegistryValue(hive, keyPath, valueName, "D", "", value));
+  return platform::textOf(value);
+}
+
 Result<std::int32_t> WriteRegistryValue(const std::string& hive, const std::string& keyPath,
                                         const std::string& valueName, const std::string& type, const Variant& value) {
   const RegistryKey root = GetRootKey(hive);

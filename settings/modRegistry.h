@@ -32,6 +32,9 @@ std::int32_t ReadRegistryValue(const std::string& hive, const std::string& keyPa
                                const std::string& type, const platform::Variant& defaultValue,
                                platform::Variant& result);
 
+// The number `valueName` of the key as text; empty when it cannot be read.
+std::string readNumberText(const std::string& hive, const std::string& keyPath, const std::string& valueName);
+
 // Writes `value`, converted to the type, and makes missing keys; to an INI file only texts are written (any other
 // type gives kUnknownHive), and whether that went well is not told. Numbers are 16 bits wide, and negative ones are
 // stored as if they had no sign. Gives the status. Fails with 6 or 13 when the value cannot be converted; the key has

@@ -1,21 +1,20 @@
-// The console's button for the page file: shows the setting in a window that can switch it.
-#include "console/frmFind.h"
-#include "settings/frmPage.h"
+#include "settings/pagefile.h"
 
-void frmFind::bindPagefile() { bindTool(cmdSwap, &frmFind::cmdSwap_Click); }
+#include "settings/modRegistry.h"
 
-void frmFind::cmdSwap_Click() {
-  if (!runsOnNtLine()) return;
-  const std::string setting =
-      readSetting("SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management", "ClearPageFileAtShutdown");
-  if (setting.empty()) return;
-  frmPage page;
-  if (setting == "0") {
-    page.cmdToggle.setCaption(kEnableCaption);
-    page.lblPage.setCaption("Clear Swap File at shutdown is currently disabled.");
-  } else if (setting == "1") {
-    page.cmdToggle.setCaption(kDisableCaption);
-    page.lblPage.setCaption("Clear Swap File at shutdown is currently enabled.");
-  }
-  page.showModal(this);
+namespace settings {
+namespace {
+
+// Reading and writing spell the first name differently, and writing closes the path; both name one key.
+constexpr const char* kKeyBelowSystem = "\\CurrentControlSet\\Control\\Session Manager\\Memory Management";
+constexpr const char* kValue = "ClearPageFileAtShutdown";
+
+}  // namespace
+
+std::string readClearPagefile() { return readNumberText("HKLM", std::string("SYSTEM") + kKeyBelowSystem, kValue); }
+
+void writeClearPagefile(std::int32_t value) {
+  static_cast<void>(WriteRegistryValue("HKLM", std::string("System") + kKeyBelowSystem + '\\', kValue, "D", value));
 }
+
+}  // namespace settings

@@ -1,21 +1,47 @@
-// The console's button for System Restore: shows its state in a window that can switch it.
-#include "console/frmFind.h"
-#include "settings/frmSR.h"
+#include "settings/system_restore.h"
 
-void frmFind::bindSystemRestore() { bindTool(cmdSysrestore, &frmFind::cmdSysrestore_Click); }
+#include <cstdint>
 
-void frmFind::cmdSysrestore_Click() {
-  if (!runsOnNtLine()) return;
-  const std::string setting =
-      readSetting("SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore", "DisableSR");
-  if (setting.empty()) return;
-  frmSR restore;
-  if (setting == "1") {
-    restore.cmdToggle.setCaption(kEnableCaption);
-    restore.lblSR.setCaption("System Restore is currently disabled.");
-  } else if (setting == "0") {
-    restore.cmdToggle.setCaption(kDisableCaption);
-    restore.lblSR.setCaption("System Restore is currently enabled.");
-  }
-  restore.showModal(this);
+#include "platform/Platform.h"
+#include "settings/modRegistry.h"
+
+namespace settings {
+namespace {
+
+// Without the closing backslash that writing appends.
+constexpr const char* kRestoreKey = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore";
+constexpr const char* kDisabledValue = "DisableSR";
+constexpr const char* kDriverKey = "SYSTEM\\CurrentControlSet\\Services\\sr\\";
+constexpr const char* kRunOnceKey = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
+
+// How the filter driver starts.
+constexpr std::int32_t kStartAtBoot = 0;
+constexpr std::int32_t kStartNever = 4;
+
+void writeState(std::int32_t disabled, std::int32_t driverStart) {
+  static_cast<void>(WriteRegistryValue("HKLM", std::string(kRestoreKey) + '\\', kDisabledValue, "D", disabled));
+  static_cast<void>(WriteRegistryValue("HKLM", kDriverKey, "Start", "D", driverStart));
 }
+
+void runNet(const std::string& command, const std::string& service) {
+  static_cast<void>(platform::machine().shell().launchHidden("net " + command + " \"" + service + "\""));
+}
+
+}  // namespace
+
+std::string readRestoreDisabled() { return readNumberText("HKLM", kRestoreKey, kDisabledValue); }
+
+void enableRestore() { writeState(0, kStartAtBoot); }
+
+void disableRestore() { writeState(1, kStartNever); }
+
+void scheduleRemovalOfPoints() {
+  const std::string script = platform::machine().environment().programFolder() + "\\svi.cmd";
+  static_cast<void>(WriteRegistryValue("HKLM", kRunOnceKey, "Delete SVI", "s", script));
+}
+
+void startService(const std::string& name) { runNet("start", name); }
+
+void stopService(const std::string& name) { runNet("stop", name); }
+
+}  // namespace settings

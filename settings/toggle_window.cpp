@@ -4,9 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "console/modOS.h"
-#include "settings/modRegistry.h"
-
 using controls::ControlInit;
 using controls::messageBox;
 using controls::place;
@@ -41,21 +38,15 @@ controls::Box ToggleWindow::layoutAround(controls::Label& state, std::vector<std
   return controls::column({controls::framed(Frame1, text), buttons});
 }
 
-bool runsOnNtLine() {
-  const std::string version = GetWindowsVersionName();
-  if (std::ranges::find(kRefusedVersions, version) == kRefusedVersions.end()) return true;
+bool isOnNtLine(const std::string& windowsVersionName) {
+  if (std::ranges::find(kRefusedVersions, windowsVersionName) == kRefusedVersions.end()) return true;
   messageBox("Sorry, this tool is for Windows NT/2000/XP only.", platform::kBoxExclamation, "Windows NT/2000/XP Only");
   return false;
 }
 
-std::string readSetting(const std::string& keyPath, const std::string& valueName) {
-  platform::Variant value;
-  // An empty text says enough.
-  static_cast<void>(ReadRegistryValue("HKLM", keyPath, valueName, "D", "", value));
-  std::string text = platform::textOf(value);
-  if (text.empty()) {
-    messageBox("The registry has reported that this key does not exist or is corrupted.", platform::kBoxCritical,
-               "Registry Access Error");
-  }
-  return text;
+bool isReadable(const std::string& setting) {
+  if (!setting.empty()) return true;
+  messageBox("The registry has reported that this key does not exist or is corrupted.", platform::kBoxCritical,
+             "Registry Access Error");
+  return false;
 }

@@ -1,4 +1,4 @@
-// What the two windows that switch a system setting have in common, and the console's two handlers that open them.
+// What the two windows that switch a system setting have in common, and the messages shown before they open.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 
-// The toggle's captions: what a click will do. A setting that is neither on nor off leaves the first two texts.
+// The toggle's captions: what a click will do. The first two texts stand for a setting that is neither on nor off.
 inline constexpr const char* kToggleCaption = "Toggle";
 inline constexpr const char* kUnknownSetting = "The current setting is not known.";
 inline constexpr const char* kEnableCaption = "Enable";
 inline constexpr const char* kDisableCaption = "Disable";
 
 // A window with the state of a setting in a frame, a toggle and a cancel button. The toggle's caption is its state:
-// "Enable" while the setting is off, "Disable" while it is on. Whoever opens the window sets it; one change can be made
-// at each opening.
+// "Enable" while the setting is off, "Disable" while it is on. It is set before the window opens; one change can be
+// made at each opening.
 class ToggleWindow : public controls::Form {
  public:
   controls::Frame Frame1;
@@ -33,9 +33,8 @@ class ToggleWindow : public controls::Form {
   controls::Box layoutAround(controls::Label& state, std::vector<std::string> states);
 };
 
-// Whether this Windows has the settings; when it has not, tells the user so.
-bool runsOnNtLine();
+// Whether a Windows of this name has the settings; when it has not, tells the user so.
+bool isOnNtLine(const std::string& windowsVersionName);
 
-// The number `valueName` of the machine's key `keyPath` as text. When there is none, tells the user so and gives an
-// empty text.
-std::string readSetting(const std::string& keyPath, const std::string& valueName);
+// Whether `setting`, read as text, is there; when it is empty, tells the user that it cannot be read.
+bool isReadable(const std::string& setting);

@@ -37,7 +37,7 @@ frmMain::frmMain()
   cmdShred.setMnemonic('S');
   cmdCancel.setMnemonic('C');
   cmdClose.setMnemonic('L');
-  // Esc presses nothing: after a run Cancel is still enabled, and would end every later run after one file.
+  // There is no cancel button for Esc: Cancel is enabled after a run, and would stop every later run after one file.
 }
 
 Box frmMain::layout() {
@@ -56,7 +56,7 @@ void frmMain::formLoad() {
   cmdCancel.disable();
 }
 
-// A cancelled dialog, like any failure, leaves list and buttons as they are.
+// A cancelled dialog changes nothing, and neither does a failed one.
 void frmMain::cmdAddFile_Click() {
   dlgFile = {.title = "Select file(s) to shred", .filter = "All files (*.*)|*.*"};
   const platform::Result<std::string> path = platform::machine().ui().openFileDialog(dlgFile);
@@ -86,7 +86,7 @@ void frmMain::enableByList() {
 }
 
 void frmMain::cmdShred_Click() {
-  // Files added during a run enable the button, but the engine can be at one file only.
+  // Adding a file during a run enables the button, but only one run is possible at a time.
   if (running_) return;
   constexpr const char* kQuestion =
       "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!";
@@ -94,7 +94,7 @@ void frmMain::cmdShred_Click() {
   running_ = true;
   enterRun();
   const Outcome outcome = shredListedFiles();
-  // Before events are served again: Shred is a new run's from here on.
+  // Before pending messages are processed again: a click on Shred starts a new run from here on.
   running_ = false;
   leaveRun(outcome);
 }
@@ -106,7 +106,7 @@ void frmMain::enterRun() {
   cmdShred.disable();
 }
 
-// The user may take rows away, add some, cancel or close the window whenever the engine serves events.
+// The user may remove or add rows, cancel, or close the window whenever the engine processes pending messages.
 frmMain::Outcome frmMain::shredListedFiles() {
   const std::size_t count = ListView1.rowCount();
   for (std::size_t n = 0; n < count; ++n) {
@@ -122,7 +122,10 @@ void frmMain::shredFirstFile() {
   ShredPercent = 0;
   const std::string path = ListView1.text(0);
   firstIsInProgress_ = true;
-  ShredFile(path, SHRED_ROUNDS, *this);
+  ShredFile(path, SHRED_ROUNDS, [this](std::int16_t percent) {
+    ShredPercent = percent;
+    UpdateProgress();
+  });
   if (firstIsInProgress_) ListView1.remove(0);
   firstIsInProgress_ = false;
 }
@@ -136,7 +139,7 @@ void frmMain::leaveRun(Outcome outcome) {
     messageBox("The selected files have been shredded.", platform::kBoxInformation);
   }
   lblBlue.hide();
-  // After a full run both stay usable, though there is nothing left to shred or to cancel.
+  // After a full run both are enabled, although there is nothing left to shred or to cancel.
   cmdCancel.setEnabled(outcome != Outcome::kCancelled);
   cmdShred.enable();
   if (outcome == Outcome::kCancelled) ui.serveEvents();

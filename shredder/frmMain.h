@@ -9,18 +9,15 @@
 #include "controls/Label.h"
 #include "controls/ListView.h"
 
-// How often each file gets its fixed passes, its random ones, and a new name.
-inline constexpr std::int16_t SHRED_ROUNDS = 28;
-
 class frmMain final : public controls::Form {
  public:
   frmMain();
 
   controls::Box layout() override;
 
-  // The current file's progress in percent; the engine writes it and then calls UpdateProgress.
+  // The current file's progress in percent.
   std::int16_t ShredPercent = 0;
-  // Ends the run after the file in progress. Only opening the window anew takes it back.
+  // Stops the run after the file in progress. Only opening the window again resets it.
   bool CancelShred = false;
 
   // Shows ShredPercent, at most 100, in the progress bar.
@@ -44,7 +41,7 @@ class frmMain final : public controls::Form {
   void formLoad() override;
 
  private:
-  // How a run came to its end.
+  // How a run has ended.
   enum class Outcome { kAllShredded, kCancelled, kListEmptied, kWindowClosed };
 
   void cmdAddFile_Click();
@@ -61,5 +58,5 @@ class frmMain final : public controls::Form {
   void enableByList();
 
   bool running_ = false;
-  bool firstIsInProgress_ = false;  // the first row is the file that the engine is at
+  bool firstIsInProgress_ = false;  // the first row is the file that is being shredded
 };

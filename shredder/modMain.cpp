@@ -7,7 +7,6 @@
 
 #include "platform/Conversions.h"
 #include "platform/Platform.h"
-#include "shredder/frmMain.h"
 
 namespace {
 
@@ -15,12 +14,12 @@ constexpr int kNameDraws = 101;
 constexpr char kZeros = '\0';
 constexpr char kOnes = '\xFF';
 
-// What goes out at once. A 32-bit processor has no register left to gather bytes in.
+// What one store writes. A 32-bit processor has no register left to combine bytes in.
 using Group = std::conditional_t<sizeof(void*) == 4, std::uint8_t, std::uint16_t>;
-// How many bytes' steps stand in a row in the machine code.
+// Bytes per unrolled stretch of code.
 constexpr std::size_t kStretch = 128 * sizeof(Group);
 
-// Its tables begin with a line of the cache.
+// Aligned to a cache line.
 alignas(64) constinit KeystreamState stream;
 
 constexpr std::uint8_t low8(std::uint32_t number) { return static_cast<std::uint8_t>(number); }
@@ -36,9 +35,8 @@ inline std::uint32_t nextByte(std::uint8_t& i, std::uint32_t& j) {
   return stream.S[low8(x + y)];
 }
 
-// The keystream's next `count` bytes. Almost every step reads where an earlier one may still be writing. A processor
-// learns for each instruction whether its read may go ahead, and guesses better the less often each one runs, so a long
-// stretch of steps is faster than a short loop.
+// Stores the keystream's next `count` bytes in `out`. Almost every step reads a cell that an earlier step may still be
+// writing; the processor predicts such dependences per instruction, so a long unrolled stretch is faster than a loop.
 void fillFromKeystream(char* out, std::size_t count) {
   std::uint8_t i = low8(stream.i);
   std::uint32_t j = stream.j;
@@ -56,20 +54,20 @@ void fillFromKeystream(char* out, std::size_t count) {
   stream.j = j;
 }
 
-// Makes `bytes` `count` bytes long, all written by `fill(bytes, count)`; room that they have already is used again.
-// Fails with 5 for a negative count, as the length of a file above 2 GB is, and with 7 when there is no memory for so
-// many; `bytes` is then as it was.
+// Makes `bytes` `count` bytes long, filled by `fill(bytes, count)`, and reuses the memory that it has. Fails with 5 for
+// a negative count, such as the length of a file above 2 GB, and with 7 when there is not enough memory; `bytes` is
+// then unchanged.
 template <typename Fill>
 platform::Result<void> replaceBytes(std::string& bytes, std::int64_t count, Fill fill) {
   if (count < 0) return platform::failure(platform::kInvalidCall);
   const auto size = static_cast<std::size_t>(count);
   try {
-    // Some libraries offer more room than was asked for.
+    // The library may offer more room than was requested.
     bytes.resize_and_overwrite(size, [&fill, size](char* out, std::size_t) {
       fill(out, size);
       return size;
     });
-  } catch (const std::exception&) {  // no room, or more than any text may hold
+  } catch (const std::exception&) {  // not enough memory, or longer than any string
     return platform::failure(platform::kOutOfMemory);
   }
   return {};
@@ -80,7 +78,7 @@ platform::Result<void> replaceByKeystream(std::string& bytes, std::int32_t n) {
   return replaceBytes(bytes, std::int64_t{n} + 1, fillFromKeystream);
 }
 
-// What cannot be made is empty, and writing nothing changes nothing.
+// Empty when it cannot be allocated; writing an empty text changes nothing.
 std::string repeated(char value, std::int32_t count) {
   std::string bytes;
   static_cast<void>(
@@ -88,7 +86,7 @@ std::string repeated(char value, std::int32_t count) {
   return bytes;
 }
 
-// Differs from file to file by the clock; the drawn character is the same in every run.
+// The clock makes the key differ from file to file; the last character is the same in every run.
 std::string keystreamKey() {
   platform::Environment& environment = platform::machine().environment();
   std::string key = environment.dateText();
@@ -107,14 +105,13 @@ void writeFixedPasses(const std::string& path, std::int32_t length, std::int16_t
   }
 }
 
-void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_t rounds, frmMain& window) {
+void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_t rounds,
+                       const ShredProgress& progress) {
   std::string data;
   for (int pass = 1; pass <= rounds; ++pass) {
     static_cast<void>(replaceByKeystream(data, length));
     WritePass(path, data);
-    window.ShredPercent =
-        static_cast<std::int16_t>(platform::roundedHalfEven(static_cast<double>(pass) / rounds * 100));
-    window.UpdateProgress();
+    progress(static_cast<std::int16_t>(platform::roundedHalfEven(static_cast<double>(pass) / rounds * 100)));
     platform::machine().ui().serveEvents();
   }
 }
@@ -123,12 +120,12 @@ void writeRandomPasses(const std::string& path, std::int32_t length, std::int16_
 
 KeystreamState& keystream() { return stream; }
 
-void ShredFile(const std::string& path, std::int16_t rounds, frmMain& window) {
+void ShredFile(const std::string& path, std::int16_t rounds, const ShredProgress& progress) {
   platform::FileSystem& files = platform::machine().files();
   const std::int32_t length = files.fileLength(path).value_or(0);
   writeFixedPasses(path, length, rounds);
   SeedKeystream(keystreamKey());
-  writeRandomPasses(path, length, rounds, window);
+  writeRandomPasses(path, length, rounds, progress);
   std::string current = path;
   for (std::int16_t round = 0; round < rounds; ++round) {
     std::string name = RandomName();
@@ -142,8 +139,7 @@ void WritePass(const std::string& path, std::string_view data) {
   platform::FileSystem& files = platform::machine().files();
   const platform::Result<int> number = files.freeFile();
   if (!number || !files.openBinary(*number, path)) return;
-  // The small file number is no handle that the system knows, so nothing is flushed: closing is what sends the bytes
-  // to the disk.
+  // A file number is not a handle that the system knows, so nothing is flushed: closing writes the bytes to the disk.
   const auto handle = static_cast<platform::Handle>(*number);
   files.flushFileBuffers(handle);
   static_cast<void>(files.putBytesAt(*number, 1, data));
@@ -151,7 +147,6 @@ void WritePass(const std::string& path, std::string_view data) {
   files.closeFile(*number);
 }
 
-// A fraction times 255, rounded, is the keystream's byte again.
 platform::Result<std::string> RandomBytes(std::int32_t n) {
   std::string bytes;
   const platform::Result<void> made = replaceByKeystream(bytes, n);
@@ -163,7 +158,7 @@ std::string RandomName() {
   std::string name;
   for (int draw = 0; draw < kNameDraws; ++draw) {
     const double scaled = NextKeystreamFraction() * static_cast<double>(NAME_ALPHABET.size());
-    // The two highest bytes fall behind the alphabet and add nothing.
+    // The two highest bytes lie beyond the alphabet and add nothing.
     name += NAME_ALPHABET.substr(static_cast<std::size_t>(platform::roundedHalfEven(scaled)), 1);
   }
   return name + ".tmp";

@@ -1,7 +1,7 @@
-// Times the shred engine of the program's own build on the Windows that runs:
+// Times the shred engine as built for the program, on Windows or Wine, and prints the result:
 //
-//   shred_file keystream MEGABYTES   bytes per second of processor time
-//   shred_file shred PATH            seconds by the clock; the file is gone afterwards
+//   shred_file keystream MEGABYTES   bytes of keystream per second of processor time
+//   shred_file shred PATH            elapsed seconds for shredding the file, which is deleted
 #include <windows.h>
 
 #include <chrono>
@@ -13,7 +13,6 @@
 
 #include "platform/win32/Win32Machine.h"
 #include "platform/win32/ui/Win32Ui.h"
-#include "shredder/frmMain.h"
 #include "shredder/modMain.h"
 
 namespace {
@@ -22,8 +21,8 @@ constexpr std::int32_t kMegabyte = 1 << 20;
 constexpr std::int32_t kBlock = 1 << 14;
 
 double seconds(const FILETIME& time) {
-  constexpr double kStep = 1e-7;
-  return (4294967296.0 * time.dwHighDateTime + time.dwLowDateTime) * kStep;
+  constexpr double kSecondsPerUnit = 1e-7;
+  return (4294967296.0 * time.dwHighDateTime + time.dwLowDateTime) * kSecondsPerUnit;
 }
 
 double processorSeconds() {
@@ -49,9 +48,8 @@ int timeShredding(const std::string& path) {
   SetCurrentDirectoryA(path.substr(0, path.rfind('\\') + 1).c_str());
   platform::win32::Win32Machine machine(std::make_unique<platform::win32::Win32Ui>());
   const platform::ScopedMachine use(machine);
-  frmMain window;
   const auto start = std::chrono::steady_clock::now();
-  ShredFile(path, SHRED_ROUNDS, window);
+  ShredFile(path, SHRED_ROUNDS, [](std::int16_t) {});
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
   std::printf("%.3f\n", elapsed.count());
   return GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,4 +1,4 @@
-// Text in the machine's ANSI code page, which the whole program speaks, beside the system's wide characters.
+// Conversion between text in the ANSI code page, which the whole program uses, and UTF-16.
 #pragma once
 
 #include <optional>
@@ -7,13 +7,15 @@
 
 namespace platform::win32 {
 
+// `text` as UTF-16. MultiByteToWideChar.
 std::wstring wideText(std::string_view text);
 
-// `wide` in the code page; nothing when the code page lacks one of its characters. The system puts a similar character
-// in such a one's place ("a" for an "a" with a hook, a backslash for a broad one), which makes another file's path.
+// `wide` in the code page, or nothing when the code page lacks one of its characters: the system replaces such a
+// character by a similar one ("a" for an "a" with an ogonek, a backslash for a full-width one), so that the text would
+// be the path of another file. WideCharToMultiByte.
 std::optional<std::string> exactText(std::wstring_view wide);
 
-// `text` in capitals. CharUpperBuffA.
+// `text` in upper case. CharUpperBuffA.
 std::string upperCaseOf(std::string_view text);
 
 }  // namespace platform::win32

@@ -26,41 +26,33 @@ std::string narrow(BSTR text) {
   return result;
 }
 
-// `value` converted to `type`; empty when it cannot be.
+// `value` converted to `type`; empty when there is no conversion.
 AutomationValue converted(const AutomationValue& value, VARTYPE type) {
   AutomationValue result;
   VariantChangeType(result.out(), const_cast<VARIANT*>(&value.raw()), 0, type);
   return result;
 }
 
-// Codes of the control facility carry a run-time error number in their low word.
+// An HRESULT of FACILITY_CONTROL contains a run-time error number in its low word.
 RuntimeError objectError(HRESULT code, BSTR description) {
-  if (HRESULT_FACILITY(code) == FACILITY_CONTROL) {
-    return runtimeError(HRESULT_CODE(code));
-  }
-  if (code == E_ACCESSDENIED) {
-    return runtimeError(kPermissionDenied);
-  }
+  if (HRESULT_FACILITY(code) == FACILITY_CONTROL) return runtimeError(HRESULT_CODE(code));
+  if (code == E_ACCESSDENIED) return runtimeError(kPermissionDenied);
   RuntimeError error = runtimeError(code);
-  if (SysStringLen(description) != 0) {
-    error.text = narrow(description);
-  }
+  if (SysStringLen(description) != 0) error.text = narrow(description);
   return error;
 }
 
-// The code that an object gives for a failure of its own; an old object gives a 16-bit number instead.
-HRESULT namedCode(HRESULT code, const EXCEPINFO& details) {
+// The HRESULT of a failed call. For DISP_E_EXCEPTION it is in EXCEPINFO: in scode, or in wCode for older objects.
+HRESULT failureCode(HRESULT code, const EXCEPINFO& details) {
   if (code != DISP_E_EXCEPTION) return code;
   if (details.scode != 0) return details.scode;
   return details.wCode != 0 ? details.wCode : code;
 }
 
-// What a call that ended with `code` tells about its failure; frees the texts of `details`.
+// The error of a call that returned `code`; frees the strings in `details`.
 RuntimeError callError(HRESULT code, EXCEPINFO& details) {
-  if (code == DISP_E_EXCEPTION && details.pfnDeferredFillIn != nullptr) {
-    details.pfnDeferredFillIn(&details);
-  }
-  RuntimeError error = objectError(namedCode(code, details), details.bstrDescription);
+  if (code == DISP_E_EXCEPTION && details.pfnDeferredFillIn != nullptr) details.pfnDeferredFillIn(&details);
+  RuntimeError error = objectError(failureCode(code, details), details.bstrDescription);
   SysFreeString(details.bstrSource);
   SysFreeString(details.bstrDescription);
   SysFreeString(details.bstrHelpFile);
@@ -112,9 +104,7 @@ Result<DispatchObject> DispatchObject::create(const wchar_t* programId) {
 
 Result<DispatchObject> DispatchObject::from(const AutomationValue& value) {
   IDispatch* object = value.object();
-  if (object == nullptr) {
-    return failure(kCannotCreateObject);
-  }
+  if (object == nullptr) return failure(kCannotCreateObject);
   object->AddRef();
   return DispatchObject(object);
 }
@@ -135,16 +125,14 @@ Result<AutomationValue> DispatchObject::invoke(const wchar_t* member, WORD kind,
   if (const HRESULT code = object_->GetIDsOfNames(IID_NULL, &name, 1, kLocale, &id); FAILED(code)) {
     return std::unexpected(objectError(code, nullptr));
   }
-  // Automation counts arguments from the last to the first; the values stay the caller's.
+  // Invoke() takes the arguments in reverse order and does not free them.
   std::vector<VARIANT> reversed(arguments.size());
   std::ranges::transform(arguments, reversed.rbegin(), &AutomationValue::raw);
   DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
   AutomationValue result;
   EXCEPINFO details = {};
   const HRESULT code = object_->Invoke(id, IID_NULL, kLocale, kind, &parameters, result.out(), &details, nullptr);
-  if (FAILED(code)) {
-    return std::unexpected(callError(code, details));
-  }
+  if (FAILED(code)) return std::unexpected(callError(code, details));
   return result;
 }
 

@@ -1,5 +1,5 @@
-// An automation object that is driven by the names of its methods, so that the program needs none of its declarations
-// and starts where the object's class is missing.
+// A late-bound automation object: methods are looked up by name at run time, so that the program also starts where the
+// object's class is not registered.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +16,7 @@
 
 namespace platform::win32 {
 
-// One automation value, freed at its end.
+// An automation value (VARIANT), cleared by its destructor.
 class AutomationValue {
  public:
   AutomationValue() { VariantInit(&value_); }
@@ -27,13 +27,14 @@ class AutomationValue {
   AutomationValue(AutomationValue&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
   ~AutomationValue() { VariantClear(&value_); }
 
-  // What the value holds, converted to the asked kind; empty, 0 or false when it cannot be.
+  // The value converted to the type returned; empty, 0 or false when there is no conversion. VariantChangeType.
   std::string text() const;
   std::int32_t integer() const;
   bool truth() const;
-  // Null when the value is no object. The value keeps it.
+  // The object, which remains owned by the value; null when the value is not an object.
   IDispatch* object() const;
 
+  // For calls that write a VARIANT; the value must still be empty.
   VARIANT* out() { return &value_; }
   const VARIANT& raw() const { return value_; }
 
@@ -45,11 +46,11 @@ class DispatchObject {
  public:
   // Creates an object of the class registered as `programId`. Fails with 429. CLSIDFromProgID, CoCreateInstance.
   static Result<DispatchObject> create(const wchar_t* programId);
-  // The object that `value` holds. Fails with 429 when it holds none.
+  // The object in `value`. Fails with 429 when `value` is not an object.
   static Result<DispatchObject> from(const AutomationValue& value);
 
-  // Calls a method, or reads a property, with `arguments` in the order in which they are written. A failure of the
-  // object itself carries the run-time error number that it names, or else its own code. IDispatch::GetIDsOfNames,
+  // call() calls a method with `arguments` in the order of its declaration, get() reads a property. Fails with the
+  // run-time error number that the object returned, or else with its HRESULT. IDispatch::GetIDsOfNames,
   // IDispatch::Invoke.
   Result<AutomationValue> call(const wchar_t* method, std::initializer_list<AutomationValue> arguments) const;
   Result<AutomationValue> get(const wchar_t* property) const;

@@ -1,12 +1,12 @@
-// Functions that an old Windows may lack are looked up when they are needed, so that the program loads without them.
+// Binding at run time, for functions that an old Windows lacks: importing them would keep the program from loading.
 #pragma once
 
 #include <windows.h>
 
 namespace platform::win32 {
 
-// The function `name` of the system library `library`, which stays loaded; null when either is missing. `Function` is
-// the function's pointer type. LoadLibraryA, GetProcAddress.
+// The function `name` of the library `library`, which remains loaded; null when either is missing. `Function` is the
+// type of a pointer to it. LoadLibraryA, GetProcAddress.
 template <typename Function>
 Function boundAtRunTime(const char* library, const char* name) {
   const HMODULE module = LoadLibraryA(library);

@@ -11,9 +11,7 @@ namespace platform::win32 {
 bool Win32Calendar::fileTimeToSystemTime(const FileTime& time, SystemTime& fields) {
   const FILETIME fileTime = {time.low, time.high};
   SYSTEMTIME result;
-  if (FileTimeToSystemTime(&fileTime, &result) == FALSE) {
-    return false;
-  }
+  if (FileTimeToSystemTime(&fileTime, &result) == FALSE) return false;
   fields = std::bit_cast<SystemTime>(result);
   return true;
 }

@@ -1,4 +1,4 @@
-// The machine's calendar and the way in which its locale writes dates.
+// Calendar by FileTimeToSystemTime and VariantChangeType.
 #pragma once
 
 #include "platform/Calendar.h"

@@ -15,15 +15,13 @@ std::string Win32Environment::programFolder() {
   GetModuleFileNameA(nullptr, program.data(), MAX_PATH);
   const std::string path = program.data();
   const std::size_t end = path.rfind('\\');
-  if (end == std::string::npos) {
-    return path;
-  }
+  if (end == std::string::npos) return path;
   const bool isRoot = end > 0 && path[end - 1] == ':';
   return path.substr(0, isRoot ? end + 1 : end);
 }
 
 std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
-  // The room asked for counts the closing NUL, the length that then comes back does not.
+  // The first call returns the length with the terminating NUL, the second one without.
   std::string value(GetEnvironmentVariableA(name.c_str(), nullptr, 0), '\0');
   value.resize(GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
   return value;

@@ -1,4 +1,4 @@
-// The clock, the program's folder, its variables and the code page of the machine.
+// Environment of the running process: clock, program folder, environment variables, code page.
 #pragma once
 
 #include "platform/Environment.h"

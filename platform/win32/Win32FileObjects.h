@@ -1,4 +1,4 @@
-// "Scripting.FileSystemObject" of the machine's scripting runtime, driven late-bound.
+// FileObjects by the automation object "Scripting.FileSystemObject", bound late.
 #pragma once
 
 #include <memory>
@@ -22,9 +22,9 @@ class Win32FileObjects final : public FileObjects {
   Result<void> deleteFolder(const std::string& path, bool force) override;
 
  private:
-  // The one object that serves all calls, created at the first of them. Fails with 429.
+  // The automation object, created at the first call. Fails with 429.
   Result<DispatchObject*> object();
-  // Deletes a folder that is no root.
+  // Deletes a folder that is not a root, or a link to a folder.
   Result<void> deleteTree(const std::string& folder, bool force);
 
   std::unique_ptr<DispatchObject> object_;

@@ -17,8 +17,8 @@ HANDLE native(Handle handle) { return reinterpret_cast<HANDLE>(handle); }
 
 Handle portable(HANDLE handle) { return reinterpret_cast<Handle>(handle); }
 
-// The two generations of the enumeration calls. Wide names tell a file from one whose name only looks like it in the
-// code page; the older family of systems has the wide calls by name only.
+// The enumeration calls in both character sets. Only the wide names show whether the code page can express a name;
+// Windows 95, 98 and Me export the wide calls without implementing them.
 struct WideCalls {
   using Found = WIN32_FIND_DATAW;
   static HANDLE first(const std::string& pattern, Found& found) {
@@ -34,32 +34,31 @@ struct NarrowCalls {
 };
 
 bool hasWideCalls() {
-  constexpr DWORD kOlderFamily = 0x80000000;
-  return (GetVersion() & kOlderFamily) == 0;
+  constexpr DWORD kWindows9x = 0x80000000;
+  return (GetVersion() & kWindows9x) == 0;
 }
 
-// The name as later calls take it; empty when they would not reach the file by it.
-std::string speakable(const wchar_t* name) { return exactText(name).value_or(""); }
+// The name in the code page; empty when later calls could not find the file by it.
+std::string codePageName(const wchar_t* name) { return exactText(name).value_or(""); }
 
-// A character that the code page lacks has become "?", which later calls take for a wildcard, or a similar one.
-std::string speakable(const char* name) {
+// The system has replaced a character that the code page lacks by "?", a wildcard, or by a similar character.
+std::string codePageName(const char* name) {
   for (const char* letter = name; *letter != '\0'; letter = CharNextA(letter)) {
     if (std::strchr("?\\/", *letter) != nullptr) return "";
   }
   return name;
 }
 
-// Blanks and dots at the end are cut from every path.
-bool isCutLater(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
+// The system removes trailing spaces and dots from a path, so that it would be the path of another file.
+bool losesItsEnd(std::string_view name) { return (name.ends_with(' ') || name.ends_with('.')) && !isDotEntry(name); }
 
-// Stores the entry under a name that reaches it, its own or the short one; false when neither does.
+// Stores the entry under its long name, or under the short one when the code page lacks the long one; false when later
+// calls could not find it under either.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
-  std::string name = speakable(found.cFileName);
-  if (name.empty()) name = speakable(found.cAlternateFileName);
-  if (name.empty() || name.size() >= record.name.size() || isCutLater(name)) {
-    return false;
-  }
+  std::string name = codePageName(found.cFileName);
+  if (name.empty()) name = codePageName(found.cAlternateFileName);
+  if (name.empty() || name.size() >= record.name.size() || losesItsEnd(name)) return false;
   record =
       FindRecord{.attributes = found.dwFileAttributes, .sizeHigh = found.nFileSizeHigh, .sizeLow = found.nFileSizeLow};
   std::ranges::copy(name, record.name.begin());
@@ -70,9 +69,7 @@ template <typename Calls>
 bool nextEntry(HANDLE enumeration, FindRecord& record) {
   typename Calls::Found found;
   while (Calls::next(enumeration, found)) {
-    if (store(found, record)) {
-      return true;
-    }
+    if (store(found, record)) return true;
   }
   return false;
 }
@@ -98,25 +95,21 @@ bool isReady(char letter) {
 
 bool startsWithDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':'; }
 
-// Only a fixed disk answers at once; any other might spin up, dial or ask for a disk.
+// Empty for all but fixed disks: asking another drive may spin it up, dial a network or ask for a disk.
 std::string labelOf(char letter) {
   const std::string root = rootOf(letter);
-  if (GetDriveTypeA(root.c_str()) != DRIVE_FIXED) {
-    return {};
-  }
+  if (GetDriveTypeA(root.c_str()) != DRIVE_FIXED) return {};
   std::array<char, MAX_PATH + 1> label{};
   const BOOL known =
       GetVolumeInformationA(root.c_str(), label.data(), label.size(), nullptr, nullptr, nullptr, nullptr, 0);
   return known != FALSE ? std::string(label.data()) : std::string();
 }
 
-// The length that the open file tells. Access 0 asks about the file only, so that most locks do not matter.
+// The low 32 bits of the length of the file. Opening it with access 0 succeeds despite most locks.
 std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
   const HANDLE file =
       CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) {
-    return std::nullopt;
-  }
+  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
   SetLastError(NO_ERROR);
   const DWORD length = GetFileSize(file, nullptr);
   const bool failed = length == INVALID_FILE_SIZE && GetLastError() != NO_ERROR;
@@ -124,12 +117,10 @@ std::optional<std::uint32_t> lengthByHandle(const std::string& path) {
   return failed ? std::nullopt : std::optional<std::uint32_t>(length);
 }
 
-// A write that the disk has no room for may end short without failing.
+// On a full disk WriteFile may write fewer bytes without failing.
 Result<void> writeAll(HANDLE file, std::string_view bytes) {
-  // What a write of no bytes does is up to the file system, and some cut the file there.
-  if (bytes.empty()) {
-    return {};
-  }
+  // Some file systems truncate the file when zero bytes are written.
+  if (bytes.empty()) return {};
   DWORD written = 0;
   if (WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == FALSE) {
     const bool full = runTimeErrorNumber(GetLastError()) == kDiskFull;
@@ -143,9 +134,7 @@ Result<void> writeAll(HANDLE file, std::string_view bytes) {
 Win32FileSystem::Win32FileSystem() { numbered_.fill(kInvalidHandle); }
 
 Win32FileSystem::~Win32FileSystem() {
-  for (int number = 1; number <= kHighestFileNumber; ++number) {
-    closeFile(number);
-  }
+  for (int number = 1; number <= kHighestFileNumber; ++number) closeFile(number);
 }
 
 Handle Win32FileSystem::findFirstFile(const std::string& pattern, FindRecord& record) {
@@ -170,13 +159,9 @@ bool Win32FileSystem::anyFileMatches(const std::string& pattern, std::uint32_t m
   const std::uint32_t unwanted = (kReadOnly | kHidden | kSystem | kDirectory) & ~mask;
   FindRecord record;
   const Handle enumeration = findFirstFile(pattern, record);
-  if (enumeration == kInvalidHandle) {
-    return false;
-  }
+  if (enumeration == kInvalidHandle) return false;
   bool matches = (record.attributes & unwanted) == 0;
-  while (!matches && findNextFile(enumeration, record)) {
-    matches = (record.attributes & unwanted) == 0;
-  }
+  while (!matches && findNextFile(enumeration, record)) matches = (record.attributes & unwanted) == 0;
   findClose(enumeration);
   return matches;
 }
@@ -187,27 +172,21 @@ Handle Win32FileSystem::createFile(const std::string& path, const OpenRequest& r
 }
 
 bool Win32FileSystem::closeHandle(Handle handle) {
-  // The invalid handle's value also stands for the process itself, which always closes well.
+  // INVALID_HANDLE_VALUE is also the pseudo-handle of the process, which CloseHandle accepts.
   return CloseHandle(native(handle)) != FALSE && handle != kInvalidHandle;
 }
 
 Result<void> Win32FileSystem::openBinary(int number, const std::string& path) {
-  if (number < 1 || number > kHighestFileNumber) {
-    return failure(kBadFileNumber);
-  }
-  if (numbered_[number] != kInvalidHandle) {
-    return failure(kFileAlreadyOpen);
-  }
-  // Not every system behind the interface refuses a read-only file to a privileged user.
+  if (number < 1 || number > kHighestFileNumber) return failure(kBadFileNumber);
+  if (numbered_[number] != kInvalidHandle) return failure(kFileAlreadyOpen);
+  // Wine opens a read-only file for writing when it runs as root.
   const std::uint32_t attributes = getFileAttributes(path);
-  if (attributes != kInvalidAttributes && (attributes & kReadOnly) != 0) {
-    return failure(kPathFileAccess);
-  }
+  if (attributes != kInvalidAttributes && (attributes & kReadOnly) != 0) return failure(kPathFileAccess);
   const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                   nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     const std::int32_t error = runTimeErrorNumber(GetLastError());
-    // A missing file would have been made, so what was not found is its folder.
+    // OPEN_ALWAYS creates a missing file, so it is the folder that was not found.
     return failure(error == kFileNotFound ? kPathNotFound : error);
   }
   numbered_[number] = portable(file);
@@ -215,26 +194,18 @@ Result<void> Win32FileSystem::openBinary(int number, const std::string& path) {
 }
 
 Result<void> Win32FileSystem::putBytes(int number, std::string_view bytes) {
-  if (!isOpen(number)) {
-    return failure(kBadFileNumber);
-  }
+  if (!isOpen(number)) return failure(kBadFileNumber);
   return writeAll(native(numbered_[number]), bytes);
 }
 
 Result<void> Win32FileSystem::putBytesAt(int number, std::uint32_t position, std::string_view bytes) {
-  if (!isOpen(number)) {
-    return failure(kBadFileNumber);
-  }
-  if (position == 0) {
-    return failure(kInvalidCall);
-  }
+  if (!isOpen(number)) return failure(kBadFileNumber);
+  if (position == 0) return failure(kInvalidCall);
   LONG high = 0;
   const HANDLE file = native(numbered_[number]);
   SetLastError(NO_ERROR);
   const DWORD moved = SetFilePointer(file, static_cast<LONG>(position - 1), &high, FILE_BEGIN);
-  if (moved == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) {
-    return failure(kPermissionDenied);
-  }
+  if (moved == INVALID_SET_FILE_POINTER && GetLastError() != NO_ERROR) return failure(kPermissionDenied);
   return writeAll(file, bytes);
 }
 
@@ -247,9 +218,7 @@ void Win32FileSystem::closeFile(int number) {
 
 Result<int> Win32FileSystem::freeFile() {
   for (int number = 1; number <= kHighestFileNumber; ++number) {
-    if (!isOpen(number)) {
-      return number;
-    }
+    if (!isOpen(number)) return number;
   }
   return failure(kTooManyFiles);
 }
@@ -259,9 +228,7 @@ bool Win32FileSystem::flushFileBuffers(Handle handle) { return FlushFileBuffers(
 Result<std::string> Win32FileSystem::getFullPathName(const std::string& path) {
   std::array<char, MAX_PATH + 1> full{};
   const DWORD length = GetFullPathNameA(path.c_str(), full.size(), full.data(), nullptr);
-  if (length == 0 || length >= full.size()) {
-    return failure(kPathNotFound);
-  }
+  if (length == 0 || length >= full.size()) return failure(kPathNotFound);
   return std::string(full.data());
 }
 
@@ -277,9 +244,7 @@ std::vector<Drive> Win32FileSystem::drives() {
   std::vector<Drive> drives;
   const DWORD present = GetLogicalDrives();
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    if ((present & (1u << (letter - 'A'))) != 0) {
-      drives.push_back({.letter = letter, .label = labelOf(letter)});
-    }
+    if ((present & (1u << (letter - 'A'))) != 0) drives.push_back({.letter = letter, .label = labelOf(letter)});
   }
   return drives;
 }
@@ -292,15 +257,11 @@ std::string Win32FileSystem::currentFolder() {
 
 Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
   const std::string drive = upperCaseOf({&letter, 1}) + ":";
-  if (!isReady(drive[0])) {
-    return failure(kDeviceUnavailable);
-  }
+  if (!isReady(drive[0])) return failure(kDeviceUnavailable);
   std::array<char, MAX_PATH + 1> folder{};
   const DWORD length = GetFullPathNameA(drive.c_str(), folder.size(), folder.data(), nullptr);
-  if (length == 0 || length >= folder.size()) {
-    return rootOf(drive[0]);
-  }
-  // Not every system leaves the backslash out.
+  if (length == 0 || length >= folder.size()) return rootOf(drive[0]);
+  // Wine adds a trailing backslash.
   return withoutClosingBackslash(folder.data());
 }
 
@@ -313,25 +274,17 @@ Result<std::vector<std::string>> Win32FileSystem::filesIn(const std::string& fol
 }
 
 Result<std::vector<std::string>> Win32FileSystem::shownNames(const std::string& folder, bool folders) {
-  if (startsWithDrive(folder) && !isReady(folder[0])) {
-    return failure(kDeviceUnavailable);
-  }
-  if (!isDirectory(getFileAttributes(folder))) {
-    return failure(kPathNotFound);
-  }
+  if (startsWithDrive(folder) && !isReady(folder[0])) return failure(kDeviceUnavailable);
+  if (!isDirectory(getFileAttributes(folder))) return failure(kPathNotFound);
   const std::uint32_t shown = folders ? kDirectory : 0;
   std::vector<std::string> names;
   FindRecord record;
   const Handle enumeration = findFirstFile(folder + (folder.ends_with('\\') ? "*.*" : "\\*.*"), record);
   for (bool more = enumeration != kInvalidHandle; more; more = findNextFile(enumeration, record)) {
     const bool isShown = (record.attributes & (kDirectory | kHidden | kSystem)) == shown;
-    if (isShown && !isDotEntry(record.name.data())) {
-      names.emplace_back(record.name.data());
-    }
+    if (isShown && !isDotEntry(record.name.data())) names.emplace_back(record.name.data());
   }
-  if (enumeration != kInvalidHandle) {
-    findClose(enumeration);
-  }
+  if (enumeration != kInvalidHandle) findClose(enumeration);
   std::ranges::sort(names, {}, upperCaseOf);
   return names;
 }

@@ -1,4 +1,4 @@
-// The file system of the Windows that the program runs on.
+// FileSystem by the Windows file functions.
 #pragma once
 
 #include <array>
@@ -42,10 +42,10 @@ class Win32FileSystem final : public FileSystem {
   static constexpr int kHighestFileNumber = 511;
 
   bool isOpen(int number) const;
-  // The names of the folders, or of the files, in `folder` that are neither hidden nor system ones, sorted.
+  // The sorted names of the folders, or else of the files, in `folder` that are neither hidden nor system ones.
   Result<std::vector<std::string>> shownNames(const std::string& folder, bool folders);
 
-  // By file number; kInvalidHandle where the number is free. Number 0 is never used.
+  // Indexed by file number; kInvalidHandle where the number is free. Number 0 is not used.
   std::array<Handle, kHighestFileNumber + 1> numbered_;
 };
 

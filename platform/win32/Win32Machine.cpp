@@ -12,9 +12,7 @@ namespace platform::win32 {
 Win32Machine::ComSession::ComSession() : started_(SUCCEEDED(CoInitialize(nullptr))) {}
 
 Win32Machine::ComSession::~ComSession() {
-  if (started_) {
-    CoUninitialize();
-  }
+  if (started_) CoUninitialize();
 }
 
 Win32Machine::Win32Machine(std::unique_ptr<Ui> ui) : ui_(std::move(ui)) {

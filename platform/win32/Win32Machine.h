@@ -1,4 +1,4 @@
-// The Windows that the program runs on, with all its services.
+// The Windows that the program runs on.
 #pragma once
 
 #include <memory>
@@ -20,8 +20,8 @@ namespace platform::win32 {
 
 class Win32Machine final : public Machine {
  public:
-  // Prepares the process: automation objects can be created, and a drive that is not ready makes calls fail instead of
-  // letting the system ask for a disk. `ui` may be null where nothing is shown; `ui()` must not be called then.
+  // Initializes COM, and makes calls on a drive that is not ready fail instead of showing the system's message box
+  // (SetErrorMode). `ui` may be null for a program without windows, which must not call ui().
   explicit Win32Machine(std::unique_ptr<Ui> ui);
   ~Win32Machine() override;
   Win32Machine(const Win32Machine&) = delete;
@@ -41,7 +41,7 @@ class Win32Machine final : public Machine {
   Calendar& calendar() override { return calendar_; }
 
  private:
-  // CoInitialize and CoUninitialize around everything below.
+  // CoInitialize before all members below are created, CoUninitialize after they are destroyed.
   class ComSession {
    public:
     ComSession();

@@ -1,4 +1,4 @@
-// The machine's private-profile files.
+// ProfileFile by the private-profile functions of Windows.
 #pragma once
 
 #include "platform/ProfileFile.h"

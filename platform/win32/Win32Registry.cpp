@@ -15,9 +15,7 @@ std::int32_t Win32Registry::openKey(RegistryKey key, const std::string& path, st
                                     RegistryKey& opened) {
   HKEY result = nullptr;
   const LONG code = RegOpenKeyExA(native(key), path.c_str(), 0, access, &result);
-  if (code == ERROR_SUCCESS) {
-    opened = reinterpret_cast<RegistryKey>(result);
-  }
+  if (code == ERROR_SUCCESS) opened = reinterpret_cast<RegistryKey>(result);
   return code;
 }
 
@@ -27,9 +25,7 @@ std::int32_t Win32Registry::createKey(RegistryKey key, const std::string& path, 
   std::string noClass;
   const LONG code = RegCreateKeyExA(native(key), path.c_str(), 0, noClass.data(), REG_OPTION_NON_VOLATILE, access,
                                     nullptr, &result, nullptr);
-  if (code == ERROR_SUCCESS) {
-    opened = reinterpret_cast<RegistryKey>(result);
-  }
+  if (code == ERROR_SUCCESS) opened = reinterpret_cast<RegistryKey>(result);
   return code;
 }
 

@@ -1,4 +1,4 @@
-// The machine's registry.
+// Registry by the Reg... functions of Windows.
 #pragma once
 
 #include "platform/Registry.h"

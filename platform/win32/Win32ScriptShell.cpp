@@ -5,13 +5,13 @@
 namespace platform::win32 {
 namespace {
 
-// A new object's answer to one method.
+// The result of one method of a new object.
 Result<AutomationValue> callNew(const wchar_t* method, std::initializer_list<AutomationValue> arguments) {
   const auto object = DispatchObject::create(L"WScript.Shell");
   return object ? object->call(method, arguments) : std::unexpected(object.error());
 }
 
-// Whether a call failed because the scripting host is missing or incomplete.
+// Whether a call failed because the scripting host is missing or lacks the method. Wine lacks RegDelete.
 bool isLacking(const RuntimeError& error) {
   return error.number == kCannotCreateObject || error.number == static_cast<std::int32_t>(E_NOTIMPL) ||
          error.number == static_cast<std::int32_t>(DISP_E_UNKNOWNNAME);
@@ -21,28 +21,20 @@ bool isLacking(const RuntimeError& error) {
 
 Result<std::string> Win32ScriptShell::regRead(const std::string& path) {
   const auto value = callNew(L"RegRead", {AutomationValue(path)});
-  if (!value) {
-    return isLacking(value.error()) ? substitute_.regRead(path) : std::unexpected(value.error());
-  }
-  if ((value->raw().vt & VT_ARRAY) != 0) {
-    return failure(kTypeMismatch);
-  }
+  if (!value) return isLacking(value.error()) ? substitute_.regRead(path) : std::unexpected(value.error());
+  if ((value->raw().vt & VT_ARRAY) != 0) return failure(kTypeMismatch);
   return value->text();
 }
 
 Result<void> Win32ScriptShell::regWrite(const std::string& path, const std::string& text) {
   const auto written = callNew(L"RegWrite", {AutomationValue(path), AutomationValue(text)});
-  if (!written) {
-    return isLacking(written.error()) ? substitute_.regWrite(path, text) : std::unexpected(written.error());
-  }
+  if (!written) return isLacking(written.error()) ? substitute_.regWrite(path, text) : std::unexpected(written.error());
   return {};
 }
 
 Result<void> Win32ScriptShell::regDelete(const std::string& path) {
   const auto deleted = callNew(L"RegDelete", {AutomationValue(path)});
-  if (!deleted) {
-    return isLacking(deleted.error()) ? substitute_.regDelete(path) : std::unexpected(deleted.error());
-  }
+  if (!deleted) return isLacking(deleted.error()) ? substitute_.regDelete(path) : std::unexpected(deleted.error());
   return {};
 }
 

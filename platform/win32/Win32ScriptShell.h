@@ -1,5 +1,5 @@
-// "WScript.Shell" of the machine's scripting host, driven late-bound. Where it is not installed, or lacks a method, the
-// registry does the same.
+// ScriptShell by the automation object "WScript.Shell", bound late; by the registry where the object is not installed
+// or lacks a method.
 #pragma once
 
 #include "platform/RegistryScriptShell.h"

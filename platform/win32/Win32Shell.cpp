@@ -11,7 +11,7 @@
 namespace platform::win32 {
 namespace {
 
-// The shell reads the record byte-packed; a gap before the closing fields would shift them.
+// The shell expects the record without padding.
 static_assert(sizeof(void*) != 4 || sizeof(SHFILEOPSTRUCTA) == 30);
 
 const char* orNull(const std::optional<std::string>& text) { return text ? text->c_str() : nullptr; }
@@ -21,7 +21,7 @@ const char* orNull(const std::optional<std::string>& text) { return text ? text-
 std::int32_t Win32Shell::fileOperation(const FileOperation& operation) {
   SHFILEOPSTRUCTA record = {};
   record.wFunc = operation.operation;
-  // The text's own closing NUL is the one that ends the list.
+  // The NUL that c_str() appends is the second one that ends the list.
   record.pFrom = operation.sourceList.c_str();
   record.fFlags = operation.flags;
   return SHFileOperationA(&record);
@@ -40,7 +40,7 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   start.dwFlags = STARTF_USESHOWWINDOW;
   start.wShowWindow = SW_HIDE;
   PROCESS_INFORMATION process = {};
-  // The system writes into the command line.
+  // CreateProcessA may write to the command line.
   std::string writable = commandLine;
   if (CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) ==
       FALSE) {
@@ -52,7 +52,7 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
 }
 
 std::int32_t Win32Shell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {
-  // Came with the browser's desktop update.
+  // Windows 95 and NT 4 have it only with the desktop update of Internet Explorer 4.
   static const auto empty = boundAtRunTime<decltype(&SHEmptyRecycleBinA)>("shell32.dll", "SHEmptyRecycleBinA");
   return empty == nullptr ? E_NOTIMPL : empty(nullptr, root.c_str(), flags);
 }

@@ -1,4 +1,4 @@
-// The machine's shell.
+// Shell by the functions of shell32.dll, and CreateProcessA.
 #pragma once
 
 #include "platform/Shell.h"

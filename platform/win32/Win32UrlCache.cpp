@@ -18,7 +18,7 @@ static_assert(offsetof(UrlCacheEntry, expires) == offsetof(SystemEntry, ExpireTi
 static_assert(offsetof(UrlCacheEntry, accessed) == offsetof(SystemEntry, LastAccessTime));
 static_assert(offsetof(UrlCacheEntry, fileExtension) == offsetof(SystemEntry, lpszFileExtension));
 
-// Null members: the machine lacks the function.
+// The functions of wininet.dll; null where the machine lacks them.
 struct Library {
   decltype(&FindFirstUrlCacheEntryA) findFirst = bound<decltype(findFirst)>("FindFirstUrlCacheEntryA");
   decltype(&FindNextUrlCacheEntryA) findNext = bound<decltype(findNext)>("FindNextUrlCacheEntryA");
@@ -42,22 +42,16 @@ SystemEntry* systemEntry(UrlCacheEntry* entry) { return reinterpret_cast<SystemE
 }  // namespace
 
 Handle Win32UrlCache::findFirstUrlCacheEntry(UrlCacheEntry* buffer, std::uint32_t& size) {
-  if (library().findFirst == nullptr) {
-    return kNoUrlCache;
-  }
+  if (library().findFirst == nullptr) return kNoUrlCache;
   DWORD bytes = size;
   const auto handle = reinterpret_cast<Handle>(library().findFirst(nullptr, systemEntry(buffer), &bytes));
   size = bytes;
-  if (handle != kNoUrlCache) {
-    live_.insert(handle);
-  }
+  if (handle != kNoUrlCache) open_.insert(handle);
   return handle;
 }
 
 bool Win32UrlCache::findNextUrlCacheEntry(Handle enumeration, UrlCacheEntry* buffer, std::uint32_t& size) {
-  if (!live_.contains(enumeration) || library().findNext == nullptr) {
-    return false;
-  }
+  if (!open_.contains(enumeration) || library().findNext == nullptr) return false;
   DWORD bytes = size;
   const BOOL found = library().findNext(reinterpret_cast<HANDLE>(enumeration), systemEntry(buffer), &bytes);
   size = bytes;
@@ -65,9 +59,7 @@ bool Win32UrlCache::findNextUrlCacheEntry(Handle enumeration, UrlCacheEntry* buf
 }
 
 bool Win32UrlCache::findCloseUrlCache(Handle enumeration) {
-  if (live_.erase(enumeration) == 0 || library().findClose == nullptr) {
-    return false;
-  }
+  if (open_.erase(enumeration) == 0 || library().findClose == nullptr) return false;
   return library().findClose(reinterpret_cast<HANDLE>(enumeration)) != FALSE;
 }
 

@@ -1,4 +1,4 @@
-// The machine's Internet cache. A Windows without a browser has none, and then all calls fail.
+// UrlCache by the functions of wininet.dll. Without that library (Windows 95 without Internet Explorer) all calls fail.
 #pragma once
 
 #include <set>
@@ -17,8 +17,8 @@ class Win32UrlCache final : public UrlCache {
   void localFree(void* block) override;
 
  private:
-  // Some systems crash on a handle that has been closed, so that only these are handed on.
-  std::set<Handle> live_;
+  // Enumerations that are open. A handle is an address in Wine: using a closed one reads freed memory.
+  std::set<Handle> open_;
 };
 
 }  // namespace platform::win32

@@ -13,9 +13,7 @@ std::int32_t Win32UrlHistory::coCreateInstance(const Guid& classId, std::uint32_
   void* created = nullptr;
   const HRESULT code =
       CoCreateInstance(std::bit_cast<GUID>(classId), nullptr, context, std::bit_cast<GUID>(interfaceId), &created);
-  if (code == S_OK) {
-    object = reinterpret_cast<Handle>(created);
-  }
+  if (code == S_OK) object = reinterpret_cast<Handle>(created);
   return code;
 }
 

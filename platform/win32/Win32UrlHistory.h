@@ -1,4 +1,4 @@
-// The machine's history object. Its handle is the pointer to it.
+// UrlHistory by CoCreateInstance and DispCallFunc. The handle of an object is its address.
 #pragma once
 
 #include "platform/UrlHistory.h"

@@ -9,14 +9,10 @@ namespace platform::win32 {
 static_assert(sizeof(OSVERSIONINFOA) == kVersionRecordSize);
 
 bool Win32Version::getVersionEx(VersionRecord& record) {
-  // The system takes the longer, extended record too, which would not fit here.
-  if (record.size != kVersionRecordSize) {
-    return false;
-  }
+  // GetVersionExA also accepts the size of OSVERSIONINFOEXA, which is larger than `record`.
+  if (record.size != kVersionRecordSize) return false;
   auto info = std::bit_cast<OSVERSIONINFOA>(record);
-  if (GetVersionExA(&info) == FALSE) {
-    return false;
-  }
+  if (GetVersionExA(&info) == FALSE) return false;
   record = std::bit_cast<VersionRecord>(info);
   return true;
 }

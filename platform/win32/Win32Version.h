@@ -1,4 +1,4 @@
-// Which Windows the program runs on.
+// SystemVersion by GetVersionExA.
 #pragma once
 
 #include "platform/SystemVersion.h"

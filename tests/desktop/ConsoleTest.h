@@ -1,4 +1,4 @@
-// What the desktop tests share: a running console, and an empty folder for their files.
+// What the desktop tests share: a running console, and a new folder for their files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,38 +6,36 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/desktop/Disk.h"
 #include "tests/desktop/Driver.h"
 
 namespace desktop {
 
-inline const std::string kFolder = "C:\\desktop\\";
+// A folder of its own for each test, which the program's folder list shows. It is not deleted: the prefix is made anew
+// for every run.
+class TestFolder {
+ protected:
+  TestFolder() { std::filesystem::create_directories(folder()); }
 
-// Makes a file in the test's folder; `name` may name subfolders. Gives the full path.
-inline std::string make(const std::string& name, std::size_t size = 1000) {
-  makeFile(kFolder + name, sampleBytes(name, size));
-  return kFolder + name;
-}
+  std::string folder() const { return "C:\\" + name_ + '\\'; }
+  const std::string& folderName() const { return name_; }
+
+  // Makes a file in the folder; `name` may have subfolders. Returns the full path.
+  std::string make(const std::string& name, std::size_t size = 1000, DWORD attributes = FILE_ATTRIBUTE_NORMAL) const {
+    makeFile(folder() + name, sampleBytes(folder() + name, size), attributes);
+    return folder() + name;
+  }
+
+ private:
+  static inline int count_ = 0;
+  std::string name_ = "test" + std::to_string(++count_);
+};
 
 // Whether a file that make() made is as it was.
 inline bool isUntouched(const std::string& path, std::size_t size = 1000) {
-  return exists(path) && readFile(path) == sampleBytes(path.substr(kFolder.size()), size);
+  return exists(path) && readFile(path) == sampleBytes(path, size);
 }
 
-// Exists and is empty before the program starts, so that its folder list shows it.
-struct TestFolder {
-  TestFolder() {
-    removeTree("C:\\desktop");
-    std::filesystem::create_directories("C:\\desktop");
-  }
-};
-
-// The test is the program's user: it starts the program afresh and speaks of what it presses and sees.
-class ConsoleTest : public testing::Test, protected TestFolder, protected Program {
- protected:
-  void waitForResults(const std::string& beginning) {
-    waitUntil("\"" + beginning + "\"", [&] { return resultLine().starts_with(beginning); });
-  }
-};
+// Starts the program for each test; the folder exists before.
+class ConsoleTest : public testing::Test, protected TestFolder, protected Program {};
 
 }  // namespace desktop

@@ -5,42 +5,45 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <utility>
 
 namespace desktop {
 namespace {
 
 constexpr const char* kProgram = "C:\\Program Files\\Scrubhaven\\scrubhaven.exe";
-constexpr const char* kProgramFolder = "C:\\Program Files\\Scrubhaven";
 constexpr const char* kBoxClass = "#32770";
-
-constexpr DWORD kAnswerLimit = 5000;   // milliseconds for one message
-constexpr DWORD kStartLimit = 20000;   // milliseconds: the first start in a prefix starts Wine's services too
-constexpr DWORD kToolTipLimit = 3000;  // milliseconds
 constexpr int kTextRoom = 1024;
 
-using Sender = decltype(&SendMessageTimeoutA);
+// Milliseconds.
+constexpr DWORD kStartLimit = 20000;  // the first start in a prefix starts Wine's services too
+constexpr DWORD kToolTipLimit = 3000;
+constexpr DWORD kScreenshotLimit = 10000;
+constexpr DWORD kPollEvery = 5;
+constexpr DWORD kPointerSettles = 15;  // the window must see the pointer arrive before the button goes down
+constexpr DWORD kDrawingDelay = 200;   // until the program's drawing is on the screen
 
-// What the window's own thread answers to a message.
-LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0, Sender send = SendMessageTimeoutA) {
+// Sends a message and returns the window's answer.
+LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
   DWORD_PTR answer = 0;
-  if (send(window, message, w, l, SMTO_ABORTIFHUNG, kAnswerLimit, &answer) == 0) {
-    throw Failed("the program does not answer message " + std::to_string(message));
-  }
+  require(SendMessageTimeoutW(window, message, w, l, SMTO_ABORTIFHUNG, kPatience, &answer) != 0,
+          "send message " + std::to_string(message));
   return static_cast<LRESULT>(answer);
 }
 
-// What the window says when it is asked: some controls keep their text to themselves.
-std::string askedText(HWND window) {
+// The text that a message gives. In wide characters, because Wine answers across processes in them anyway.
+std::string askedText(HWND window, UINT message = WM_GETTEXT, WPARAM w = kTextRoom) {
+  std::array<wchar_t, kTextRoom> wide{};
+  ask(window, message, w, reinterpret_cast<LPARAM>(wide.data()));
   std::array<char, kTextRoom> text{};
-  ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), kTextRoom, nullptr, nullptr);
   return text.data();
 }
 
-// What the system knows to be the window's text, without the mark of its letter. Costs the program nothing, and a
-// window may go meanwhile.
+// The window text that the system knows, without the mark of the access key. The window may close meanwhile.
 std::string textOf(HWND window) {
   std::array<char, kTextRoom> buffer{};
-  GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
+  GetWindowTextA(window, buffer.data(), kTextRoom);
   std::string text = buffer.data();
   std::erase(text, '&');
   return text;
@@ -58,91 +61,133 @@ DWORD processOf(HWND window) {
   return process;
 }
 
-// A record in the memory of another process, for messages that carry an address, with room for a text behind it.
+// Sends a message whose parameter is the address of a record, which must be in the program's memory. Returns the record
+// as the program has changed it, and the text when the record has one.
 template <typename Record>
-class RemoteRecord {
- public:
-  explicit RemoteRecord(HWND window)
-      : window_(window),
-        process_(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processOf(window))),
-        address_(static_cast<char*>(
-            VirtualAllocEx(process_, nullptr, sizeof(Record) + kTextRoom, MEM_COMMIT, PAGE_READWRITE))) {
-    if (address_ == nullptr) throw Failed("no memory in the program");
-  }
-  ~RemoteRecord() {
-    VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
-    CloseHandle(process_);
-  }
-  RemoteRecord(const RemoteRecord&) = delete;
-  RemoteRecord& operator=(const RemoteRecord&) = delete;
-
-  // Sends the message with the record, and gives what it has become.
-  Record exchange(UINT message, int index, Record record) const {
-    WriteProcessMemory(process_, address_, &record, sizeof(record), nullptr);
-    ask(window_, message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(address_));
-    ReadProcessMemory(process_, address_, &record, sizeof(record), nullptr);
-    return record;
-  }
-
-  // The same with a record that has a text, which is what it gives.
-  std::string textBy(UINT message, int index, Record record) const {
-    record.pszText = address_ + sizeof(record);
+std::pair<Record, std::string> exchange(HWND window, UINT message, int index, Record record) {
+  const HANDLE process =
+      OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processOf(window));
+  const auto memory =
+      static_cast<char*>(VirtualAllocEx(process, nullptr, sizeof(Record) + kTextRoom, MEM_COMMIT, PAGE_READWRITE));
+  require(memory != nullptr, "allocate memory in the program");
+  if constexpr (requires { record.pszText; }) {
+    record.pszText = memory + sizeof(record);
     record.cchTextMax = kTextRoom - 1;
-    exchange(message, index, record);
-    std::array<char, kTextRoom> text{};
-    ReadProcessMemory(process_, address_ + sizeof(record), text.data(), text.size() - 1, nullptr);
-    return text.data();
   }
-
- private:
-  HWND window_;
-  HANDLE process_;
-  char* address_;
-};
-
-std::vector<HWND> visibleWindows(DWORD process) {
-  std::vector<HWND> windows;
-  for (HWND window = GetTopWindow(nullptr); window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
-    if (processOf(window) == process && IsWindowVisible(window)) windows.push_back(window);
-  }
-  return windows;
+  WriteProcessMemory(process, memory, &record, sizeof(record), nullptr);
+  ask(window, message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(memory));
+  std::array<char, kTextRoom> text{};
+  ReadProcessMemory(process, memory, &record, sizeof(record), nullptr);
+  ReadProcessMemory(process, memory + sizeof(record), text.data(), kTextRoom - 1, nullptr);
+  VirtualFreeEx(process, memory, 0, MEM_RELEASE);
+  CloseHandle(process);
+  return {record, text.data()};
 }
 
-HWND visibleOfClass(DWORD process, const std::string& name) {
-  const std::vector<HWND> windows = visibleWindows(process);
-  const auto found = std::ranges::find(windows, name, classOf);
-  return found == windows.end() ? nullptr : *found;
+// A visible top-level window of the process that is as asked, or null.
+HWND findVisible(DWORD process, const std::function<bool(HWND)>& isWanted) {
+  HWND window = GetTopWindow(nullptr);
+  while (window != nullptr && !(processOf(window) == process && IsWindowVisible(window) && isWanted(window))) {
+    window = GetWindow(window, GW_HWNDNEXT);
+  }
+  return window;
 }
 
-// The control that has the keyboard in the thread of `window`, or null.
-HWND keyboardOwner(HWND window) {
-  GUITHREADINFO info = {};
-  info.cbSize = sizeof(info);
-  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  return GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr;
+bool isPointerAt(POINT point) {
+  POINT now = {};
+  return GetCursorPos(&now) && now.x == point.x && now.y == point.y;
+}
+
+void movePointer(POINT point) {
+  waitUntil("the pointer to arrive", [point] {
+    SetCursorPos(point.x, point.y);
+    Sleep(kPointerSettles);
+    return isPointerAt(point);
+  });
+}
+
+// The coordinate for absolute input: 65536 steps across the screen, rounded down to pixels by the system.
+LONG absolute(LONG pixel, int screenLength) {
+  constexpr LONG kSteps = 65536;
+  return (pixel * kSteps + screenLength - 1) / screenLength;
 }
 
 }  // namespace
 
+// ---- Input ----------------------------------------------------------------------------------------------------------
+
+void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit) {
+  const DWORD start = GetTickCount();
+  while (!condition()) {
+    if (GetTickCount() - start > limit) throw Failed("waited " + std::to_string(limit) + " ms in vain for " + what);
+    Sleep(kPollEvery);
+  }
+}
+
+// All presses carry the place and the same time, so that neither a late move of the pointer nor a busy machine changes
+// what they mean.
+void clickAt(POINT point, int times) {
+  movePointer(point);
+  std::vector<INPUT> inputs;
+  for (int i = 0; i < 2 * times; ++i) {
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags =
+        MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | (i % 2 == 0 ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
+    input.mi.dx = absolute(point.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = absolute(point.y, GetSystemMetrics(SM_CYSCREEN));
+    input.mi.time = i == 0 ? GetTickCount() : inputs[0].mi.time;
+    inputs.push_back(input);
+  }
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+void pressKey(BYTE key, BYTE held) {
+  if (held != 0) keybd_event(held, 0, 0, 0);
+  keybd_event(key, 0, 0, 0);
+  keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+  if (held != 0) keybd_event(held, 0, KEYEVENTF_KEYUP, 0);
+}
+
+void typeText(const std::string& text) {
+  constexpr int kShiftBit = 0x100;
+  for (const char letter : text) {
+    const SHORT key = VkKeyScanA(letter);
+    pressKey(LOBYTE(key), (key & kShiftBit) != 0 ? VK_SHIFT : 0);
+  }
+}
+
+void takeScreenshot(const std::string& name) {
+  Sleep(kDrawingDelay);
+  const std::string answer = "C:\\demo\\" + name + ".done";
+  DeleteFileA(answer.c_str());
+  std::printf("@screenshot %s\n", name.c_str());
+  std::fflush(stdout);
+  waitUntil(
+      "the screenshot " + name, [&] { return exists(answer); }, kScreenshotLimit);
+}
+
 // ---- Control --------------------------------------------------------------------------------------------------------
 
 Kind Control::kind() const {
+  static const std::pair<std::string, Kind> kinds[] = {{"Static", Kind::kLabel},
+                                                       {"Edit", Kind::kTextBox},
+                                                       {WC_LISTVIEWA, Kind::kList},
+                                                       {"ListBox", Kind::kLines},
+                                                       {"ComboBox", Kind::kDriveList}};
   const std::string name = classOf(window_);
-  if (name == "Button") {
-    const LONG type = GetWindowLongA(window_, GWL_STYLE) & BS_TYPEMASK;
-    if (type == BS_GROUPBOX) return Kind::kFrame;
-    return type == BS_CHECKBOX || type == BS_AUTOCHECKBOX ? Kind::kCheckBox : Kind::kButton;
+  for (const auto& [known, kind] : kinds) {
+    if (name == known) return kind;
   }
-  if (name == "Static") return Kind::kLabel;
-  if (name == "Edit") return Kind::kTextBox;
-  if (name == WC_LISTVIEWA) return Kind::kList;
-  if (name == "ListBox") return Kind::kLines;
-  return name == "ComboBox" ? Kind::kDriveList : Kind::kOther;
+  if (name != "Button") return Kind::kOther;
+  const LONG type = GetWindowLongA(window_, GWL_STYLE) & BS_TYPEMASK;
+  if (type == BS_GROUPBOX) return Kind::kFrame;
+  return type == BS_CHECKBOX || type == BS_AUTOCHECKBOX ? Kind::kCheckBox : Kind::kButton;
 }
 
 std::string Control::text() const {
-  const bool isAsked = kind() == Kind::kTextBox || kind() == Kind::kDriveList;
-  return isAsked ? askedText(window_) : textOf(window_);
+  const bool mustBeAsked = kind() == Kind::kTextBox || kind() == Kind::kDriveList;
+  return mustBeAsked ? askedText(window_) : textOf(window_);
 }
 
 bool Control::ticked() const { return ask(window_, BM_GETCHECK) == BST_CHECKED; }
@@ -161,9 +206,9 @@ POINT Control::centre() const {
 void Control::click() const {
   if (!visible()) throw Failed("cannot click \"" + text() + "\": it is hidden");
   const HWND root = GetAncestor(window_, GA_ROOT);
-  // Wine's desktop raises a window some time after it has become the active one, by then perhaps over a window that has
-  // been opened in front of it. The screen shows the right order; only clicks would go astray.
-  waitUntil("a free way to \"" + text() + "\"", [this, root] {
+  // Wine's desktop may raise a window above one that was opened after it. The screen shows the right order; only clicks
+  // would reach the wrong window.
+  waitUntil("\"" + text() + "\" to be uncovered", [this, root] {
     const HWND onTop = GetAncestor(WindowFromPoint(centre()), GA_ROOT);
     if (onTop != root && onTop == GetWindow(root, GW_OWNER)) {
       SetWindowPos(root, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -186,19 +231,12 @@ Texts List::columns() const {
   HDITEMA item = {};
   item.mask = HDI_TEXT;
   Texts titles;
-  for (int i = 0; i < ask(header, HDM_GETITEMCOUNT); ++i) {
-    titles.push_back(RemoteRecord<HDITEMA>(header).textBy(HDM_GETITEMA, i, item));
-  }
+  const LRESULT count = ask(header, HDM_GETITEMCOUNT);
+  for (int i = 0; i < count; ++i) titles.push_back(exchange(header, HDM_GETITEMA, i, item).second);
   return titles;
 }
 
 int List::rowCount() const { return static_cast<int>(ask(handle(), LVM_GETITEMCOUNT)); }
-
-std::string List::cell(int row, int column) const {
-  LVITEMA item = {};
-  item.iSubItem = column;
-  return RemoteRecord<LVITEMA>(handle()).textBy(LVM_GETITEMTEXTA, row, item);
-}
 
 bool List::ticked(int row) const {
   constexpr int kTickedImage = 2;  // state images of a list with check boxes: 1 without a tick, 2 with one
@@ -207,29 +245,36 @@ bool List::ticked(int row) const {
 }
 
 Texts List::texts(int column) const {
+  LVITEMA item = {};
+  item.iSubItem = column;
   Texts texts;
   const int count = rowCount();
-  for (int row = 0; row < count; ++row) texts.push_back(cell(row, column));
+  for (int row = 0; row < count; ++row) texts.push_back(exchange(handle(), LVM_GETITEMTEXTA, row, item).second);
   return texts;
 }
 
 RECT List::part(int row, int code) const {
-  ask(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  RECT part = RemoteRecord<RECT>(handle()).exchange(LVM_GETITEMRECT, row, {code, 0, 0, 0});
+  RECT part = exchange(handle(), LVM_GETITEMRECT, row, RECT{code, 0, 0, 0}).first;
   MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&part), 2);
   return part;
 }
 
-void List::clickRow(int row) const {
+int List::show(const std::string& text) const {
+  const Texts all = texts();
+  const auto row = static_cast<int>(std::ranges::find(all, text) - all.begin());
+  if (row == static_cast<int>(all.size())) throw Failed("no row \"" + text + "\" is listed");
+  ask(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row));
+  return row;
+}
+
+void List::select(const std::string& text) const {
   constexpr int kInsideText = 12;  // pixels behind the start of the text
-  const RECT label = part(row, LVIR_LABEL);
+  const RECT label = part(show(text), LVIR_LABEL);
   clickAt({label.left + kInsideText, (label.top + label.bottom) / 2});
 }
 
 void List::flip(const std::string& text) const {
-  const Texts all = texts();
-  const auto row = static_cast<int>(std::ranges::find(all, text) - all.begin());
-  if (row == static_cast<int>(all.size())) throw Failed("no row \"" + text + "\" is listed");
+  const int row = show(text);
   const bool before = ticked(row);
   const RECT label = part(row, LVIR_LABEL);
   clickAt({(part(row, LVIR_BOUNDS).left + label.left) / 2, (label.top + label.bottom) / 2});
@@ -275,24 +320,17 @@ List Window::list(const Texts& columns) const {
   throw Failed("no list has the columns asked for, beginning with \"" + columns.front() + "\"");
 }
 
-// Asked for in wide characters, because Wine answers in them across processes however it is asked.
-Texts Window::linesOf(const std::string& list) const {
+Texts Window::lines(const std::string& list) const {
   const HWND lines = only(Kind::kLines, list).handle();
-  const LRESULT count = ask(lines, LB_GETCOUNT);
   Texts texts;
-  for (int i = 0; i < count; ++i) {
-    std::array<wchar_t, kTextRoom> wide{};
-    ask(lines, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(wide.data()), SendMessageTimeoutW);
-    std::array<char, kTextRoom> text{};
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
-    texts.emplace_back(text.data());
-  }
+  const auto count = static_cast<WPARAM>(ask(lines, LB_GETCOUNT));
+  for (WPARAM i = 0; i < count; ++i) texts.push_back(askedText(lines, LB_GETTEXT, i));
   return texts;
 }
 
 void Window::openFolder(const std::string& line) const {
   const HWND list = only(Kind::kLines, "Dir1").handle();
-  const Texts before = folders();
+  const Texts before = lines("Dir1");
   const auto index = static_cast<WPARAM>(std::ranges::find(before, line) - before.begin());
   if (index == before.size()) throw Failed("the folder list does not show \"" + line + "\"");
   ask(list, LB_SETTOPINDEX, index);
@@ -300,7 +338,7 @@ void Window::openFolder(const std::string& line) const {
   ask(list, LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&at));
   MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&at), 2);
   clickAt({(at.left + at.right) / 2, (at.top + at.bottom) / 2}, 2);
-  waitUntil("the folder list of \"" + line + "\"", [this, &before] { return folders() != before; });
+  waitUntil("the folder list of \"" + line + "\"", [&] { return lines("Dir1") != before; });
 }
 
 Texts Window::labelTexts() const {
@@ -312,16 +350,17 @@ Texts Window::labelTexts() const {
 }
 
 std::string Window::toolTipOf(const Control& control) const {
-  const auto shown = [process = processOf(window_)] { return visibleOfClass(process, TOOLTIPS_CLASSA); };
-  const RECT inner = inside();
-  // Two pixels from the window's corner there is nothing to tell about.
-  movePointer({inner.left + 2, inner.top + 2});
-  waitUntil("the last tooltip to go", [&shown] { return shown() == nullptr; });
+  const auto shown = [process = processOf(window_)] {
+    return findVisible(process, [](HWND window) { return classOf(window) == TOOLTIPS_CLASSA; });
+  };
+  // The window's corner has no tooltip.
+  movePointer({inside().left + 2, inside().top + 2});
+  waitUntil("the last tooltip to close", [&shown] { return shown() == nullptr; });
   const DWORD start = GetTickCount();
   while (GetTickCount() - start < kToolTipLimit) {
     if (!isPointerAt(control.centre())) movePointer(control.centre());
     if (const HWND toolTip = shown()) return askedText(toolTip);
-    Sleep(10);
+    Sleep(kPollEvery);
   }
   return "";
 }
@@ -333,125 +372,94 @@ RECT Window::inside() const {
   return inside;
 }
 
-void Window::resize(int width, int height) const {
-  SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-  waitUntil("the window to take its size", [this, width, height] {
-    const RECT place = Control(window_).place();
-    return place.right - place.left == width && place.bottom - place.top == height;
-  });
+std::string Window::message() const {
+  constexpr int kMessage = 0xFFFF;  // the id of a message box's text
+  return textOf(GetDlgItem(window_, kMessage));
 }
 
-void Window::waitUntilDrawn() const {
-  // Drawing reaches the screen a little later than it leaves the program.
-  constexpr DWORD kReachesScreen = 150;  // milliseconds
-  const auto isDrawn = [](HWND window) { return GetUpdateRect(window, nullptr, FALSE) == FALSE; };
-  waitUntil("the window to be drawn",
-            [&] { return isDrawn(window_) && std::ranges::all_of(controls(), isDrawn, &Control::handle); });
-  Sleep(kReachesScreen);
+Control Window::focused() const {
+  GUITHREADINFO info = {};
+  info.cbSize = sizeof(info);
+  GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
+  return Control(info.hwndFocus == window_ ? nullptr : info.hwndFocus);
 }
 
-std::vector<DWORD> Window::picture() const {
-  const RECT place = Control(window_).place();
-  const int width = place.right - place.left;
-  const int height = place.bottom - place.top;
-  BITMAPINFO format = {{sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
-  std::vector<DWORD> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-  const HDC screen = GetDC(nullptr);
-  const HDC copy = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
-  const HGDIOBJ before = SelectObject(copy, bitmap);
-  BitBlt(copy, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-  SelectObject(copy, before);
-  GetDIBits(screen, bitmap, 0, static_cast<UINT>(height), pixels.data(), &format, DIB_RGB_COLORS);
-  DeleteObject(bitmap);
-  DeleteDC(copy);
-  ReleaseDC(nullptr, screen);
-  return pixels;
-}
-
-// ---- Box ------------------------------------------------------------------------------------------------------------
-
-std::string Box::message() const {
-  constexpr int kMessage = 0xFFFF;  // the id that message boxes give their text
-  return textOf(GetDlgItem(handle(), kMessage));
-}
-
-std::string Box::defaultButton() const { return textOf(keyboardOwner(handle())); }
-
-void Box::press(const std::string& button) const {
+void Window::closeWith(const std::string& button) const {
   this->button(button).click();
-  waitUntil("the box to go after \"" + button + "\"", [this] { return !isOpen(); });
+  waitUntil("the window to close after \"" + button + "\"", [this] { return !isOpen(); });
 }
 
 // ---- Program --------------------------------------------------------------------------------------------------------
 
-Program::Program() : Program(CreateJobObjectA(nullptr, nullptr)) {
-  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
-  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-  SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof(limits));
+Program::Program() {
   STARTUPINFOA how = {};
   how.cb = sizeof(how);
-  // Suspended until it is in the job, so that it never runs outside.
-  if (!CreateProcessA(kProgram, nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, kProgramFolder, &how,
-                      &process_)) {
-    throw Failed(std::string("cannot start ") + kProgram + " (error " + std::to_string(GetLastError()) + ")");
-  }
-  AssignProcessToJobObject(job_, process_.hProcess);
-  ResumeThread(process_.hThread);
-  await(kConsoleTitle, false, kStartLimit);
-  focused();
+  require(CreateProcessA(kProgram, nullptr, nullptr, nullptr, FALSE, 0, nullptr, "C:\\Program Files\\Scrubhaven", &how,
+                         &process_) != FALSE,
+          std::string("start ") + kProgram);
+  waitUntil(
+      "the console to have the keyboard",
+      [this] {
+        const HWND window = findVisible(process_.dwProcessId, [](HWND) { return true; });
+        return window != nullptr && Window(window).focused().handle() != nullptr;
+      },
+      kStartLimit);
 }
 
 Program::~Program() {
-  TerminateJobObject(job_, 1);
+  TerminateProcess(process_.hProcess, 1);
   WaitForSingleObject(process_.hProcess, kPatience);
   CloseHandle(process_.hThread);
   CloseHandle(process_.hProcess);
-  CloseHandle(job_);
 }
 
 void Program::waitForEnd() const {
   waitUntil("the program to end", [this] { return !running(); });
 }
 
-std::string Program::resultLine() const {
-  for (const std::string& text : console().labelTexts()) {
-    if (text.find("Results: ") < 2) return text;
-  }
-  return "";
+std::string Program::waitForResults(const std::string& beginning) const {
+  std::string line;
+  waitUntil("\"" + beginning + "\"", [&] {
+    for (const std::string& text : console().labelTexts()) {
+      if (text.starts_with(beginning)) line = text;
+    }
+    return !line.empty();
+  });
+  return line;
+}
+
+void Program::use(const std::string& button, const std::vector<Answer>& answers) const {
+  console().button(button).click();
+  for (const Answer& expected : answers) answer(expected);
 }
 
 void Program::waitForConsole() const {
   waitUntil("the console to take input", [this] { return console().takesInput(); });
 }
 
-HWND Program::await(const std::string& title, bool isBox, DWORD limit) const {
+Window Program::window(const std::string& title, bool isBox, DWORD limit) const {
   HWND found = nullptr;
-  const auto search = [&] {
-    if (!running()) throw Failed("the program has ended while \"" + title + "\" was awaited");
-    for (const HWND window : visibleWindows(process_.dwProcessId)) {
-      if ((classOf(window) == kBoxClass) == isBox && textOf(window) == title) found = window;
-    }
-    return found != nullptr;
-  };
-  waitUntil((isBox ? "the message box \"" : "the window \"") + title + "\"", search, limit);
-  return found;
+  const auto isWanted = [&](HWND window) { return (classOf(window) == kBoxClass) == isBox && textOf(window) == title; };
+  waitUntil(
+      "the window \"" + title + "\"",
+      [&] {
+        if (!running()) throw Failed("the program ended before it showed \"" + title + "\"");
+        found = findVisible(process_.dwProcessId, isWanted);
+        return found != nullptr;
+      },
+      limit);
+  return Window(found);
 }
 
-bool Program::showsBox() const { return visibleOfClass(process_.dwProcessId, kBoxClass) != nullptr; }
-
-void Program::answer(const std::string& title, const std::string& message, const std::string& button,
-                     DWORD limit) const {
-  const Box next = box(title, limit);
-  const std::string said = next.message();
-  if (said != message) throw Failed("the box \"" + title + "\" says \"" + said + "\" instead of \"" + message + "\"");
-  next.press(button);
+void Program::answer(const Answer& expected, DWORD limit) const {
+  const Window box = window(expected.title, true, limit);
+  const std::string message = box.message();
+  if (message != expected.message) throw Failed('"' + message + "\" instead of \"" + expected.message + '"');
+  box.closeWith(expected.button);
 }
 
-Control Program::focused() const {
-  const HWND window = console().handle();
-  waitUntil("a control to have the keyboard", [window] { return keyboardOwner(window) != nullptr; });
-  return Control(keyboardOwner(window));
+bool Program::showsBox() const {
+  return findVisible(process_.dwProcessId, [](HWND window) { return classOf(window) == kBoxClass; }) != nullptr;
 }
 
 }  // namespace desktop

@@ -1,26 +1,34 @@
-// Drives scrubhaven.exe from outside, as a person with a screen reader would: the program is started by its path, its
-// windows are found by title, its controls by what they say, and it gets real mouse clicks and keys. Nothing here knows
-// the program's sources.
-//
-// Whatever is not there, or does not happen in time, throws Failed.
+// Drives scrubhaven.exe from outside, as a person with a screen reader would: windows are found by title, controls by
+// their text, and all input goes through the system's queue as mouse clicks and keys. Nothing here depends on the
+// program's sources. Whatever is missing, or does not happen in time, throws Failed.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "tests/desktop/Input.h"
+#include "tests/desktop/Machine.h"
 
 namespace desktop {
 
-using Texts = std::vector<std::string>;
+// Milliseconds that one reaction of the program may take.
+inline constexpr DWORD kPatience = 5000;
 
-inline constexpr const char* kConsoleTitle = "Velmatrix Scrubhaven Pro 1.32";
+// Returns as soon as `condition` holds; throws Failed, naming `what` was waited for, after `limit` milliseconds.
+void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit = kPatience);
+// Moves the pointer to a place on the screen and clicks there.
+void clickAt(POINT point, int times = 1);
+// Presses and releases a key (VK_...), with `held` pressed meanwhile when it is not 0.
+void pressKey(BYTE key, BYTE held = 0);
+void typeText(const std::string& text);
+// Has the script around the test program store the whole screen as build/.../NAME.png; see scripts/play.sh.
+void takeScreenshot(const std::string& name);
 
 enum class Kind { kButton, kCheckBox, kFrame, kLabel, kTextBox, kList, kLines, kDriveList, kOther };
 
-// One control of the program. It stays the same control when its text changes.
+// One control of the program.
 class Control {
  public:
   explicit Control(HWND window) : window_(window) {}
@@ -28,6 +36,7 @@ class Control {
 
   HWND handle() const { return window_; }
   Kind kind() const;
+  // Without the mark of its access key.
   std::string text() const;
   bool visible() const { return IsWindowVisible(window_) != FALSE; }
   bool enabled() const { return IsWindowEnabled(window_) != FALSE; }
@@ -37,10 +46,9 @@ class Control {
   RECT place() const;
   POINT centre() const;
 
-  // Moves the pointer to the middle of the control and clicks. Fails when the control is hidden or something else
-  // stands over it; a disabled control is clicked all the same.
+  // Clicks the middle of the control. Fails when it is hidden or covered.
   void click() const;
-  // Clicks a check box and waits until its tick has come or gone.
+  // Clicks a check box and waits until its tick has changed.
   void flip() const;
 
  private:
@@ -54,28 +62,28 @@ class List : public Control {
 
   Texts columns() const;
   int rowCount() const;
-  std::string cell(int row, int column = 0) const;
   bool ticked(int row) const;
   // A column's texts, from the first row to the last.
   Texts texts(int column = 0) const;
-
-  // Clicks a row's text; scrolls there first.
-  void clickRow(int row) const;
-  // Clicks the check mark of the row with that text in its first column, and waits until it has come or gone.
+  // Click the row with that text in its first column: the text, or the check mark, waiting until it has changed.
+  void select(const std::string& text) const;
   void flip(const std::string& text) const;
 
  private:
+  // Scrolls the row with that text into view. Returns its index.
+  int show(const std::string& text) const;
+  // The place of a row's text (LVIR_LABEL) or whole row (LVIR_BOUNDS) on the screen.
   RECT part(int row, int code) const;
 };
 
-// A top-level window of the program.
+// A top-level window or a message box of the program.
 class Window {
  public:
   explicit Window(HWND window) : window_(window) {}
 
   HWND handle() const { return window_; }
   bool isOpen() const { return IsWindow(window_) && IsWindowVisible(window_); }
-  // Whether it takes input: no box or window stands over it.
+  // False while a box or another window is open above it.
   bool takesInput() const { return IsWindowEnabled(window_) != FALSE; }
 
   // All its controls, hidden ones too, in tab order.
@@ -85,52 +93,45 @@ class Window {
   Control button(const std::string& text) const { return only(Kind::kButton, text); }
   Control checkBox(const std::string& text) const { return only(Kind::kCheckBox, text); }
   Control label(const std::string& text) const { return only(Kind::kLabel, text); }
-  // The button of that text among several: the next one after a control of another text.
+  // The first button of that text after the control with the text `before`.
   Control buttonAfter(const std::string& before, const std::string& text) const;
   // The list with exactly these columns.
   List list(const Texts& columns) const;
-  // The lines of the list of folders, and of the list of files.
-  Texts folders() const { return linesOf("Dir1"); }
-  Texts files() const { return linesOf("File1"); }
-  // Double-clicks a folder's line and waits until the list is that folder's.
+  // The lines of the list of folders ("Dir1") or of files ("File1").
+  Texts lines(const std::string& list) const;
+  // Double-clicks a folder's line and waits until the list has changed.
   void openFolder(const std::string& line) const;
-  // The texts of the labels that can be seen.
+  // The texts of the visible labels.
   Texts labelTexts() const;
-  // The tooltip that shows when the pointer rests on the control; empty when none shows for long.
+  // The tooltip that shows when the pointer rests on the control; empty when none shows in time.
   std::string toolTipOf(const Control& control) const;
-
-  // The inside of the window, in screen coordinates.
+  // The client area, in screen coordinates.
   RECT inside() const;
-  // Sizes the whole window, frame included, in pixels.
-  void resize(int width, int height) const;
-  // Waits until nothing in the window is left to be drawn.
-  void waitUntilDrawn() const;
-  // What the screen shows of the window, pixel by pixel.
-  std::vector<DWORD> picture() const;
+
+  // The text of a message box.
+  std::string message() const;
+  // The control that has the keyboard; its handle is null when no control has.
+  Control focused() const;
+  // Clicks a button and waits until the window is closed.
+  void closeWith(const std::string& button) const;
 
  private:
   Control only(Kind kind, const std::string& text) const;
-  Texts linesOf(const std::string& list) const;
 
   HWND window_;
 };
 
-// A message box.
-class Box : public Window {
- public:
-  explicit Box(HWND window) : Window(window) {}
-
-  std::string message() const;
-  // The text of the button that Enter presses: the one that has the keyboard.
-  std::string defaultButton() const;
-  // Clicks the button with that text and waits until the box is gone.
-  void press(const std::string& button) const;
+// What a message box must say, and the button that answers it.
+struct Answer {
+  std::string title;
+  std::string message;
+  std::string button = "OK";
 };
 
-// One running scrubhaven.exe. It dies with this object, and with the process that holds it.
+// One running scrubhaven.exe, ended with the object.
 class Program {
  public:
-  // Starts the program and waits until its console has the keyboard.
+  // Starts the program and waits until a control of its console has the keyboard.
   Program();
   ~Program();
   Program(const Program&) = delete;
@@ -138,31 +139,23 @@ class Program {
 
   void waitForEnd() const;
 
-  Window console() const { return window(kConsoleTitle); }
+  Window console() const { return window("Velmatrix Scrubhaven Pro 1.32"); }
   // The list of the junk scan.
   List junk() const { return console().list({"File Path and Name", "Size"}); }
-  // The console's label that begins with "Results: ", or nothing.
-  std::string resultLine() const;
-  // Presses a button of the console.
-  void press(const std::string& button) const { console().button(button).click(); }
+  // Waits until the console's result line begins with this. Returns the whole line.
+  std::string waitForResults(const std::string& beginning) const;
+  // Presses a button of the console and answers the message boxes that must follow.
+  void use(const std::string& button, const std::vector<Answer>& answers = {}) const;
   void waitForConsole() const;
 
-  // The visible window, or the message box, of that title, waited for.
-  Window window(const std::string& title) const { return Window(await(title, false)); }
-  Box box(const std::string& title, DWORD limit = kPatience) const { return Box(await(title, true, limit)); }
+  // The visible window of that title, or message box (`isBox`), waited for.
+  Window window(const std::string& title, bool isBox = false, DWORD limit = kPatience) const;
+  void answer(const Answer& expected, DWORD limit = kPatience) const;
   bool showsBox() const;
-  // The next box of that title must say this; presses its button.
-  void answer(const std::string& title, const std::string& message, const std::string& button = "OK",
-              DWORD limit = kPatience) const;
-  // The control that has the keyboard, waited for.
-  Control focused() const;
 
  private:
-  explicit Program(HANDLE job) : job_(job) {}
   bool running() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
-  HWND await(const std::string& title, bool isBox, DWORD limit = kPatience) const;
 
-  HANDLE job_;  // ends the program with this process, however that ends
   PROCESS_INFORMATION process_ = {};
 };
 

@@ -1,5 +1,6 @@
 #!/bin/bash
-# A prefix with a way out must be refused, and the one that the scripts make must stay closed once Wine ran in it.
+# A prefix from which host files can be reached must be refused, and a prefix made by the scripts must still be sealed
+# after Wine ran in it.
 set -uo pipefail
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd -P)
 source "$ROOT/scripts/seal.sh"
@@ -16,7 +17,7 @@ refused() {
   [[ ! -e $PREFIX/drive_c/started ]] || complain "$1: a program ran"
 }
 
-# with_link TARGET LINK CLAIM NAME: the claim must hold while the link is there.
+# with_link TARGET LINK CLAIM NAME: CLAIM (sealed or refused) must hold while the link is there.
 with_link() {
   ln -s -- "$1" "$PREFIX/$2"
   "$3" "$4"
@@ -29,8 +30,8 @@ sealed 'a fresh prefix'
 with_link / dosdevices/z: refused 'drive z:'
 with_link "$OUTSIDE" dosdevices/e: refused 'a drive e:'
 with_link /dev/null dosdevices/e:: refused 'a device for a drive'
-with_link "$OUTSIDE" dosdevices/d: refused 'a drive d: that nobody named'
-with_link "$OUTSIDE" dosdevices/com5 refused 'a folder in the guise of a port'
+with_link "$OUTSIDE" dosdevices/d: refused 'a drive d: that was not named'
+with_link "$OUTSIDE" dosdevices/com5 refused 'a folder under the name of a port'
 with_link "$OUTSIDE" drive_c/users/Public/Music/out refused 'a link from a profile folder'
 with_link /nowhere/at/all drive_c/windows/temp/out refused 'a dangling link to the outside'
 with_link ../../.. home/out refused 'a relative link out of the home folder'
@@ -57,7 +58,7 @@ make_prefix "$OUTSIDE" 2>/dev/null && complain 'made a prefix outside build/'
 [[ -d $OUTSIDE/home ]] || complain 'deleted a folder outside build/'
 make_prefix "$SEAL_BUILD" 2>/dev/null && complain 'made a prefix of build/ itself'
 
-# Opening an address reaches the recorder, not a browser of the host, and a start of Wine opens nothing.
+# An opened address reaches the recorder instead of the host's browser, and running Wine makes no way out.
 "$ROOT/scripts/in_prefix.sh" "$PREFIX" start http://www.velmatrix.example/ >/dev/null 2>&1 </dev/null
 for ((tries = 0; tries < 100; ++tries)); do
   [[ -s $PREFIX/drive_c/opened-addresses.txt ]] && break
@@ -69,5 +70,5 @@ sealed 'a prefix in which Wine runs'
 stop_prefix "$PREFIX"
 sealed 'a prefix in which Wine ran'
 
-((FAILED == 0)) && echo 'the seal holds'
+((FAILED == 0)) && echo 'every unsealed prefix was refused'
 exit "$FAILED"

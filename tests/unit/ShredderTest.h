@@ -1,16 +1,10 @@
 // An in-memory machine as the shredder finds it after the program has started.
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "shredder/frmMain.h"
 #include "shredder/modMain.h"
-#include "tests/support/MachineTest.h"
+#include "tests/unit/UnitTest.h"
 
-using Paths = std::vector<std::string>;
-
-class ShredderTest : public MachineTest {
+class ShredderTest : public UnitTest {
  protected:
   static constexpr const char* kHere = "C:\\Here";
   static constexpr std::size_t kPasses = 3U * SHRED_ROUNDS;  // over a file that is not empty

@@ -1,171 +1,157 @@
-#include "tests/unit/ConsoleTest.h"
-
 #include <algorithm>
+
+#include "finder/deletion.h"
+#include "tests/unit/ConsoleTest.h"
 
 using platform::Answer;
 using platform::kArchive;
 using platform::kHidden;
 using platform::kReadOnly;
+using platform::kSystem;
 
 namespace {
 
-std::string wipePattern() {
-  std::string pattern;
-  for (const int value : {85, 170, 74, 99, 71, 92, 101, 112, 1, 61, 97, 119, 86, 79, 109, 72, 90, 0, 255, 212}) {
-    pattern.append(10, static_cast<char>(value));
-  }
-  return pattern;
-}
+constexpr const char* kConfirm = "Confirm file deletion?";
+constexpr const char* kWiped = "All files that are not locked have been shredded.";
 
 class DeleteFiles : public ConsoleTest {
  protected:
-  // Scans C:\J, ticks the rows of these files and leaves them to be deleted.
+  // Lists the .tmp files below C:\J and ticks those with these names.
   void list(std::initializer_list<const char*> ticked) {
     scan({kTypeTmp}, "C:\\J");
     tick(form.ListView1, ticked);
   }
 
-  // Presses Delete Files and answers the question with Yes.
-  void confirm() {
-    machine.answer(Answer::kYes);
-    form.Delete.click();
-  }
-
-  // What was written over a file, in order, and whether each write followed the one before.
+  // What was written over a file, each write behind the one before.
   std::string writtenTo(const std::string& path) const {
     std::string bytes;
     for (const auto& write : machine.disk().writes()) {
-      if (write.path == path && !write.bytes.empty()) {
-        EXPECT_EQ(write.position, bytes.size());
-        bytes += write.bytes;
-      }
+      if (write.path != path || write.bytes.empty()) continue;
+      EXPECT_EQ(write.position, bytes.size());
+      bytes += write.bytes;
     }
     return bytes;
   }
 };
 
-TEST_F(DeleteFiles, AsksFirstAndNoOrNothingTickedChangesNothing) {
-  machine.addFile("C:\\J\\a.tmp", "a");
-  form.Delete.enable();
-  form.Delete.click();
-  EXPECT_EQ(lastBox(), "Nothing to Delete");
-  list({});
-  form.Delete.enable();
-  form.Delete.click();
-  EXPECT_EQ(lastBox(), "Nothing Selected");
-  list({"a.tmp"});
-  machine.answer(Answer::kNo);
-  form.Delete.click();
-  expectBox("Confirm file deletion?", "Confirm Deletion", 292);
-  EXPECT_EQ(paths(), Paths{"C:\\J\\a.tmp"});
-  EXPECT_TRUE(machine.shell().fileOperations().empty());
-}
-
-TEST_F(DeleteFiles, GoesToTheRecycleBinOrIsGoneForGoodAndOnlyTickedRows) {
-  for (const char* name : {"a", "b", "c", "d"}) machine.addFile(std::string("C:\\J\\") + name + ".tmp", name);
+TEST_F(DeleteFiles, TickedOnesGoToTheRecycleBinOrForGood) {
+  addFiles("C:\\J", {"a.tmp", "b.tmp", "c.tmp", "d.tmp", "e.tmp"});
   list({"b.tmp", "c.tmp"});
-  const std::size_t before = machine.boxes().size();
-  confirm();
-  EXPECT_EQ(machine.boxes().size(), before + 1) << "no closing message";
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm}) << "no closing message";
   EXPECT_EQ(machine.disk().recycleBin(), (Paths{"C:\\J\\b.tmp", "C:\\J\\c.tmp"}));
-  EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\d.tmp"}));
-  ASSERT_EQ(machine.shell().fileOperations().size(), 2U);
-  EXPECT_EQ(machine.shell().fileOperations()[0].flags, 80);
-  EXPECT_EQ(machine.shell().fileOperations()[0].sourceList, std::string("C:\\J\\b.tmp") + '\0');
+  EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\d.tmp", "C:\\J\\e.tmp"}));
   EXPECT_FALSE(form.Delete.enabled()) << "no ticked row is left";
 
   form.ListView1.clickTick(1);
+  form.optWipe.click();
+  EXPECT_TRUE(form.optWipe.ticked() && !form.optRecycle.ticked());
   form.optRecycle.click();
-  EXPECT_FALSE(form.optWipe.ticked());
-  confirm();
-  EXPECT_EQ(machine.shell().fileOperations().back().flags, 16);
+  EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());
+  form.optRecycle.click();
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm});
   EXPECT_EQ(machine.disk().recycleBin().size(), 2U);
-  EXPECT_EQ(machine.filesBelow("C:\\J"), Paths{"C:\\J\\a.tmp"});
+  EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\a.tmp", "C:\\J\\e.tmp"}));
+  Paths operations;
+  for (const platform::FileOperation& one : machine.shell().fileOperations()) {
+    operations.push_back(one.sourceList + std::to_string(one.flags) + ' ' + std::to_string(one.operation));
+  }
+  const std::string nul(1, '\0');
+  EXPECT_EQ(operations,
+            (Paths{"C:\\J\\b.tmp" + nul + "80 3", "C:\\J\\c.tmp" + nul + "80 3", "C:\\J\\d.tmp" + nul + "16 3"}));
 }
 
-TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndNoKeepsTheFile) {
+TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndFilesInUseAreNamed) {
   machine.addFile("C:\\J\\1.tmp", "x", kReadOnly);
-  machine.addFile("C:\\J\\33.tmp", "x", kReadOnly | kArchive);
-  machine.addFile("C:\\J\\35.tmp", "x", kReadOnly | kArchive | kHidden);
-  machine.addFile("C:\\J\\other.tmp", "x");
-  list({"1.tmp", "33.tmp", "35.tmp"});
-  const std::size_t before = machine.boxes().size();
+  machine.addFile("C:\\J\\2.tmp", "x", kReadOnly | kArchive);
+  machine.addFile("C:\\J\\3.tmp", "x", kReadOnly | kArchive | kHidden);
+  addFiles("C:\\J", {"4.tmp", "5.tmp", "6.tmp"});
+  list({"1.tmp", "2.tmp", "3.tmp", "4.tmp", "5.tmp"});
+  machine.disk().lock("C:\\J\\4.tmp");
+  machine.failAt("getFile", 5, platform::kPermissionDenied);
   machine.ui().onBox([this](const auto& box) {
-    if (box.title == "Delete File") form.ListView1.setTicked(3, true);  // too late to count
+    if (box.title == "Delete File") form.ListView1.setTicked(5, true);  // too late to count
   });
-  for (const Answer answer : {Answer::kYes, Answer::kNo, Answer::kYes}) machine.answer(answer);
-  form.Delete.click();
-  EXPECT_EQ(machine.boxes().size(), before + 3);
-  expectBox("C:\\J\\33.tmp\r\nis a read only file - OK to delete?", "Delete File", 4);
-  EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\1.tmp", "C:\\J\\other.tmp"}));
-  EXPECT_EQ(paths(), (Paths{"C:\\J\\1.tmp", "C:\\J\\other.tmp"}));
-  EXPECT_TRUE(form.ListView1.ticked(0));
+  const std::string ask = "\r\nis a read only file - OK to delete?";
+  EXPECT_EQ(press(form.Delete, {Answer::kYes, Answer::kNo, Answer::kYes}),
+            (Paths{kConfirm, "C:\\J\\1.tmp" + ask, "C:\\J\\2.tmp" + ask,
+                   "C:\\J\\4.tmp is in use by Windows and can not be deleted."}));
+  const Paths left = {"C:\\J\\1.tmp", "C:\\J\\4.tmp", "C:\\J\\5.tmp", "C:\\J\\6.tmp"};
+  EXPECT_EQ(machine.filesBelow("C:\\J"), left) << "the attributes of the fifth cannot be read";
+  EXPECT_EQ(paths(), left);
+  EXPECT_EQ(form.ListView1.tickedCount(), 4U);
 }
 
-TEST_F(DeleteFiles, FileInUseIsNamedAndStays) {
-  for (const char* name : {"a", "b", "gone"}) machine.addFile(std::string("C:\\J\\") + name + ".tmp");
-  list({"a.tmp", "b.tmp", "gone.tmp"});
-  machine.disk().lock("C:\\J\\a.tmp");
-  machine.failAt("getFile", 2, platform::kPermissionDenied);
-  confirm();
-  expectBox("C:\\J\\a.tmp is in use by Windows and can not be deleted.", "File Deletion Error", 0);
-  EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"})) << "b's attributes cannot be read";
-  EXPECT_EQ(paths(), machine.filesBelow("C:\\J"));
+TEST_F(DeleteFiles, AFileIsInUseHoweverItIsShared) {
+  machine.addFile("C:\\J\\a", "x", kReadOnly | kHidden | kSystem | kArchive);
+  machine.addFolder("C:\\J\\folder");
+  EXPECT_FALSE(finder::isInUse("C:\\J\\a"));
+  const platform::Handle other = machine.files().createFile(
+      "C:\\J\\a", {.access = platform::kGenericRead, .share = platform::kShareRead | platform::kShareWrite});
+  EXPECT_TRUE(finder::isInUse("C:\\J\\a"));
+  machine.files().closeHandle(other);
+  EXPECT_FALSE(finder::isInUse("C:\\J\\a"));
   const int opened = machine.faults().calls("createFile");
-  EXPECT_FALSE(form.FileIsOpen1("C:\\J\\gone.tmp"));
+  for (const char* none : {"C:\\J\\gone", "C:\\J\\folder"}) EXPECT_FALSE(finder::isInUse(none)) << none;
   EXPECT_EQ(machine.faults().calls("createFile"), opened);
 }
 
 TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndOnlyTickedFiles) {
-  machine.addFile("C:\\J\\a.tmp", "untouched a");
+  addFiles("C:\\J", {"a.tmp", "c.tmp"}, "untouched");
   machine.addFile("C:\\J\\b.tmp", std::string(1000, 'o'));
-  machine.addFile("C:\\J\\c.tmp", "untouched c");
-  machine.addFile("C:\\J\\d.tmp", "short");
+  addFiles("C:\\J", {"d.tmp"}, "short");
   list({"b.tmp", "d.tmp"});
   form.optWipe.click();
-  EXPECT_FALSE(form.optRecycle.ticked());
-  confirm();
-  EXPECT_EQ(writtenTo("C:\\J\\b.tmp"), wipePattern());
-  EXPECT_EQ(writtenTo("C:\\J\\d.tmp"), wipePattern()) << "a short file is made longer first";
-  EXPECT_EQ(machine.contents("C:\\J\\a.tmp"), "untouched a");
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), (Paths{kConfirm, kWiped}));
+  std::string pattern;
+  for (const int value : {85, 170, 74, 99, 71, 92, 101, 112, 1, 61, 97, 119, 86, 79, 109, 72, 90, 0, 255, 212}) {
+    pattern.append(10, static_cast<char>(value));
+  }
+  EXPECT_EQ(writtenTo("C:\\J\\b.tmp"), pattern);
+  EXPECT_EQ(writtenTo("C:\\J\\d.tmp"), pattern) << "a short file is made longer first";
+  EXPECT_EQ(machine.faults().calls("putBytes"), 2 * 200) << "one byte at a time";
+  EXPECT_EQ(machine.faults().calls("putBytesAt"), 2 * 10);
+  EXPECT_EQ(machine.contents("C:\\J\\a.tmp"), "untouched");
   EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\c.tmp"}));
   EXPECT_EQ(paths(), machine.filesBelow("C:\\J"));
-  expectBox("All files that are not locked have been shredded.", "Files Shredded", 64);
   EXPECT_EQ(form.ListView1.toolTip(), "Scan Results");
-  EXPECT_TRUE(form.optWipe.visible());
-  EXPECT_TRUE(machine.disk().recycleBin().empty());
+  EXPECT_TRUE(form.optWipe.visible() && machine.disk().recycleBin().empty());
 
   list({"a.tmp", "c.tmp"});
-  confirm();
+  press(form.Delete, {Answer::kYes});
   EXPECT_TRUE(form.ListView1.empty());
   EXPECT_FALSE(form.optWipe.visible() || form.optRecycle.visible() || form.Delete.enabled());
 }
 
 TEST_F(DeleteFiles, WipeLeavesReadOnlyLockedAndRefusedFilesAndTheRowsInOrder) {
-  machine.addFile("C:\\J\\1.tmp", "free");
-  machine.addFile("C:\\J\\2.tmp", "unticked");
-  machine.addFile("C:\\J\\3.tmp", "read-only", kReadOnly | kArchive | kHidden);
-  machine.addFile("C:\\J\\4.tmp", "locked");
-  machine.addFile("C:\\J\\5.tmp", "gone already");
-  list({"1.tmp", "3.tmp", "4.tmp", "5.tmp"});
-  machine.disk().lock("C:\\J\\4.tmp");
-  ASSERT_TRUE(machine.fileObjects().deleteFile("C:\\J\\5.tmp", true));
+  machine.addFile("C:\\J\\1.tmp", "x", kReadOnly);
+  machine.addFile("C:\\J\\2.tmp", "x", kReadOnly | kArchive);
+  machine.addFile("C:\\J\\3.tmp", "x", kReadOnly | kArchive | kHidden);
+  machine.addFile("C:\\J\\4.tmp", "goes", kHidden | kSystem);
+  addFiles("C:\\J", {"5 unticked.tmp", "6 locked.tmp", "7 gone.tmp"});
+  list({"1.tmp", "2.tmp", "3.tmp", "4.tmp", "locked.tmp", "gone.tmp"});
+  machine.disk().lock("C:\\J\\6 locked.tmp");
+  ASSERT_TRUE(machine.fileObjects().deleteFile("C:\\J\\7 gone.tmp", true));
   form.optWipe.click();
-  confirm();
-  EXPECT_EQ(paths(), (Paths{"C:\\J\\2.tmp", "C:\\J\\3.tmp", "C:\\J\\4.tmp"}));
-  EXPECT_EQ(form.ListView1.tickedCount(), 2U);
-  EXPECT_TRUE(form.Delete.enabled());
-  EXPECT_EQ(lastBox(), "All files that are not locked have been shredded.");
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), (Paths{kConfirm, kWiped}));
+  const Paths left = {"C:\\J\\1.tmp", "C:\\J\\2.tmp", "C:\\J\\3.tmp", "C:\\J\\5 unticked.tmp", "C:\\J\\6 locked.tmp"};
+  EXPECT_EQ(paths(), left);
+  EXPECT_TRUE(form.ListView1.tickedCount() == 4 && form.Delete.enabled());
 
   // A file that cannot be opened for writing ends the command and is not removed.
-  machine.disk().unlock("C:\\J\\4.tmp");
-  machine.disk().denyWriting("C:\\J\\4.tmp");
-  const std::size_t before = machine.boxes().size();
-  confirm();
-  EXPECT_EQ(machine.boxes().size(), before + 1) << "no closing message";
-  EXPECT_EQ(machine.contents("C:\\J\\4.tmp"), "locked");
-  EXPECT_EQ(paths(), (Paths{"C:\\J\\2.tmp", "C:\\J\\3.tmp", "C:\\J\\4.tmp"}));
-  EXPECT_EQ(machine.openHandles(), 0U);
+  machine.disk().unlock("C:\\J\\6 locked.tmp");
+  machine.disk().denyWriting("C:\\J\\6 locked.tmp");
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm});
+  EXPECT_EQ(machine.contents("C:\\J\\6 locked.tmp"), "x");
+  EXPECT_EQ(paths(), left);
+}
+
+TEST_F(DeleteFiles, AWipeOfMoreRoundsEndsWithItsFileNotFound) {
+  for (const std::size_t rounds : {0U, 1U, 2U}) {
+    addFiles("C:\\J", {"a"});
+    const platform::Result<void> wiped = finder::wipe("C:\\J\\a", rounds);
+    EXPECT_EQ(wiped ? 0 : wiped.error().number, rounds == 2 ? platform::kFileNotFound : 0);
+    EXPECT_EQ(machine.exists("C:\\J\\a"), rounds == 0);
+  }
 }
 
 TEST_F(DeleteFiles, TooManyRowsEndTheWipeAfterItsFirstFile) {
@@ -173,8 +159,7 @@ TEST_F(DeleteFiles, TooManyRowsEndTheWipeAfterItsFirstFile) {
   list({"b.tmp", "c.tmp"});
   form.optWipe.click();
   for (int i = 0; i < 32765; ++i) form.ListView1.add("C:\\None\\" + std::to_string(i));
-  confirm();
-  EXPECT_EQ(lastBox(), "Confirm file deletion?");
+  EXPECT_EQ(press(form.Delete, {Answer::kYes}), Paths{kConfirm});
   EXPECT_EQ(machine.filesBelow("C:\\J"), (Paths{"C:\\J\\a.tmp", "C:\\J\\c.tmp"}));
   EXPECT_EQ(form.ListView1.rowCount(), 32768U);
 }
@@ -186,7 +171,7 @@ TEST_F(DeleteFiles, AnyFailureLeavesFilesAndRowsInStep) {
                       [&](const std::string& what) {
                         addFiles("C:\\J", {"a.tmp", "b.tmp", "c.tmp"});
                         list({"a.tmp", "c.tmp"});
-                        confirm();
+                        press(form.Delete, {Answer::kYes});
                         EXPECT_EQ(machine.contents("C:\\J\\b.tmp"), "x") << what;
                         EXPECT_EQ(machine.openHandles(), 0U) << what;
                         // A failing look for the file itself is the one way to a row that leaves too early.

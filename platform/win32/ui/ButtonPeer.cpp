@@ -18,7 +18,7 @@ void fill(HDC target, const RECT& place, int systemColour) { FillRect(target, &p
 ButtonPeer::ButtonPeer(const Host& host, controls::FlatButton& button)
     : ControlPeer(host, button, {.windowClass = "BUTTON", .style = BS_OWNERDRAW}), button_(button) {}
 
-// An owner-drawn button tells of the second of two quick clicks by a code of its own.
+// An owner-drawn button sends BN_DOUBLECLICKED instead of BN_CLICKED for the second of two quick clicks.
 void ButtonPeer::onCommand(int code) {
   if (code == BN_CLICKED || code == BN_DOUBLECLICKED) button_.click();
 }
@@ -28,7 +28,7 @@ bool ButtonPeer::press() {
   return true;
 }
 
-bool ButtonPeer::clickByLetter() { return press(); }
+bool ButtonPeer::clickByMnemonic() { return press(); }
 
 void ButtonPeer::pointerEnters() {
   hot_ = true;
@@ -41,7 +41,7 @@ void ButtonPeer::pointerLeaves() {
   redraw();
 }
 
-// Drawn in memory first: a button that is drawn anew under the pointer must not flicker.
+// Draws into a bitmap first, so that a redrawn button does not flicker.
 void ButtonPeer::draw(const DRAWITEMSTRUCT& item) {
   const int width = item.rcItem.right - item.rcItem.left;
   const int height = item.rcItem.bottom - item.rcItem.top;

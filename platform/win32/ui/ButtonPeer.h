@@ -1,4 +1,5 @@
-// The flat push button: a plain face with a thin border, which darkens under the pointer and sinks when pressed.
+// The native flat push button, owner-drawn: a thin border that darkens under the pointer, a picture or caption that
+// moves by a pixel when pressed.
 #pragma once
 
 #include "controls/FlatButton.h"
@@ -15,7 +16,7 @@ class ButtonPeer final : public ControlPeer {
   void pointerEnters() override;
   void pointerLeaves() override;
   bool press() override;
-  bool clickByLetter() override;
+  bool clickByMnemonic() override;
 
  private:
   void drawFace(HDC target, RECT place, UINT state) const;

@@ -1,4 +1,4 @@
-// The native check box. The control decides about the tick, the native one only shows it.
+// The native check box: BS_CHECKBOX, not BS_AUTOCHECKBOX, so that its tick follows the control.
 #pragma once
 
 #include "controls/CheckBox.h"
@@ -15,7 +15,7 @@ class CheckBoxPeer final : public ControlPeer {
     if (code == BN_CLICKED) box_.click();
   }
 
-  bool clickByLetter() override {
+  bool clickByMnemonic() override {
     box_.click();
     return true;
   }

@@ -10,7 +10,7 @@ namespace {
 
 using InitCommonControlsExFunction = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
 
-// Came with version 4.70, as did list views that ask.
+// Null before version 4.70 of the library, which also introduced LVS_OWNERDATA.
 InitCommonControlsExFunction initCommonControlsEx() {
   const HMODULE library = GetModuleHandleA("comctl32.dll");
   return reinterpret_cast<InitCommonControlsExFunction>(GetProcAddress(library, "InitCommonControlsEx"));
@@ -26,6 +26,6 @@ void startCommonControls() {
   start(&classes);
 }
 
-bool listViewsAskForRows() { return initCommonControlsEx() != nullptr; }
+bool supportsOwnerDataLists() { return initCommonControlsEx() != nullptr; }
 
 }  // namespace platform::win32

@@ -1,4 +1,4 @@
-// The common controls library, of which the oldest Windows has an early version.
+// Initialization of the common controls library.
 #pragma once
 
 namespace platform::win32 {
@@ -6,7 +6,7 @@ namespace platform::win32 {
 // Registers the window classes of the common controls. InitCommonControlsEx where it exists, else InitCommonControls.
 void startCommonControls();
 
-// Whether list views can ask for their rows when they draw them instead of storing them, which came with version 4.70.
-bool listViewsAskForRows();
+// Whether list views support LVS_OWNERDATA, as they do from version 4.70 of the library on.
+bool supportsOwnerDataLists();
 
 }  // namespace platform::win32

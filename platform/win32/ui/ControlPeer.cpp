@@ -62,7 +62,7 @@ void ControlPeer::changed(controls::Change change) {
 void ControlPeer::flush() {
   if (captionChanged_) showCaption();
   if (valueChanged_) {
-    // First, because showing a value may raise the mark again.
+    // Reset first, because showValue() may change the control again.
     valueChanged_ = false;
     showValue();
   }

@@ -1,4 +1,4 @@
-// The native window of one control: what all kinds have in common.
+// The base class of the native windows of controls.
 #pragma once
 
 #include <windows.h>
@@ -12,25 +12,26 @@
 
 namespace platform::win32 {
 
-// What a peer needs of the window that it stands on.
+// What a peer needs of the form's window.
 struct Host {
   HWND window;
   const ScreenMetrics& metrics;
-  bool& changed;  // to be set when a flush has something to do
+  bool& changed;  // set by peers when they need a flush()
 };
 
-// What CreateWindowExA is asked for, beside the place on the form.
+// The arguments of CreateWindowExA that depend on the kind of control.
 struct NativeWindow {
   const char* windowClass;
   DWORD style;
   DWORD extendedStyle = 0;
 };
 
-// Changes of the control are only noted; flush() carries them to the native window.
+// Changes of the control are recorded by changed() and applied to the native window by flush().
 class ControlPeer : public controls::Peer {
  public:
+  // Creates the native window, hidden and without a size, and attaches this peer to `control`.
   ControlPeer(const Host& host, controls::Control& control, const NativeWindow& native);
-  // By now the native window has been destroyed with its parent.
+  // The native window must have been destroyed before, together with its parent.
   ~ControlPeer() override;
   ControlPeer(const ControlPeer&) = delete;
   ControlPeer& operator=(const ControlPeer&) = delete;
@@ -39,38 +40,39 @@ class ControlPeer : public controls::Peer {
   const controls::Control& control() const { return control_; }
 
   void changed(controls::Change change) override;
-  // Brings the native window in line with the control.
+  // Applies the changes of the control to the native window.
   void flush();
 
-  // Whether the control can have the keyboard now.
+  // Whether the control can have the keyboard focus now.
   bool takesFocus() const { return control_.shown() && control_.usable() && isKeyboardKind(); }
 
-  // The place of the native window, which may need more than the control's place on the form (a drop-down's list).
+  // The rectangle of the native window for the control's rectangle `place`. They differ for a drop-down list.
   virtual controls::Rect nativePlace(const controls::Rect& place) const { return place; }
-  // The native window has got its place.
+  // Called after the native window has been moved or resized.
   virtual void placed() {}
 
-  // What the native window tells its parent: WM_COMMAND's notification code, WM_NOTIFY, WM_DRAWITEM.
+  // The messages that the native window sends to its parent: WM_COMMAND with its notification code, WM_NOTIFY,
+  // WM_DRAWITEM.
   virtual void onCommand(int /*code*/) {}
   virtual LRESULT onNotify(NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
 
-  // The shape of the pointer over the control; null for the window class's own.
+  // The pointer shape over the control; null for that of the window class.
   virtual HCURSOR cursor() const { return nullptr; }
   virtual void pointerEnters() {}
   virtual void pointerLeaves() {}
 
-  // Enter, with the keyboard on the control; false when the control has no use for it.
+  // Handles Enter while the control has the focus; false when the control does not use Enter.
   virtual bool press() { return false; }
-  // Alt and the control's letter; false when the letter only brings the keyboard here.
-  virtual bool clickByLetter() { return false; }
+  // Handles Alt and the control's mnemonic after the focus has been set; false when nothing else is to be done.
+  virtual bool clickByMnemonic() { return false; }
 
  protected:
   const ScreenMetrics& metrics() const { return host_.metrics; }
-  // Redraws the native window without erasing it first.
+  // Invalidates the native window without erasing it.
   void redraw() const { InvalidateRect(handle_, nullptr, FALSE); }
 
-  // Brings value or rows of the control to the native window; called by flush() when they have changed.
+  // Shows the value or the rows of the control in the native window. Called by flush() when they have changed.
   virtual void showValue() {}
 
  private:
@@ -81,20 +83,21 @@ class ControlPeer : public controls::Peer {
   Host host_;
   controls::Control& control_;
   HWND handle_;
-  bool shown_ = false;  // as the native window is
-  bool usable_ = true;  // as the native window is
+  bool shown_ = false;  // state of the native window
+  bool usable_ = true;  // state of the native window
   bool captionChanged_ = false;
   bool valueChanged_ = true;
 };
 
-// What the native window's text is, by which screen readers know it: the caption, or the control's name where it shows
-// a picture or rows instead.
+// The text of the native window, which screen readers announce: the caption, or the control's name where it shows a
+// picture or rows instead.
 std::string windowText(const controls::Control& control);
 
-// `caption` for DrawText, with its first letter `mnemonic` underlined and every & shown as it is.
+// `caption` for DrawText, with its first letter `mnemonic` underlined and every & shown literally.
 std::string withMnemonic(const std::string& caption, char mnemonic);
 
-// Replaces the window procedure of a peer's native window. The peer is found by peerOf<P>(window).
+// Replaces the window procedure of a peer's native window and stores the former one in `before`. The new one gets the
+// peer by peerOf<P>(window). SetWindowLongPtrA.
 void replaceProcedure(HWND window, ControlPeer& peer, WNDPROC procedure, WNDPROC& before);
 template <typename P>
 P& peerOf(HWND window) {

@@ -40,7 +40,7 @@ bool DirListPeer::press() {
   return true;
 }
 
-// Nothing selected is LB_ERR, which is beyond any entry.
+// LB_GETCURSEL returns LB_ERR when nothing is selected; open() ignores an index out of range.
 void DirListPeer::openSelected() { list_.open(static_cast<std::size_t>(SendMessageA(handle(), LB_GETCURSEL, 0, 0))); }
 
 void DirListPeer::showValue() {

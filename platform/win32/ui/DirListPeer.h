@@ -1,4 +1,4 @@
-// The native list of folders, each with a small picture, indented by its depth.
+// The native list of folders, owner-drawn: each with a picture, indented by its depth.
 #pragma once
 
 #include "controls/DirList.h"

@@ -7,7 +7,7 @@ constexpr int kLinesDropped = 10;
 
 }  // namespace
 
-// The native height counts the list that drops down.
+// The height of a combo box includes the list that drops down.
 controls::Rect DriveListPeer::nativePlace(const controls::Rect& place) const {
   controls::Rect native = place;
   native.height += kLinesDropped * metrics().lineHeight();
@@ -19,14 +19,14 @@ void DriveListPeer::onCommand(int code) {
     list_.reload();
     flush();
   }
-  // Moving through the dropped list is no choice yet; it ends with CBN_SELENDOK.
+  // While the list is dropped, CBN_SELCHANGE only moves the highlight; CBN_SELENDOK ends the choice.
   const bool dropped = SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
   if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !dropped)) {
     list_.choose(static_cast<std::size_t>(SendMessageA(handle(), CB_GETCURSEL, 0, 0)));
   }
 }
 
-// No drive chosen is a line beyond the last one: the native list then shows none.
+// CB_SETCURSEL with an index out of range, as chosen() is when no drive is chosen, clears the selection.
 void DriveListPeer::showValue() {
   SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
   for (const std::string& item : list_.items()) {

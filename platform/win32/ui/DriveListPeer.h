@@ -1,4 +1,4 @@
-// The native drop-down list of drives. The drives are read anew whenever it drops down.
+// The native drop-down list of drives. The drives are read again whenever it drops down.
 #pragma once
 
 #include "controls/DriveList.h"

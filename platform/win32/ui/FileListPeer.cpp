@@ -5,7 +5,7 @@
 namespace platform::win32 {
 namespace {
 
-constexpr int kMargin = 4;  // dialog units beside the widest name
+constexpr int kMargin = 4;  // dialog units right of the widest name
 
 }  // namespace
 
@@ -21,7 +21,7 @@ void FileListPeer::changed(controls::Change change) {
   ControlPeer::changed(change);
 }
 
-// Nothing selected is LB_ERR, which is beyond any file.
+// LB_GETCURSEL returns LB_ERR when nothing is selected; click() ignores an index out of range.
 void FileListPeer::onCommand(int code) {
   if (code == LBN_SELCHANGE) list_.click(static_cast<std::size_t>(SendMessageA(handle(), LB_GETCURSEL, 0, 0)));
 }

@@ -10,13 +10,13 @@ namespace {
 constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
 constexpr UINT_PTR kHoverTimer = 1;
-constexpr UINT kHoverInterval = 50;  // milliseconds between looks whether the pointer has left a control
+constexpr UINT kHoverInterval = 50;  // milliseconds between checks whether the pointer has left a control
 
-// How much larger than its least size a first window opens, in percent. Lists want the height.
-constexpr int kRoomyWidth = 120;
-constexpr int kRoomyHeight = 130;
+// The initial size of the first window, in percent of its least size.
+constexpr int kInitialWidth = 120;
+constexpr int kInitialHeight = 130;
 
-// A first window can be made an icon or fill the screen; one over another window cannot.
+// Only the first window can be minimized and maximized.
 DWORD windowStyle(bool hasOwner) {
   const DWORD boxes = hasOwner ? 0 : WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
   return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN | boxes;
@@ -53,7 +53,7 @@ RECT workArea() {
   return area;
 }
 
-// Where something of length `length` begins so that it stands in the middle of `from` to `to`, but within the limits.
+// The start of a range of `length` pixels that is centred between `from` and `to`, kept between `least` and `most`.
 int centred(int length, int from, int to, int least, int most) {
   return std::clamp((from + to - length) / 2, least, std::max(least, most - length));
 }
@@ -74,9 +74,9 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
 
 FormWindow::~FormWindow() {
   form_.attach(nullptr);
-  leave();
-  // From now on this window's messages are the system's own. The native controls have procedures of their peers, to
-  // which they still turn while they are destroyed: the peers come after them.
+  close();
+  // procedure() must not use this object any more. The peers are destroyed later, as members, because the native
+  // controls call the peers' window procedures until they are destroyed.
   SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
   DestroyWindow(handle_);
 }
@@ -90,8 +90,8 @@ void FormWindow::createControls() {
     order.push_back(peer.get());
     peers_.emplace(peer->handle(), std::move(peer));
   }
-  // Frames go to the bottom, an outer one below its inner ones, so that each paints only the ground around what it
-  // holds.
+  // Frames go to the bottom of the Z order, an outer one below its inner ones, so that they do not paint over the
+  // controls in them.
   for (auto peer = order.rbegin(); peer != order.rend(); ++peer) {
     if ((*peer)->control().kind() != controls::Kind::kFrame) continue;
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -100,7 +100,7 @@ void FormWindow::createControls() {
 }
 
 void FormWindow::open() {
-  const controls::Rect place = firstPlace();
+  const controls::Rect place = initialPlace();
   SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
   flush();
   if (owner_ != nullptr) EnableWindow(owner_->handle(), FALSE);
@@ -108,9 +108,9 @@ void FormWindow::open() {
   UpdateWindow(handle_);
 }
 
-void FormWindow::leave() {
-  if (left_) return;
-  left_ = true;
+void FormWindow::close() {
+  if (closed_) return;
+  closed_ = true;
   if (owner_ != nullptr) {
     EnableWindow(owner_->handle(), TRUE);
     if (GetActiveWindow() == handle_) SetActiveWindow(owner_->handle());
@@ -119,11 +119,11 @@ void FormWindow::leave() {
 }
 
 void FormWindow::changed(controls::Change change) {
-  if (change == controls::Change::kClosed) leave();
+  if (change == controls::Change::kClosed) close();
   if (change == controls::Change::kRepaint) repaintNow();
 }
 
-// At once, because the handler that asks for it may serve no events for long.
+// Paints immediately, because the running handler may not process messages for a long time.
 void FormWindow::repaintNow() {
   repaint_ = changed_ = true;
   const DWORD now = GetTickCount();
@@ -154,12 +154,12 @@ controls::Size FormWindow::wholeSize(controls::Size inside) const {
   return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
 }
 
-controls::Rect FormWindow::firstPlace() const {
+controls::Rect FormWindow::initialPlace() const {
   const RECT area = workArea();
   RECT around = area;
   controls::Size inside = controls::leastSize(layout_, metrics_);
   if (owner_ == nullptr) {
-    inside = {MulDiv(inside.width, kRoomyWidth, 100), MulDiv(inside.height, kRoomyHeight, 100)};
+    inside = {MulDiv(inside.width, kInitialWidth, 100), MulDiv(inside.height, kInitialHeight, 100)};
   } else {
     GetWindowRect(owner_->handle(), &around);
   }
@@ -172,7 +172,8 @@ controls::Rect FormWindow::firstPlace() const {
   return place;
 }
 
-// All controls move at once, and without their pixels: what a control showed at its old place may have been another's.
+// Moves all controls in one step. SWP_NOCOPYBITS, because the pixels at the old position may be those of another
+// control.
 void FormWindow::arrange() {
   RECT inside;
   GetClientRect(handle_, &inside);
@@ -192,8 +193,8 @@ void FormWindow::redrawAll() const {
   RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
-// The common controls keep colours of their own and learn of new ones only from their parent.
-void FormWindow::passOnColours() const {
+// The common controls cache the system colours and expect their parent to forward WM_SYSCOLORCHANGE.
+void FormWindow::forwardColourChange() const {
   for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
   redrawAll();
 }
@@ -215,7 +216,7 @@ void FormWindow::hover(ControlPeer* peer) {
   peer->pointerEnters();
 }
 
-// Nothing tells when the pointer leaves the window altogether.
+// Windows 95 has no WM_MOUSELEAVE, so a timer checks whether the pointer has left the window.
 void FormWindow::checkHover() {
   POINT position;
   if (!GetCursorPos(&position) || peerOf(WindowFromPoint(position)) != hovered_) hover(nullptr);
@@ -237,9 +238,9 @@ LRESULT FormWindow::receivePointer(HWND under, LPARAM details) {
 
 LRESULT FormWindow::receiveNotify(NMHDR& header) {
   HWND about = nullptr;
-  if (toolTips_.asksFor(header, about)) {
+  if (toolTips_.isTextRequest(header, about)) {
     const ControlPeer* const asked = peerOf(about);
-    if (asked != nullptr) ToolTips::answer(header, asked->control().toolTip().c_str());
+    if (asked != nullptr) ToolTips::setText(header, asked->control().toolTip().c_str());
     return 0;
   }
   ControlPeer* const peer = peerOf(header.hwndFrom);
@@ -252,7 +253,7 @@ LRESULT FormWindow::receiveCommand(HWND from, int code) {
   return 0;
 }
 
-LRESULT FormWindow::receiveDrawing(const DRAWITEMSTRUCT& item) {
+LRESULT FormWindow::receiveDrawItem(const DRAWITEMSTRUCT& item) {
   ControlPeer* const peer = peerOf(item.hwndItem);
   if (peer != nullptr) peer->draw(item);
   return TRUE;
@@ -265,14 +266,14 @@ LRESULT FormWindow::receiveActivation(WPARAM first, LPARAM second) {
   }
   DefWindowProcA(handle_, WM_ACTIVATE, first, second);
   const bool minimized = HIWORD(first) != 0;
-  // Whoever gives the window the focus may not be done with his own: no drawing in the middle of that.
+  // WM_ACTIVATE can arrive inside another SetFocus; gotFocus() must not repaint here.
   repaintedAt_ = GetTickCount();
   if (!minimized) form_.gotFocus();
   return 0;
 }
 
-// No smaller than what holds everything, unless the screen itself is smaller.
-LRESULT FormWindow::receiveSizeQuestion(MINMAXINFO& limits) const {
+// The window cannot be made smaller than its least size, unless the work area is smaller.
+LRESULT FormWindow::receiveSizeLimits(MINMAXINFO& limits) const {
   const controls::Size least = wholeSize(controls::leastSize(layout_, metrics_));
   const RECT area = workArea();
   limits.ptMinTrackSize = {std::min<LONG>(least.width, area.right - area.left),
@@ -280,7 +281,7 @@ LRESULT FormWindow::receiveSizeQuestion(MINMAXINFO& limits) const {
   return 0;
 }
 
-// Messages that come before the window has its object, or after, are the system's own.
+// Before the constructor and after the destructor, messages get their default processing.
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (form == nullptr) return DefWindowProcA(window, message, first, second);
@@ -294,7 +295,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
     case WM_NOTIFY:
       return receiveNotify(*reinterpret_cast<NMHDR*>(second));
     case WM_DRAWITEM:
-      return receiveDrawing(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+      return receiveDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       SetBkColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNFACE));
@@ -304,7 +305,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
     case WM_ACTIVATE:
       return receiveActivation(first, second);
     case WM_GETMINMAXINFO:
-      return receiveSizeQuestion(*reinterpret_cast<MINMAXINFO*>(second));
+      return receiveSizeLimits(*reinterpret_cast<MINMAXINFO*>(second));
     case WM_SIZE:
       if (first != SIZE_MINIMIZED) arrange();
       return 0;
@@ -316,7 +317,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
-      passOnColours();
+      forwardColourChange();
       return 0;
     case WM_CLOSE:
       form_.closeRequested();

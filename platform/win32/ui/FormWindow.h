@@ -17,13 +17,13 @@
 
 namespace platform::win32 {
 
-// Milliseconds between two flushes while a handler runs: often enough for the eye, rare enough for the loop.
+// The least time between two flushes while a handler runs, in milliseconds.
 inline constexpr DWORD kFlushInterval = 50;
 
 class FormWindow final : public controls::Peer {
  public:
-  // Creates the window with all native controls, hidden. `owner` may be null. Both the form and `ui`, whose pointer the
-  // window shows, outlive this object.
+  // Creates the window, hidden, and its native controls. `owner` may be null. `form` and `ui`, which supplies the
+  // pointer shape, must outlive this object. CreateWindowExA.
   FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui);
   ~FormWindow() override;
   FormWindow(const FormWindow&) = delete;
@@ -32,16 +32,17 @@ class FormWindow final : public controls::Peer {
   HWND handle() const { return handle_; }
   const controls::Form& form() const { return form_; }
 
-  // Shows the window; its owner takes no input from now on.
+  // Shows the window and disables its owner. ShowWindow, EnableWindow.
   void open();
-  // Gives the owner its input back and hides the window: in this order, so that no stranger's window comes to the top.
-  void leave();
+  // Enables the owner, then hides the window; in this order, because otherwise Windows would activate another program's
+  // window. Does nothing the second time.
+  void close();
 
   void changed(controls::Change change) override;
-  // Brings the native controls in line with the form.
+  // Applies the changes of the form's controls to the native ones.
   void flush();
 
-  // Carries out a key that moves through this window; false when the message is another one's or an ordinary one.
+  // Handles a navigation key; false when `message` is for another window or is no such key.
   bool handleKey(const MSG& message);
 
  private:
@@ -49,21 +50,21 @@ class FormWindow final : public controls::Peer {
   LRESULT receive(UINT message, WPARAM first, LPARAM second);
   LRESULT receiveCommand(HWND from, int code);
   LRESULT receiveNotify(NMHDR& header);
-  LRESULT receiveDrawing(const DRAWITEMSTRUCT& item);
-  // WM_SETCURSOR comes with every move of the pointer and names the window under it.
+  LRESULT receiveDrawItem(const DRAWITEMSTRUCT& item);
+  // WM_SETCURSOR, which arrives with every move of the pointer; `under` is the window below it.
   LRESULT receivePointer(HWND under, LPARAM details);
   LRESULT receiveActivation(WPARAM first, LPARAM second);
-  LRESULT receiveSizeQuestion(MINMAXINFO& limits) const;
+  LRESULT receiveSizeLimits(MINMAXINFO& limits) const;
 
   void createControls();
   void arrange();
   controls::Size wholeSize(controls::Size inside) const;
-  // Where the window opens.
-  controls::Rect firstPlace() const;
+  // The rectangle in which the window opens, in screen coordinates.
+  controls::Rect initialPlace() const;
   void repaintNow();
   void redrawAll() const;
-  void passOnColours() const;
-  // The pointer has come to a control; null when it has left them all.
+  void forwardColourChange() const;
+  // The pointer has entered the control of `peer`; null when it has left all controls.
   void hover(ControlPeer* peer);
   void checkHover();
   ControlPeer* peerOf(HWND window) const;
@@ -80,8 +81,8 @@ class FormWindow final : public controls::Peer {
   ControlPeer* hovered_ = nullptr;
   bool changed_ = true;
   bool repaint_ = false;
-  DWORD repaintedAt_ = 0;  // tick count; repaintNow() draws once kFlushInterval has passed since
-  bool left_ = false;
+  DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
+  bool closed_ = false;
 };
 
 }  // namespace platform::win32

@@ -7,7 +7,7 @@ FramePeer::FramePeer(const Host& host, controls::Frame& frame)
   replaceProcedure(handle(), *this, procedure, nativeProcedure_);
 }
 
-// The native frame leaves its ground to the window below, which does not paint under its children.
+// A group box does not erase its background, and the form's window has WS_CLIPCHILDREN.
 LRESULT CALLBACK FramePeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   if (message == WM_ERASEBKGND) {
     RECT ground;

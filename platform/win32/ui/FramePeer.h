@@ -1,4 +1,4 @@
-// The native frame. It lies below the controls that it holds, and paints the ground between them.
+// The native frame. It is below its controls in the Z order and paints the background between them.
 #pragma once
 
 #include "controls/Frame.h"

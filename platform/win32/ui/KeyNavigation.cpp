@@ -5,7 +5,7 @@
 namespace platform::win32 {
 namespace {
 
-// A key that is held down must not press what its first press has brought into its place.
+// Auto-repeat must not click a button that appeared after the first click.
 bool isRepeated(const MSG& message) {
   constexpr LPARAM kWasDown = 1 << 30;
   return (message.lParam & kWasDown) != 0;
@@ -80,12 +80,12 @@ bool KeyNavigation::pressLetter(char letter) {
   ControlPeer* const target = (*found)->takesFocus() ? *found : next(*found, true);
   if (target == nullptr) return false;
   focus(*target);
-  if (target == *found) target->clickByLetter();
+  if (target == *found) target->clickByMnemonic();
   return true;
 }
 
-// Arrows move among the buttons and boxes of one frame. A control that has just lost its use is no place to start: the
-// way round the form would never come back to it.
+// Arrow keys move the focus within one frame. The loop ends at the starting control, which must therefore be able to
+// take the focus itself.
 bool KeyNavigation::moveByArrow(bool forward) {
   ControlPeer* const here = focused();
   if (here == nullptr || !here->takesFocus() || usesArrows(here->handle())) return false;
@@ -107,7 +107,7 @@ ControlPeer* KeyNavigation::focused() const {
 ControlPeer* KeyNavigation::next(const ControlPeer* from, bool forward) const {
   const std::size_t count = order_.size();
   const auto start = static_cast<std::size_t>(std::ranges::find(order_, from) - order_.begin());
-  // Without a start the walk begins before the first one, or behind the last one.
+  // Without `from`, the search starts at the first control, or at the last one when it goes backward.
   std::size_t index = start < count ? start : forward ? count - 1 : 0;
   for (std::size_t step = 0; step < count; ++step) {
     index = (index + (forward ? 1 : count - 1)) % count;
@@ -116,7 +116,7 @@ ControlPeer* KeyNavigation::next(const ControlPeer* from, bool forward) const {
   return nullptr;
 }
 
-// A text box reached by the keyboard has its text selected, so that typing replaces it.
+// Selects the text of a text box, so that typing replaces it, as dialogs do.
 void KeyNavigation::focus(ControlPeer& peer) {
   SetFocus(peer.handle());
   if ((SendMessageA(peer.handle(), WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
@@ -134,18 +134,18 @@ void KeyNavigation::rememberFocus() {
   if (here != nullptr) remembered_ = here;
 }
 
-void KeyNavigation::beginChanges() { beforeChanges_ = focused(); }
+void KeyNavigation::beginChanges() { focusedBefore_ = focused(); }
 
-// The cancel button comes first: what takes a control away is most often work that it can stop. Else the way leads
-// back, because what stands behind a command is often one more that acts.
+// A control most often becomes unusable because work has started, so the focus goes to the cancel button; without one,
+// to the control before, because the one after may be another button that starts something.
 void KeyNavigation::endChanges() {
-  ControlPeer* const before = beforeChanges_;
+  ControlPeer* const before = focusedBefore_;
   if (before == nullptr || before->takesFocus()) return;
-  const bool comesBack = before == successor_ && displaced_->takesFocus();
+  const bool goesBack = before == successor_ && displaced_->takesFocus();
   ControlPeer* const cancel = usableCancelButton();
-  ControlPeer* const there = comesBack ? displaced_ : cancel != nullptr ? cancel : next(before, false);
+  ControlPeer* const there = goesBack ? displaced_ : cancel != nullptr ? cancel : next(before, false);
   displaced_ = before;
-  successor_ = comesBack ? nullptr : there;
+  successor_ = goesBack ? nullptr : there;
   if (there != nullptr) focus(*there);
 }
 

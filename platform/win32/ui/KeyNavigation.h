@@ -1,4 +1,4 @@
-// The keyboard's way through a form: Tab and arrows, Enter and Esc, Alt and a letter.
+// Keyboard navigation in a form: Tab and the arrow keys, Enter and Esc, Alt with a mnemonic.
 #pragma once
 
 #include <windows.h>
@@ -13,19 +13,19 @@ namespace platform::win32 {
 
 class KeyNavigation {
  public:
-  // `order` is the tab order; its peers outlive this object.
+  // `order` is the tab order; its peers must outlive this object.
   KeyNavigation(const controls::Form& form, std::vector<ControlPeer*> order);
 
-  // Carries out a key that moves through the form; false when it is the control's own.
+  // Handles a navigation key; false when the message is to be dispatched to the control.
   bool handle(const MSG& message);
 
-  // Puts the keyboard where it last was, or on the first control that takes it.
+  // Sets the focus to the control last remembered, or to the first one that takes it. SetFocus.
   void restoreFocus();
-  // Notes where the keyboard is, for restoreFocus().
+  // Remembers which control has the focus. GetFocus.
   void rememberFocus();
 
-  // Around changes of the controls' states: a control that can no longer have the keyboard passes it on, and gets it
-  // back when its successor cannot keep it either.
+  // To be called before and after controls are shown, hidden, enabled or disabled. A control that can no longer have
+  // the focus passes it to another one, its successor, and gets it back when the successor loses it in the same way.
   void beginChanges();
   void endChanges();
 
@@ -36,7 +36,8 @@ class KeyNavigation {
   bool pressEscape();
   bool pressLetter(char letter);
   bool moveByArrow(bool forward);
-  // The next control that takes the keyboard, round the form's end. `from` may be null: the first or last one.
+  // The next control in tab order that takes the focus, wrapping around; null when there is none. `from` may be null:
+  // the first or last one.
   ControlPeer* next(const ControlPeer* from, bool forward) const;
   ControlPeer* usableCancelButton() const;
   static void focus(ControlPeer& peer);
@@ -44,9 +45,9 @@ class KeyNavigation {
   const controls::Form& form_;
   std::vector<ControlPeer*> order_;
   ControlPeer* remembered_ = nullptr;
-  ControlPeer* beforeChanges_ = nullptr;
-  ControlPeer* displaced_ = nullptr;  // the last that had to pass the keyboard on
-  ControlPeer* successor_ = nullptr;  // got it from displaced_; null when that one has it back
+  ControlPeer* focusedBefore_ = nullptr;
+  ControlPeer* displaced_ = nullptr;  // the last control that passed the focus on
+  ControlPeer* successor_ = nullptr;  // got the focus from displaced_; null after it went back
 };
 
 }  // namespace platform::win32

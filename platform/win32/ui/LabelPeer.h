@@ -1,5 +1,5 @@
-// The native label. A text of one line that does not fit is shown shortened, a path in its middle; in a place of more
-// lines the text wraps. A label with a ground of its own is a bar.
+// The native label, owner-drawn. A one-line text that does not fit is shortened with an ellipsis, a path in its middle;
+// in a higher rectangle the text wraps.
 #pragma once
 
 #include "controls/Label.h"
@@ -9,7 +9,7 @@ namespace platform::win32 {
 
 class LabelPeer final : public ControlPeer {
  public:
-  // A label in front of another one must not be painted over by it.
+  // WS_CLIPSIBLINGS: a label does not paint over one above it in the Z order.
   LabelPeer(const Host& host, controls::Label& label)
       : ControlPeer(host, label, {.windowClass = "STATIC", .style = SS_OWNERDRAW | SS_NOTIFY | WS_CLIPSIBLINGS}),
         label_(label) {}
@@ -22,7 +22,7 @@ class LabelPeer final : public ControlPeer {
 
  private:
   controls::Label& label_;
-  controls::Rect place_;  // all that the layout gives the label
+  controls::Rect place_;  // the rectangle that the layout assigns to the label
 };
 
 }  // namespace platform::win32

@@ -7,15 +7,15 @@
 namespace platform::win32 {
 namespace {
 
-NativeWindow nativeList(bool asks) {
-  const DWORD rows = asks ? LVS_OWNERDATA : 0;
+NativeWindow nativeList(bool ownerData) {
+  const DWORD rows = ownerData ? LVS_OWNERDATA : 0;
   return {.windowClass = WC_LISTVIEWA,
           .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS |
                    WS_CLIPSIBLINGS | rows,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 
-// Text that a native structure holds but does not write to.
+// For members that are pointers to non-const but are only read.
 char* asNative(const std::string& text) { return const_cast<char*>(text.c_str()); }
 
 bool isSelected(HWND list, int item) {
@@ -25,7 +25,7 @@ bool isSelected(HWND list, int item) {
 }  // namespace
 
 ListViewPeer::ListViewPeer(const Host& host, controls::ListView& list)
-    : ControlPeer(host, list, nativeList(listViewsAskForRows())), list_(list), asks_(listViewsAskForRows()) {
+    : ControlPeer(host, list, nativeList(supportsOwnerDataLists())), list_(list), ownerData_(supportsOwnerDataLists()) {
   replaceProcedure(handle(), *this, procedure, nativeProcedure_);
   SendMessageA(handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
   if (list_.checkBoxes()) {
@@ -36,7 +36,7 @@ ListViewPeer::ListViewPeer(const Host& host, controls::ListView& list)
   addColumns();
 }
 
-// The native list, which is gone, did not own its state pictures.
+// LVS_SHAREIMAGELISTS: the native list does not destroy its image lists.
 ListViewPeer::~ListViewPeer() {
   if (tickPictures_ != nullptr) ImageList_Destroy(tickPictures_);
 }
@@ -47,13 +47,13 @@ void ListViewPeer::addColumns() {
     native.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
     native.fmt = column.rightAligned ? LVCFMT_RIGHT : LVCFMT_LEFT;
     native.pszText = asNative(column.title);
-    native.iSubItem = static_cast<int>(sharedWidths_.size());
-    SendMessageA(handle(), LVM_INSERTCOLUMNA, sharedWidths_.size(), reinterpret_cast<LPARAM>(&native));
-    sharedWidths_.push_back(0);
+    native.iSubItem = static_cast<int>(columnWidths_.size());
+    SendMessageA(handle(), LVM_INSERTCOLUMNA, columnWidths_.size(), reinterpret_cast<LPARAM>(&native));
+    columnWidths_.push_back(0);
   }
 }
 
-// A new row behind the others leaves what is on the screen as it is; any other change may touch it.
+// Rows appended at the end need no repainting of the visible ones; any other change may.
 void ListViewPeer::changed(controls::Change change) {
   if (change == controls::Change::kRows) {
     onlyGrown_ = onlyGrown_ && list_.rowCount() > rowsSeen_;
@@ -70,7 +70,7 @@ void ListViewPeer::showValue() {
   showSelection();
 }
 
-// Rows that come after an emptying are seen from the first one on, wherever the old ones were scrolled to.
+// A list that was emptied is scrolled back to its first row.
 void ListViewPeer::showRowCount() {
   if (emptied_) {
     SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
@@ -79,7 +79,7 @@ void ListViewPeer::showRowCount() {
   }
   const int count = static_cast<int>(list_.rowCount());
   if (count == SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0)) return;
-  if (asks_) {
+  if (ownerData_) {
     SendMessageA(handle(), LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
   } else {
     storeRows(count);
@@ -95,13 +95,13 @@ void ListViewPeer::storeRows(int count) {
     item.iItem = stored;
     item.pszText = LPSTR_TEXTCALLBACKA;
     SendMessageA(handle(), LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    for (item.iSubItem = 1; item.iSubItem < static_cast<int>(sharedWidths_.size()); ++item.iSubItem) {
+    for (item.iSubItem = 1; item.iSubItem < static_cast<int>(columnWidths_.size()); ++item.iSubItem) {
       SendMessageA(handle(), LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
     }
   }
 }
 
-// The native list is never asked which row it has selected: it would look at every one of them.
+// Keeps the selected row itself, because LVM_GETNEXTITEM would search all rows.
 void ListViewPeer::showSelection() {
   if (list_.selected() == shownSelection_) return;
   const std::size_t row = list_.selected() ? *list_.selected() : *shownSelection_;
@@ -114,23 +114,23 @@ void ListViewPeer::showSelection() {
   showingSelection_ = false;
 }
 
-void ListViewPeer::placed() { shareOutColumns(); }
+void ListViewPeer::placed() { distributeColumnWidths(); }
 
-// Columns share the list's width, less a scroll bar's, until the user has dragged one: then they stay as they are.
-void ListViewPeer::shareOutColumns() {
+// Distributes the width of the list, less that of a scroll bar, among the columns, unless the user has resized one.
+void ListViewPeer::distributeColumnWidths() {
   RECT frame;
   GetWindowRect(handle(), &frame);
   const int width = frame.right - frame.left - 2 * GetSystemMetrics(SM_CXEDGE) - GetSystemMetrics(SM_CXVSCROLL);
   if (width <= 0) return;
   const auto addShare = [](int sum, const controls::Column& column) { return sum + column.share; };
   const int shares = std::accumulate(list_.columns().begin(), list_.columns().end(), 0, addShare);
-  for (std::size_t i = 0; i < sharedWidths_.size(); ++i) {
+  for (std::size_t i = 0; i < columnWidths_.size(); ++i) {
     const int now = static_cast<int>(SendMessageA(handle(), LVM_GETCOLUMNWIDTH, i, 0));
-    if (sharedWidths_[i] != 0 && now != sharedWidths_[i]) return;
+    if (columnWidths_[i] != 0 && now != columnWidths_[i]) return;
   }
-  for (std::size_t i = 0; i < sharedWidths_.size(); ++i) {
-    sharedWidths_[i] = MulDiv(width, list_.columns()[i].share, shares);
-    SendMessageA(handle(), LVM_SETCOLUMNWIDTH, i, MAKELPARAM(sharedWidths_[i], 0));
+  for (std::size_t i = 0; i < columnWidths_.size(); ++i) {
+    columnWidths_[i] = MulDiv(width, list_.columns()[i].share, shares);
+    SendMessageA(handle(), LVM_SETCOLUMNWIDTH, i, MAKELPARAM(columnWidths_[i], 0));
   }
 }
 
@@ -143,7 +143,7 @@ LRESULT ListViewPeer::onNotify(NMHDR& header) {
   if (header.hwndFrom != handle()) return 0;
   switch (header.code) {
     case LVN_GETDISPINFOA:
-      answer(reinterpret_cast<NMLVDISPINFOA&>(header).item);
+      fillItem(reinterpret_cast<NMLVDISPINFOA&>(header).item);
       break;
     case LVN_ITEMCHANGED:
       selectedByKeyboard(reinterpret_cast<const NMLISTVIEW&>(header));
@@ -156,24 +156,24 @@ LRESULT ListViewPeer::onNotify(NMHDR& header) {
   return 0;
 }
 
-// The native list may still ask for rows that have left the control.
-void ListViewPeer::answer(LVITEMA& question) const {
+// The native list may request rows that the control no longer has.
+void ListViewPeer::fillItem(LVITEMA& item) const {
   static const std::string kNothing;
-  const std::size_t index = rowOf(question.iItem);
+  const std::size_t index = rowOf(item.iItem);
   const controls::Row* const row = index < list_.rowCount() ? &list_.row(index) : nullptr;
-  if ((question.mask & LVIF_TEXT) != 0) {
-    const auto subItem = static_cast<std::size_t>(question.iSubItem);
+  if ((item.mask & LVIF_TEXT) != 0) {
+    const auto subItem = static_cast<std::size_t>(item.iSubItem);
     const bool known = row != nullptr && subItem <= row->subItems.size();
     const std::string& text = !known ? kNothing : subItem == 0 ? row->text : row->subItems[subItem - 1];
-    question.pszText = asNative(text);
+    item.pszText = asNative(text);
   }
-  if ((question.mask & LVIF_STATE) != 0) {
-    question.state = INDEXTOSTATEIMAGEMASK(row != nullptr && row->ticked ? 2 : 1);
-    question.stateMask = LVIS_STATEIMAGEMASK;
+  if ((item.mask & LVIF_STATE) != 0) {
+    item.state = INDEXTOSTATEIMAGEMASK(row != nullptr && row->ticked ? 2 : 1);
+    item.stateMask = LVIS_STATEIMAGEMASK;
   }
 }
 
-// A selection that the mouse makes is told by mouseDown(), also when the row was the selected one before.
+// Mouse clicks are reported by mouseDown(), which also sees clicks on the row that is selected already.
 void ListViewPeer::selectedByKeyboard(const NMLISTVIEW& change) {
   const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
   if (!selected || inMouseDown_ || showingSelection_) return;
@@ -185,7 +185,7 @@ void ListViewPeer::clickRow(std::size_t row) {
   list_.clickRow(row);
 }
 
-// The native list would select the row once more, and with many rows it takes its time for that.
+// Replaces the native handling of Space, which selects the row again and is slow with many rows.
 LRESULT ListViewPeer::tickFocused() {
   const LRESULT item = SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
   list_.clickTick(rowOf(static_cast<int>(item)));
@@ -199,7 +199,7 @@ LRESULT CALLBACK ListViewPeer::procedure(HWND window, UINT message, WPARAM first
   return CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
 }
 
-// A click on a row's box flips its tick and nothing else; every other click on a row selects it.
+// A click on a row's check box only flips its tick; any other click on a row selects it.
 LRESULT ListViewPeer::mouseDown(UINT message, WPARAM first, LPARAM second) {
   LVHITTESTINFO hit = {};
   hit.pt = {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))};

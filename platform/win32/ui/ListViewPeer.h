@@ -1,5 +1,5 @@
-// The native report list. It stores no rows: it asks for those that it draws, so that a million rows cost nothing here.
-// Library versions before 4.70 have no such lists; there the rows are stored, without their texts.
+// The native report list, with LVS_OWNERDATA: it stores no rows and requests those that it draws (LVN_GETDISPINFO).
+// Versions of the common controls before 4.70 lack that style; there the rows are stored, without their texts.
 #pragma once
 
 #include <cstddef>
@@ -30,25 +30,25 @@ class ListViewPeer final : public ControlPeer {
   LRESULT tickFocused();
 
   void addColumns();
-  void shareOutColumns();
+  void distributeColumnWidths();
   void showRowCount();
   void storeRows(int count);
   void showSelection();
-  void answer(LVITEMA& question) const;
+  void fillItem(LVITEMA& item) const;
   void selectedByKeyboard(const NMLISTVIEW& change);
   void clickRow(std::size_t row);
-  // The control's row for a native item; rowCount() when there is none.
+  // The control's row for the native item `item`; rowCount() when there is none. Both are 0-based.
   std::size_t rowOf(int item) const;
 
   controls::ListView& list_;
-  bool asks_;  // the native list asks for its rows
+  bool ownerData_;  // the native list has LVS_OWNERDATA
   WNDPROC nativeProcedure_ = nullptr;
   HIMAGELIST tickPictures_ = nullptr;
-  std::vector<int> sharedWidths_;              // the columns' widths as last shared out, in pixels
-  std::size_t rowsSeen_ = 0;                   // rows at the last change
-  std::optional<std::size_t> shownSelection_;  // as the native list has it
-  bool onlyGrown_ = true;                      // nothing but new rows since the last flush
-  bool emptied_ = false;                       // there was no row at some time since the last flush
+  std::vector<int> columnWidths_;              // in pixels, as last set by this object
+  std::size_t rowsSeen_ = 0;                   // row count at the last change
+  std::optional<std::size_t> shownSelection_;  // the selected row of the native list
+  bool onlyGrown_ = true;                      // only rows appended since the last flush
+  bool emptied_ = false;                       // the list was empty at some time since the last flush
   bool inMouseDown_ = false;
   bool showingSelection_ = false;
 };

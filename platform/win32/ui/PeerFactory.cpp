@@ -14,7 +14,7 @@
 namespace platform::win32 {
 namespace {
 
-// A control's kind names its class.
+// `C` must be the class that the control's kind stands for.
 template <typename P, typename C>
 std::unique_ptr<ControlPeer> make(const Host& host, controls::Control& control) {
   return std::make_unique<P>(host, static_cast<C&>(control));

@@ -1,4 +1,4 @@
-// The native window that fits a control.
+// Creation of the peer for a control.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,8 @@
 
 namespace platform::win32 {
 
-// Creates the control's native window, still hidden and without a place, and attaches it.
+// Creates the peer of the class that fits the control's kind. It is attached; its native window is hidden and has no
+// size yet.
 std::unique_ptr<ControlPeer> makePeer(const Host& host, controls::Control& control);
 
 }  // namespace platform::win32

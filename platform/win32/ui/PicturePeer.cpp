@@ -5,9 +5,10 @@
 namespace platform::win32 {
 namespace {
 
-// The pictures of a control are resources named after it, in percent of the size for 96 dots per inch.
+// The pictures are bitmap resources NAME.PERCENT: the control's name, and the size in percent of that for 96 dots per
+// inch.
 constexpr int kPercents[] = {200, 150, 100};
-constexpr int kHandPointer = 32649;  // IDC_HAND, which newer systems have
+constexpr int kHandPointer = 32649;  // IDC_HAND, from Windows 98 and 2000 on
 constexpr int kFocusInset = 2;       // pixels
 
 HBITMAP loadPicture(const std::string& name, int percent) {
@@ -22,7 +23,7 @@ SIZE sizeOf(HBITMAP bitmap) {
   return {info.bmWidth, info.bmHeight};
 }
 
-// The largest picture that fits into `room`, or the smallest there is.
+// The largest picture that fits into `room`, else the smallest one; null when there is none.
 HBITMAP loadFitting(const std::string& name, const RECT& room) {
   HBITMAP found = nullptr;
   for (const int percent : kPercents) {
@@ -70,7 +71,7 @@ void PicturePeer::draw(const DRAWITEMSTRUCT& item) {
   DrawFocusRect(item.hDC, &room);
 }
 
-// The picture stands in the middle; its corner's colour fills the rest.
+// Draws the picture in the centre and fills the rest with the colour of its top left pixel.
 void PicturePeer::drawBitmap(HDC target, const RECT& room) const {
   const HDC source = CreateCompatibleDC(target);
   const HGDIOBJ bitmapBefore = SelectObject(source, bitmap_);

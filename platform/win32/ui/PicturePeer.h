@@ -1,4 +1,4 @@
-// A picture from the program's resources that acts as a button: it can be reached and pressed by the keyboard.
+// The native picture: an owner-drawn button that shows a bitmap resource, so that it can be used by keyboard too.
 #pragma once
 
 #include "controls/PictureBox.h"
@@ -21,7 +21,7 @@ class PicturePeer final : public ControlPeer {
   void drawBitmap(HDC target, const RECT& room) const;
 
   controls::PictureBox& picture_;
-  HBITMAP bitmap_ = nullptr;  // the largest that fits; null when the program carries none
+  HBITMAP bitmap_ = nullptr;  // null when the program has no such resource
 };
 
 }  // namespace platform::win32

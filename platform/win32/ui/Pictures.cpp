@@ -6,16 +6,16 @@
 namespace platform::win32 {
 namespace {
 
-// Pictures are drawn on a grid of so many steps to a side.
+// The side of a picture in grid units.
 constexpr int kGrid = 16;
 
 constexpr COLORREF kGlass = RGB(214, 234, 248);
 constexpr COLORREF kFolder = RGB(255, 217, 102);
 constexpr COLORREF kFolderInside = RGB(255, 240, 190);
 constexpr COLORREF kFolderLine = RGB(140, 100, 20);
-constexpr COLORREF kNoPicture = RGB(255, 0, 255);  // see-through in state pictures
+constexpr COLORREF kNoPicture = RGB(255, 0, 255);  // transparent in state pictures
 
-// Pen and brush in use for as long as this lives.
+// Selects a pen and a brush for the lifetime of the object.
 class Tools {
  public:
   Tools(HDC target, COLORREF line, int width, COLORREF fill)
@@ -41,7 +41,7 @@ class Tools {
   HGDIOBJ brushBefore_;
 };
 
-// The largest square in the middle of a place, with its grid.
+// The largest centred square in a rectangle, divided into grid units.
 class Square {
  public:
   explicit Square(const RECT& place)
@@ -49,7 +49,7 @@ class Square {
         left_((place.left + place.right - side_) / 2),
         top_((place.top + place.bottom - side_) / 2) {}
 
-  // The pixel of a grid point.
+  // Converts a grid point to pixels.
   POINT at(int x, int y) const { return {left_ + MulDiv(x, side_, kGrid), top_ + MulDiv(y, side_, kGrid)}; }
   int length(int steps) const { return std::max(1, MulDiv(steps, side_, kGrid)); }
 

@@ -1,4 +1,4 @@
-// The small pictures on buttons and in lists, drawn to fit any size and resolution.
+// The pictures on buttons and in lists, drawn for any size and resolution.
 #pragma once
 
 #include <windows.h>
@@ -8,14 +8,14 @@
 
 namespace platform::win32 {
 
-// Each draws into the largest square in the middle of `place`.
+// Each draws into the largest centred square in `place`.
 void drawMagnifier(HDC target, const RECT& place, COLORREF line);
-// One half empty and one half filled: a selection turned round.
+// The picture for inverting a selection: a square with one half filled.
 void drawInvert(HDC target, const RECT& place, COLORREF line);
 void drawFolder(HDC target, const RECT& place, bool open);
 
-// A row's tick as a list view's state pictures, the empty box first, then the ticked one. `side` in pixels. The caller
-// owns the list.
+// Creates the state images of a list view with check boxes: the empty box, then the ticked one. `side` is in pixels.
+// The caller owns the image list. ImageList_Create.
 HIMAGELIST makeTickPictures(int side);
 
 }  // namespace platform::win32

@@ -10,7 +10,7 @@ HFONT messageFont() {
     const HFONT font = CreateFontIndirectA(&settings.lfMessageFont);
     if (font != nullptr) return font;
   }
-  // A stock object: deleting it does nothing.
+  // Deleting a stock object does nothing.
   return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 
@@ -18,7 +18,7 @@ HFONT messageFont() {
 
 ScreenMetrics::ScreenMetrics()
     : font_(messageFont()), screen_(CreateCompatibleDC(nullptr)), fontBefore_(SelectObject(screen_, font_)) {
-  // The dialog manager's own way to the average width: the mean of all letters, rounded.
+  // As the dialog manager does: the average width of the 52 letters, rounded.
   const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   baseWidth_ = (textWidth(letters) / 26 + 1) / 2;
   TEXTMETRICA metrics = {};

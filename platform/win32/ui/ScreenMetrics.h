@@ -1,4 +1,4 @@
-// The font of all windows, and how large its text is on this screen.
+// The font of all windows and its measurements.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,8 @@
 
 namespace platform::win32 {
 
-// Measures in the font that the user's settings name for messages, so that size and resolution follow the screen's.
+// Uses the message font of the user's settings (SystemParametersInfoA), so that windows follow its size and the
+// screen's resolution.
 class ScreenMetrics final : public controls::Metrics {
  public:
   ScreenMetrics();
@@ -21,16 +22,17 @@ class ScreenMetrics final : public controls::Metrics {
   int pixelsY(int dialogUnits) const override;
   int textWidth(const std::string& text) const override;
 
+  // Owned by this object.
   HFONT font() const { return font_; }
-  // Pixels from line to line.
+  // The height of a line in pixels.
   int lineHeight() const { return baseHeight_; }
 
  private:
   HFONT font_;
-  HDC screen_;  // holds font_ for measuring
+  HDC screen_;  // memory device context with font_ selected
   HGDIOBJ fontBefore_;
-  int baseWidth_ = 0;   // pixels of four dialog units across
-  int baseHeight_ = 0;  // pixels of eight dialog units down
+  int baseWidth_ = 0;   // pixels of four horizontal dialog units
+  int baseHeight_ = 0;  // pixels of eight vertical dialog units
 };
 
 }  // namespace platform::win32

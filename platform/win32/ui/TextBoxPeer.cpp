@@ -6,7 +6,7 @@ void TextBoxPeer::onCommand(int code) {
   if (code == EN_CHANGE) box_.type(nativeText());
 }
 
-// What the user has typed is there already: setting it again would move the caret.
+// Setting the text that the user has just typed would move the caret.
 void TextBoxPeer::showValue() {
   if (nativeText() != box_.text()) SetWindowTextA(handle(), box_.text().c_str());
 }

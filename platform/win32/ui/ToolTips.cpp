@@ -9,7 +9,7 @@ ToolTips::ToolTips(HWND owner)
     : owner_(owner),
       handle_(CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
                               0, owner, nullptr, GetModuleHandleA(nullptr), nullptr)) {
-  // A width of its own lets a text have several lines; a long path still gets one.
+  // A maximum width enables tooltips with several lines.
   SendMessageA(handle_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN));
 }
 
@@ -23,13 +23,13 @@ void ToolTips::add(HWND control) {
   SendMessageA(handle_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-bool ToolTips::asksFor(const NMHDR& header, HWND& control) const {
+bool ToolTips::isTextRequest(const NMHDR& header, HWND& control) const {
   if (header.hwndFrom != handle_ || header.code != TTN_NEEDTEXTA) return false;
   control = reinterpret_cast<HWND>(header.idFrom);
   return true;
 }
 
-void ToolTips::answer(NMHDR& header, const char* text) {
+void ToolTips::setText(NMHDR& header, const char* text) {
   reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = const_cast<char*>(text);
 }
 

@@ -1,4 +1,4 @@
-// The tooltips of one form. The texts are asked for when one is about to show, so a text that changes costs nothing.
+// The tooltips of one form. The tooltip control requests a text when it shows it (TTN_NEEDTEXT).
 #pragma once
 
 #include <windows.h>
@@ -7,14 +7,15 @@ namespace platform::win32 {
 
 class ToolTips {
  public:
-  // The tooltip window goes away with its owner.
+  // Creates the tooltip window, which is destroyed with its owner.
   explicit ToolTips(HWND owner);
 
+  // Adds a tooltip for a child window of the owner. TTM_ADDTOOL.
   void add(HWND control);
-  // Whether a notification is the question for a text; `control` is then the window that it is about.
-  bool asksFor(const NMHDR& header, HWND& control) const;
-  // Answers the question. `text` must live until the next message.
-  static void answer(NMHDR& header, const char* text);
+  // Whether `header` requests a text; `control` is then set to the window whose text it is.
+  bool isTextRequest(const NMHDR& header, HWND& control) const;
+  // Replies to such a request. `text` must remain valid until the next message.
+  static void setText(NMHDR& header, const char* text);
 
  private:
   HWND owner_;

@@ -15,7 +15,7 @@
 namespace platform::win32 {
 namespace {
 
-// The pointer may rest on one of our windows: lets that window set the shape now, not at the next move.
+// Sends WM_SETCURSOR to the window of this thread under the pointer, so that the shape changes without a mouse move.
 void applyPointerAtOnce() {
   POINT position;
   if (!GetCursorPos(&position)) return;
@@ -25,8 +25,8 @@ void applyPointerAtOnce() {
   SendMessageA(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under), MAKELPARAM(part, WM_MOUSEMOVE));
 }
 
-// What stands for the answer when no box could be shown: nothing that could be taken for consent.
-Answer answerWithoutBox(std::uint32_t style) {
+// The answer when the message box could not be shown: the one that does not consent.
+Answer answerWhenNotShown(std::uint32_t style) {
   switch (style & MB_TYPEMASK) {
     case MB_YESNO:
       return Answer::kNo;
@@ -46,17 +46,17 @@ Win32Ui::~Win32Ui() = default;
 Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
   flush();
   const int pressed = MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style);
-  return pressed == 0 ? answerWithoutBox(style) : static_cast<Answer>(pressed);
+  return pressed == 0 ? answerWhenNotShown(style) : static_cast<Answer>(pressed);
 }
 
 Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
   flush();
-  // The dialog wants the filter's parts closed by NULs, and the list of them by another, which the text has anyway.
+  // The dialog expects each part of the filter to end with NUL, and another NUL at the end, which c_str() appends.
   std::string filter = request.filter + '\0';
   std::ranges::replace(filter, '|', '\0');
   std::array<char, MAX_PATH + 1> path{};
   OPENFILENAMEA dialog = {};
-  // Windows 95 and NT 4 refuse the longer record of later systems.
+  // Windows 95 and NT 4 reject the longer structure of later systems.
   dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
   dialog.hwndOwner = activeWindow();
   dialog.lpstrFilter = filter.c_str();
@@ -66,7 +66,8 @@ Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
   std::array<char, MAX_PATH + 1> before{};
   GetCurrentDirectoryA(before.size(), before.data());
   const bool chosen = GetOpenFileNameA(&dialog) != FALSE;
-  // Not every system's dialog ends in the chosen file's folder, or where it began when it is cancelled.
+  // Wine's dialog changes the current folder when it is cancelled, and not when a file is chosen; Windows does the
+  // opposite.
   SetCurrentDirectoryA(chosen ? std::string(path.data(), dialog.nFileOffset).c_str() : before.data());
   return chosen ? Result<std::string>(path.data()) : failure(kDialogCancelled);
 }
@@ -96,11 +97,11 @@ void Win32Ui::runModal(controls::Form& form, controls::Form* owner) {
   while (form.isOpen()) {
     flush();
     MSG message;
-    // Not above 0: the thread is asked to end, or there is nothing left to wait for.
+    // 0 is WM_QUIT, -1 a failure.
     if (GetMessageA(&message, nullptr, 0, 0) <= 0) end();
     dispatch(message);
   }
-  window.leave();
+  window.close();
   windows_.pop_back();
 }
 

@@ -1,4 +1,4 @@
-// Windows on the real screen: message boxes, the message loop, the pointer.
+// Ui by native windows: forms, message boxes, the open-file dialog, the message loop, the pointer.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 #include "platform/Ui.h"
 
-// MSG and HWND, without the system's headers.
+// MSG and HWND, without <windows.h>.
 struct tagMSG;
 struct HWND__;
 
@@ -17,15 +17,15 @@ class FormWindow;
 
 class Win32Ui final : public Ui {
  public:
-  // Makes the common controls known to the process.
+  // Initializes the common controls.
   Win32Ui();
   ~Win32Ui() override;
   Win32Ui(const Win32Ui&) = delete;
   Win32Ui& operator=(const Win32Ui&) = delete;
 
   Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override;
-  // Cheap enough for loops over files: within one step of the tick count only the first call looks for events, and
-  // controls that have changed are drawn anew at most every 50 milliseconds.
+  // Fast enough for loops over files: for each value of GetTickCount() only the first call processes pending messages,
+  // and controls that have changed are redrawn at most every 50 milliseconds. PeekMessageA.
   void serveEvents() override;
   Result<std::string> openFileDialog(const OpenFileRequest& request) override;
   void setPointer(Pointer pointer) override;
@@ -35,16 +35,16 @@ class Win32Ui final : public Ui {
 
  private:
   FormWindow* windowOf(const controls::Form* form) const;
-  // The window that a box or dialog stands over: the active one or, in the background, the topmost one.
+  // The owner of message boxes and dialogs: the active window or, when another program is active, the topmost form.
   HWND__* activeWindow() const;
-  // Brings the native controls of all windows in line with the forms.
+  // Applies the changes of all controls to the native ones.
   void flush();
-  // Hands one message to the keyboard rules of its window, or to the window itself.
+  // Dispatches `message`, unless it is a key that its form handles.
   void dispatch(tagMSG& message);
 
-  std::vector<std::unique_ptr<FormWindow>> windows_;  // the topmost last
+  std::vector<std::unique_ptr<FormWindow>> windows_;  // topmost last
   Pointer pointer_ = Pointer::kDefault;
-  std::uint32_t servedAt_ = 0;   // tick count of the last look for events
+  std::uint32_t servedAt_ = 0;   // tick count when messages were last processed
   std::uint32_t flushedAt_ = 0;  // tick count of the last flush by serveEvents()
 };
 

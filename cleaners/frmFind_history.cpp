@@ -1,4 +1,4 @@
-// Three cleaners of one click each: the history of visited pages, the recent documents, the Recycle Bin.
+// The console's cleaners for the history of visited pages, the recent documents and the Recycle Bin.
 #include "cleaners/modHistory.h"
 #include "console/frmFind.h"
 #include "platform/Platform.h"
@@ -11,7 +11,7 @@ constexpr std::uint32_t kSilently = platform::kBinNoConfirmation | platform::kBi
 
 }  // namespace
 
-void frmFind::bindHistoryRecentBin() {
+void frmFind::bindHistory() {
   bindTool(Del_History, &frmFind::Del_History_Click);
   bindTool(Del_Recent, &frmFind::Del_Recent_Click);
   bindTool(Del_Recycle, &frmFind::Del_Recycle_Click);
@@ -28,7 +28,7 @@ void frmFind::Del_Recent_Click() {
   messageBox("Recent Document List Cleared");
 }
 
-// A warning, not a question: the bin is emptied whatever the user does with the box.
+// The box is a warning and not a question: the bin is emptied whatever the user presses.
 void frmFind::Del_Recycle_Click() {
   messageBox("Are you sure you want to delete the contents of the Recycle Bin?", platform::kBoxCritical,
              "Confirm Deletion");

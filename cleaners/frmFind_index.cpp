@@ -1,22 +1,11 @@
-// What cannot go while Windows runs, and what lies in a folder of the system: the browser's index files, which a script
-// deletes at the next start, and the Prefetch folder.
+// The console's button for the browser's index files, which a script deletes at the next start.
 #include "console/frmFind.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
 using platform::Answer;
 
-namespace {
-
-// Fixed, wherever the Windows folder is.
-constexpr const char* kPrefetchFolder = "c:\\windows\\prefetch\\";
-
-}  // namespace
-
-void frmFind::bindRestartAndPrefetch() {
-  bindTool(cmdIndex, &frmFind::cmdIndex_Click);
-  bindTool(cmdPrefetch, &frmFind::cmdPrefetch_Click);
-}
+void frmFind::bindIndexFiles() { bindTool(cmdIndex, &frmFind::cmdIndex_Click); }
 
 void frmFind::cmdIndex_Click() {
   ReadWriteDeleteRegistry1("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce\\",
@@ -41,20 +30,4 @@ void frmFind::ReadWriteDeleteRegistry2(const std::string& registrykey, std::stri
   if (ReadWriteDelete != kReadMode) return;
   const platform::Result<std::string> value = platform::machine().scriptShell().regRead(registrykey);
   if (value) RegistryInformation = *value;
-}
-
-void frmFind::cmdPrefetch_Click() {
-  platform::FileObjects& objects = platform::machine().fileObjects();
-  if (!objects.folderExists(kPrefetchFolder)) {
-    messageBox("This system has no Prefetch folder.", platform::kBoxCritical, "No Such Folder");
-    return;
-  }
-  if (messageBox("Delete contents of the Windows Prefetch Folder?", platform::kBoxYesNo | platform::kBoxQuestion,
-                 "Clear Prefetch Folder") != Answer::kYes) {
-    return;
-  }
-  if (!objects.folderExists(kPrefetchFolder)) return;
-  // Files in use stay, and what is behind them; nobody is told.
-  static_cast<void>(objects.deleteFile(std::string(kPrefetchFolder) + "*.*", true));
-  messageBox("The Prefetch folder has been cleared.", platform::kBoxInformation, " Folder Cleared");
 }

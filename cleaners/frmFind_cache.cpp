@@ -1,5 +1,6 @@
-// The Internet cache: listing its entries, ticking them, and deleting what is ticked.
-#include "cleaners/Cache.h"
+// The console's cache page: the list of the Internet cache, its commands, and the deletion of ticked entries.
+#include <utility>
+
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
 #include "platform/Platform.h"
@@ -45,7 +46,7 @@ void frmFind::Del_Cache_Click() {
   lblStatus.show();
 }
 
-// Gives the place of the lists to the cache, and takes the commands of the other lists away.
+// Shows the cache list in the place of the lists and hides the commands of the other lists.
 void frmFind::openCachePage() {
   setVisible(true, {&lvCache, &cmdCleanCache, &cmdSelect, &cmdCacheInvert});
   setVisible(false, {&ListView2, &cmdSelectAll, &Delete, &Select_All, &Label6, &cmdInvert, &optRecycle, &optWipe});
@@ -58,7 +59,7 @@ platform::Result<void> frmFind::ScanCache() {
   lvCache.clear();
   Del_Cache.hide();
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
-  // Once only: an abort reaches this scan when it is pressed before the first entry is read.
+  // The only time during the scan: an abort must be pressed before the first entry is read.
   platform::machine().ui().serveEvents();
   const platform::Result<void> listed = listCacheEntries();
   leaveCacheScan();
@@ -69,38 +70,38 @@ platform::Result<void> frmFind::ScanCache() {
   return listed;
 }
 
-// The first entry is listed whatever it is. Of the others only ordinary ones are, and their URL stands in for a file
-// name that they lack.
+// The first entry is listed whatever its type. Of the others only normal entries are, under their URL when they have no
+// file name.
 platform::Result<void> frmFind::listCacheEntries() {
-  if (!CacheFindFirst()) return {};
-  platform::Result<void> added = addCacheRow(CacheLocalFileName());
-  while (added && CacheFindNext()) {
-    if ((CacheEntryType() & platform::kNormalCacheEntry) == 0) continue;
-    const std::string file = CacheLocalFileName();
-    added = addCacheRow(file.empty() ? CacheSourceUrl() : file);
-    // Closing the walk ends it: there is no next entry then.
+  if (!cache_.CacheFindFirst()) return {};
+  platform::Result<void> added = addCacheRow(cache_.CacheLocalFileName());
+  while (added && cache_.CacheFindNext()) {
+    if ((cache_.CacheEntryType() & platform::kNormalCacheEntry) == 0) continue;
+    const std::string file = cache_.CacheLocalFileName();
+    added = addCacheRow(file.empty() ? cache_.CacheSourceUrl() : file);
+    // This closes the enumeration, so that there is no next entry.
     if (added && AbortRequested) abortCacheScan();
   }
   return added;
 }
 
-// Lists the entry that the walk stands on under `name`. A row whose last access is no date is listed without it.
+// Lists the current entry under `name`. An entry whose last access is no date is listed without it, and the call fails.
 platform::Result<void> frmFind::addCacheRow(const std::string& name) {
   platform::Calendar& calendar = platform::machine().calendar();
-  const platform::Result<platform::Date> accessed = CacheLastAccess();
-  lvCache.add(name, {CacheSourceUrl(), calendar.textOf(CacheExpires()), accessed ? calendar.textOf(*accessed) : ""});
+  const platform::Result<platform::Date> accessed = cache_.CacheLastAccess();
+  lvCache.add(name, {cache_.CacheSourceUrl(), calendar.textOf(cache_.CacheExpires()),
+                     accessed ? calendar.textOf(*accessed) : ""});
   if (!accessed) return std::unexpected(accessed.error());
   return {};
 }
 
 void frmFind::abortCacheScan() {
-  AbortRequested = false;
-  messageBox("    Scan Aborted", platform::kBoxOk, "Scan Aborted");
+  reportAbort();
   leaveCacheScan();
 }
 
 void frmFind::leaveCacheScan() {
-  CacheFindClose();
+  cache_.CacheFindClose();
   platform::machine().ui().setPointer(platform::Pointer::kArrow);
   Del_Cache.show();
 }
@@ -122,15 +123,22 @@ void frmFind::cmdCleanCache_Click() {
   }
 }
 
-// Last row first, so that a row that goes never moves one still to come. A row goes even when the system keeps the
-// entry: it may be in use, or have gone since the scan.
+// From the last row to the first. A row is removed even when the system refuses the deletion.
 void frmFind::deleteTickedCacheEntries() {
+  // Removing rows takes time in proportion to the rows behind them, so many are removed at once.
+  constexpr std::size_t kRowsAtOnce = 256;
+  std::vector<std::size_t> done;
+  const auto removeDone = [&] {
+    lvCache.removeRows(std::exchange(done, {}));
+    refresh();
+  };
   for (std::size_t i = lvCache.rowCount(); i-- > 0;) {
     if (!lvCache.ticked(i)) continue;
-    CacheDeleteEntry(lvCache.row(i).subItems[kSourceUrl]);
-    lvCache.remove(i);
-    refresh();
+    cache_.CacheDeleteEntry(lvCache.row(i).subItems[kSourceUrl]);
+    done.push_back(i);
+    if (done.size() == kRowsAtOnce) removeDone();
   }
+  removeDone();
 }
 
 void frmFind::leaveEmptyCachePage() {
@@ -143,14 +151,8 @@ void frmFind::leaveEmptyCachePage() {
 }
 
 void frmFind::cmdSelect_Click() {
-  const bool tick = cmdSelect.caption() == kSelectAll;
-  if (tick && lvCache.empty()) {
-    messageBox("Nothing to Select");
-    return;
-  }
-  tickAllRows(lvCache, tick);
-  cmdSelect.setCaption(tick ? kClearAll : kSelectAll);
-  cmdCleanCache.setEnabled(tick);
+  const std::optional<bool> ticked = toggleAllRows(lvCache, cmdSelect, "Nothing to Select");
+  if (ticked) cmdCleanCache.setEnabled(*ticked);
 }
 
 void frmFind::cmdCacheInvert_Click() {

@@ -1,8 +1,11 @@
-// The zero-byte finder: listing files without a byte, ticking them, and deleting what is ticked.
+// The console's zero-byte finder: the scan, the commands of its list, and the deletion.
 #include <limits>
+#include <utility>
 
 #include "console/frmFind.h"
 #include "controls/ControlLists.h"
+#include "finder/tree_walk.h"
+#include "platform/Conversions.h"
 #include "platform/Platform.h"
 
 using controls::messageBox;
@@ -11,8 +14,8 @@ using controls::setVisible;
 
 namespace {
 
-// Whole seconds since the tick count was `startTick`, halves to the even one. Ticks are signed here: a scan during
-// which they pass from the highest to the lowest number fails with an overflow.
+// Whole seconds since the tick count was `startTick`, halves to the even one. The subtraction is signed: it fails with
+// an overflow when the tick count has passed from the highest to the lowest number.
 platform::Result<std::int32_t> signedSecondsSince(std::uint32_t startTick) {
   const auto now = static_cast<std::int32_t>(platform::machine().environment().getTickCount());
   const std::int64_t elapsed = std::int64_t{now} - static_cast<std::int32_t>(startTick);
@@ -24,6 +27,13 @@ platform::Result<std::int32_t> signedSecondsSince(std::uint32_t startTick) {
 platform::Result<std::int16_t> shortCount(std::size_t count) {
   if (count > std::numeric_limits<std::int16_t>::max()) return platform::failure(platform::kOverflow);
   return static_cast<std::int16_t>(count);
+}
+
+// The size in the folder entry may be outdated. A length that cannot be read is not 0, and neither is that of a file
+// of exactly 4 GB, whose low half is 0.
+bool isEmptyFile(const finder::FoundFile& file) {
+  const platform::Result<std::int32_t> length = platform::machine().files().fileLength(file.path);
+  return length && *length == 0 && file.record.sizeHigh == 0;
 }
 
 }  // namespace
@@ -47,15 +57,12 @@ void frmFind::cmdZero_Click() {
   std::int32_t dirCount = 0;
   std::int64_t total = 0;
   FindZeros(folder, "*.*", fileCount, dirCount, total);
-  if (AbortRequested) {
-    AbortRequested = false;
-    messageBox("    Scan Aborted", platform::kBoxOk, "Scan Aborted");
-  }
+  if (AbortRequested) reportAbort();
   reportZeroScan(startTick);
 }
 
-// Gives the place of the lists to the zero-byte list, and leaves nothing usable but Abort: the commands of the other
-// lists would work on rows that nobody sees.
+// Shows the zero-byte list in the place of the lists. Only Abort stays enabled: the commands of the other lists would
+// work on rows that are not shown.
 void frmFind::enterZeroScan() {
   setVisible(false, {&optWipe, &cmdCleanCache, &optRecycle, &ListView1, &Label6, &lvCache, &Select_All, &lblStatus,
                      &cmdSelectAll, &Scan});
@@ -75,7 +82,7 @@ void frmFind::leaveZeroScan() {
   optRecycle.disable();
 }
 
-// The time that a box stood open over the scan counts too.
+// The time that a box was open during the scan counts too.
 void frmFind::reportZeroScan(std::uint32_t startTick) {
   const platform::Result<std::int32_t> seconds = signedSecondsSince(startTick);
   if (!seconds) reportUnhandled(seconds.error());
@@ -86,6 +93,24 @@ void frmFind::reportZeroScan(std::uint32_t startTick) {
   Label6.setCaption("Results: " + std::to_string(*count) + " 0 Byte files found in " + std::to_string(*seconds) +
                     " seconds.");
   Label6.show();
+}
+
+void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int32_t& FileCount, std::int32_t& DirCount,
+                        std::int64_t& total) {
+  total += finder::walkTree(path, DirCount,
+                            {.patterns = {&pattern, 1},
+                             .stopTest = finder::StopTest::kBeforeEachFolderEntry,
+                             .stopRequested = [this] { return AbortRequested; },
+                             .onFile =
+                                 [&](const finder::FoundFile& file) {
+                                   ++FileCount;
+                                   if (isEmptyFile(file) && !finder::isKeptEmpty(file.name)) ListView2.add(file.path);
+                                 },
+                             .onFolderDone =
+                                 [this](const std::string& progress) {
+                                   lblFile.setCaption(progress);
+                                   refresh();
+                                 }});
 }
 
 void frmFind::cmdZeroDelete_Click() {
@@ -103,40 +128,32 @@ void frmFind::cmdZeroDelete_Click() {
              "Files Deleted");
 }
 
-// Last row first, so that a row that goes never moves one still to come. The first row without a file ends it: a
-// folder, or a file that has gone since the scan.
+// From the last row to the first. Ends with the failure of the first row without a file: a folder, or a file deleted
+// since the scan.
 platform::Result<void> frmFind::deleteTickedZeroFiles() {
-  for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
+  std::vector<std::size_t> done;
+  platform::Result<void> result;
+  for (std::size_t i = ListView2.rowCount(); i-- > 0 && result;) {
     if (!ListView2.ticked(i)) continue;
-    if (const platform::Result<void> deleted = deleteZeroFile(i); !deleted) return deleted;
-    // The row of a file in use goes too, though the file stays.
-    if (ListView2.ticked(i)) ListView2.remove(i);
+    const platform::Result<finder::Deletion> deleted = deleteRow(ListView2.text(i));
+    if (!deleted) {
+      result = std::unexpected(deleted.error());
+    } else if (*deleted == finder::Deletion::kReadOnlyKept) {
+      ListView2.setTicked(i, false);
+    } else {
+      // The row of a file in use is removed too, although the file stays.
+      done.push_back(i);
+    }
   }
-  return {};
-}
-
-platform::Result<void> frmFind::deleteZeroFile(std::size_t row) {
-  std::string path = ListView2.text(row);
-  const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
-  if (!file) return std::unexpected(file.error());
-  if (asksBeforeDeleting(file->attributes) && !userConfirmsReadOnly(file->path)) {
-    ListView2.setTicked(row, false);
-    return {};
-  }
-  if (!FileIsOpen(file->path)) ShellDeleteOne(path, chosenDeletion());
-  return {};
+  ListView2.removeRows(std::move(done));
+  return result;
 }
 
 void frmFind::cmdSelectAll_Click() {
-  const bool tick = cmdSelectAll.caption() == kSelectAll;
-  if (tick && ListView2.empty()) {
-    messageBox("Nothing to select!");
-    return;
-  }
-  tickAllRows(ListView2, tick);
-  cmdSelectAll.setCaption(tick ? kClearAll : kSelectAll);
+  const std::optional<bool> ticked = toggleAllRows(ListView2, cmdSelectAll, "Nothing to select!");
+  if (!ticked) return;
   optRecycle.disable();
-  if (tick) optRecycle.show();
+  if (*ticked) optRecycle.show();
   updateZeroDelete();
 }
 

@@ -1,0 +1,31 @@
+// The console's cleaner for the Prefetch folder.
+#include "console/frmFind.h"
+#include "platform/Platform.h"
+
+using controls::messageBox;
+using platform::Answer;
+
+namespace {
+
+// Fixed, wherever the Windows folder is.
+constexpr const char* kPrefetchFolder = "c:\\windows\\prefetch\\";
+
+}  // namespace
+
+void frmFind::bindPrefetch() { bindTool(cmdPrefetch, &frmFind::cmdPrefetch_Click); }
+
+void frmFind::cmdPrefetch_Click() {
+  platform::FileObjects& objects = platform::machine().fileObjects();
+  if (!objects.folderExists(kPrefetchFolder)) {
+    messageBox("This system has no Prefetch folder.", platform::kBoxCritical, "No Such Folder");
+    return;
+  }
+  if (messageBox("Delete contents of the Windows Prefetch Folder?", platform::kBoxYesNo | platform::kBoxQuestion,
+                 "Clear Prefetch Folder") != Answer::kYes) {
+    return;
+  }
+  if (!objects.folderExists(kPrefetchFolder)) return;
+  // The first file in use ends the deletion without a report.
+  static_cast<void>(objects.deleteFile(std::string(kPrefetchFolder) + "*.*", true));
+  messageBox("The Prefetch folder has been cleared.", platform::kBoxInformation, " Folder Cleared");
+}

@@ -1,0 +1,99 @@
+// The console's cleaner for the temporary folders, which keeps no backup.
+#include <algorithm>
+#include <limits>
+
+#include "cleaners/temp_folders.h"
+#include "console/frmFind.h"
+#include "controls/ControlLists.h"
+#include "finder/deletion.h"
+#include "finder/tree_walk.h"
+#include "platform/Platform.h"
+
+using controls::messageBox;
+using platform::Answer;
+
+namespace {
+
+constexpr const char* kEveryFile = "*.*";
+// The deletion counts files in 16 bits; the rest is deleted at the next run.
+constexpr std::int32_t kMostFilesAtOnce = std::numeric_limits<std::int16_t>::max();
+
+bool userDeletesReadOnly(const std::string& path) {
+  return messageBox(path + "\r\nis a read only file - OK to Delete?", platform::kBoxYesNo, "Delete File") ==
+         Answer::kYes;
+}
+
+}  // namespace
+
+void frmFind::bindTempFolders() { bindTool(Del_Temps, &frmFind::Del_Temps_Click); }
+
+void frmFind::Del_Temps_Click() {
+  Scan.disable();
+  constexpr std::uint32_t kWarn = platform::kBoxOkCancel | platform::kBoxCritical | platform::kBoxSecondButtonDefault;
+  const Answer answer = messageBox("This will clear ALL your profile and Windows temporary folders without backup!",
+                                   kWarn, "Scrubhaven Pro - Warning!");
+  if (answer == Answer::kCancel) return;
+  // The folders listed here are removed: no row of an earlier run may be among them.
+  ListView2.clear();
+  std::string folder;
+  ClearTempSubfolders(folder);
+  PurgeTempFolders();
+  messageBox("All temporary files not in use have been deleted", platform::kBoxOk, "Done");
+  Scan.enable();
+}
+
+void frmFind::ClearTempSubfolders(std::string& path) {
+  path = cleaners::tempFolder("Temp");
+  if (path.empty()) return;
+  platform::machine().ui().serveEvents();
+  for (const std::string& folder : finder::subfoldersOf(path)) ListView2.add(folder);
+  if (ListView2.empty()) return;
+  for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
+    const std::string folder = ListView2.text(i);
+    // A folder that cannot be removed does not stop the others.
+    if (IsFolder(folder)) static_cast<void>(DelTree(folder));
+  }
+  ListView2.clear();
+}
+
+void frmFind::PurgeTempFolders() {
+  controls::setVisible(false, {&lvCache, &lblStatus, &Label6});
+  ListView1.show();
+  ListView1.clear();
+
+  std::int32_t fileCount = 0;
+  std::int32_t dirCount = 0;
+  for (std::string folder : cleaners::fixedFolders()) FindTemps(folder, kEveryFile, fileCount, dirCount);
+  deleteFoundFiles(fileCount, cleaners::countsAsReadOnlyInFixedFolders);
+
+  std::string folder = cleaners::tempFolder("TEMP");
+  fileCount = 0;
+  dirCount = 0;
+  FindTemps(folder, kEveryFile, fileCount, dirCount);
+  platform::machine().ui().serveEvents();
+  deleteFoundFiles(fileCount, finder::countsAsReadOnly);
+}
+
+std::int64_t frmFind::FindTemps(std::string& path, const std::string& pattern, std::int32_t& FileCount,
+                                std::int32_t& DirCount) {
+  return finder::walkTree(path, DirCount,
+                          {.patterns = {&pattern, 1},
+                           .onSubfolder = [this](const std::string& folder) { ListView2.add(folder); },
+                           .onFile =
+                               [&](const finder::FoundFile& file) {
+                                 ++FileCount;
+                                 FoundFiles.resize(static_cast<std::size_t>(FileCount) + 1);
+                                 FoundFiles.back() = file.path;
+                               },
+                           .onFolderDone = [this](const std::string& progress) { lblFile.setCaption(progress); }});
+}
+
+void frmFind::deleteFoundFiles(std::int32_t count, bool (*countsAsReadOnly)(std::uint32_t attributes)) {
+  const auto last = static_cast<std::size_t>(std::min(count, kMostFilesAtOnce));
+  for (std::size_t i = 1; i <= last; ++i) {
+    platform::machine().ui().serveEvents();
+    cleaners::deleteTempFile(FoundFiles[i], countsAsReadOnly, userDeletesReadOnly);
+  }
+}
+
+platform::Result<void> frmFind::DelTree(const std::string& path) { return cleaners::deleteTree(path); }
