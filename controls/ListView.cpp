@@ -34,7 +34,7 @@ void ListView::removeRows(std::vector<std::size_t> indices) {
     selected_ =
         removed ? std::nullopt : std::optional(*selected_ - static_cast<std::size_t>(position - indices.begin()));
   }
-  // Each row that stays moves forward once, over all the gaps before it.
+  // Each row that is kept moves once, to its final place.
   auto gap = indices.begin();
   std::size_t kept = indices.front();
   for (std::size_t i = kept; i < rows_.size(); ++i) {

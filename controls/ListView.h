@@ -66,7 +66,7 @@ class ListView final : public Control {
   std::optional<std::size_t> selected() const { return selected_; }
   void select(std::optional<std::size_t> index);
 
-  // What a person does: flips a row's tick; clicks a row. Nothing happens while the list takes no input.
+  // What the user does: toggles a row's tick; clicks a row. Nothing happens while the list takes no input.
   void clickTick(std::size_t index);
   void clickRow(std::size_t index);
 

@@ -1,4 +1,4 @@
-// The calendar: points in time as calendar fields, as date values, and as texts that a person reads.
+// Points in time as calendar fields, as date values, and as texts in the user's format.
 #pragma once
 
 #include <cstdint>
@@ -25,12 +25,12 @@ struct SystemTime {
   std::uint16_t milliseconds = 0;
 };
 
-// Days since 30 December 1899; the time of day is the fraction. Of an earlier day, too, the fraction counts forward
-// from its start: -1.25 is six o'clock in the morning of 29 December 1899.
+// Days since 30 December 1899; the fraction is the time of day. For earlier days, too, it counts forward from the
+// start of the day: -1.25 is 6:00 in the morning of 29 December 1899.
 using Date = double;
 
-// The date value of calendar fields, to the second, with the month as the month whatever order the locale writes.
-// Fails with 13 when the fields are no day of the years 100 to 9999.
+// The date value of calendar fields, to the second, whatever order the locale writes day and month in. Fails with 13
+// when the fields are no day of the years 100 to 9999.
 Result<Date> dateOf(const SystemTime& time);
 
 class Calendar {
@@ -40,8 +40,8 @@ class Calendar {
   // FileTimeToSystemTime. Fills `fields`, which stay in the time zone of `time`; false when the highest bit of `time`
   // is set, `fields` are then as they were.
   virtual bool fileTimeToSystemTime(const FileTime& time, SystemTime& fields) = 0;
-  // The date as the locale writes it: the day, and the time of day behind it unless that is midnight. The day that
-  // dates are counted from stands for none, and only its time is given. VarBstrFromDate.
+  // The date in the locale's format: the day, followed by the time of day unless that is midnight. For day 0 only the
+  // time is given. VarBstrFromDate.
   virtual std::string textOf(Date date) = 0;
 };
 

@@ -1,4 +1,4 @@
-// What surrounds the program: the clock, its own folder, variables, the code page.
+// The process's environment: the clock, the program's folder, variables, the code page.
 #pragma once
 
 #include <cstdint>

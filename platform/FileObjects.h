@@ -33,11 +33,10 @@ class FileObjects {
   // the first that cannot be deleted. Read-only files are refused (70) unless `force`. Fails with 53 when nothing
   // matches, 70 when a file is in use or protected.
   virtual Result<void> deleteFile(const std::string& path, bool force) = 0;
-  // DeleteFolder. Deletes the folder with everything in it, up to the first thing that cannot go. A link to another
-  // place goes as the link that it is, `path` itself too; what it points to is never touched, and a link that the
-  // system can only follow stays. Read-only files and folders are refused (70) unless `force`. Wildcards name nothing
-  // here. Fails with 76 when there is no such folder, 70 when something in it is in use or protected, or when it is a
-  // root.
+  // DeleteFolder. Deletes the folder with everything in it, up to the first thing that cannot be deleted. Of a link
+  // (`path` may be one) only the link is removed, never what it points to; a link that the system can only follow is
+  // refused (70). Read-only files and folders are refused (70) unless `force`. Wildcards match nothing here. Fails with
+  // 76 when there is no such folder, 70 when something in it is in use or protected, or when it is a root.
   virtual Result<void> deleteFolder(const std::string& path, bool force) = 0;
 };
 

@@ -20,7 +20,7 @@ inline constexpr std::uint32_t kArchive = 0x20;
 inline constexpr std::uint32_t kDevice = 0x40;
 inline constexpr std::uint32_t kNormal = 0x80;
 inline constexpr std::uint32_t kReparsePoint = 0x400;
-// What an attribute query gives when it fails: every bit is set, the directory bit too.
+// What an attribute query returns when it fails: every bit is set, the directory bit too.
 inline constexpr std::uint32_t kInvalidAttributes = 0xFFFFFFFF;
 
 // True when the query that gave `attributes` succeeded and named a folder.
@@ -52,7 +52,7 @@ inline constexpr std::uint32_t kShareRead = 1;
 inline constexpr std::uint32_t kShareWrite = 2;
 inline constexpr std::uint32_t kOpenExisting = 3;
 
-// What `createFile` is asked for, in the words of CreateFileA.
+// The arguments of `createFile`, named as those of CreateFileA.
 struct OpenRequest {
   std::uint32_t access = kGenericRead;
   std::uint32_t share = kShareNone;
@@ -71,7 +71,7 @@ class FileSystem {
   virtual ~FileSystem() = default;
 
   // FindFirstFileA. Starts the enumeration of `pattern` (folder, backslash, name with the wildcards * and ?) and stores
-  // the first entry in `record`. Gives the enumeration's handle, kInvalidHandle when nothing matches or the folder
+  // the first entry in `record`. Returns the enumeration's handle, kInvalidHandle when nothing matches or the folder
   // cannot be read. An entry whose name the code page cannot hold is given under its short name, or left out when it
   // has none; names that end in a blank or a dot are left out, because later calls would take them for another file.
   virtual Handle findFirstFile(const std::string& pattern, FindRecord& record) = 0;
@@ -80,15 +80,15 @@ class FileSystem {
   // FindClose. Ends the enumeration; false when the handle is not a live one.
   virtual bool findClose(Handle enumeration) = 0;
 
-  // GetFileAttributesA. Gives the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
+  // GetFileAttributesA. Returns the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
   virtual std::uint32_t getFileAttributes(const std::string& path) = 0;
 
   // The size in bytes of the file at `path`, read from the file and not from its folder entry. Fails with 53 when there
   // is no such file. GetFileSize.
   virtual Result<std::uint64_t> fileSize(const std::string& path) = 0;
 
-  // Whether a file (or, when the mask holds kDirectory, a folder) answers to `pattern` with no attribute among
-  // read-only, hidden, system, directory that `mask` lacks: the classic directory search with an attribute mask.
+  // Whether `pattern` matches a file (or, when the mask holds kDirectory, a folder) that has no attribute among
+  // read-only, hidden, system and directory that `mask` lacks: the classic directory search with an attribute mask.
   virtual bool anyFileMatches(const std::string& pattern, std::uint32_t mask) = 0;
 
   // CreateFileA without security record and template. kInvalidHandle on failure.
@@ -123,12 +123,11 @@ class FileSystem {
   // The full path of `path`, which may be relative to the current folder of its drive, with "." and ".." worked in.
   // Nothing of that name needs to be there. Fails with 76 for a text that can be no path. GetFullPathNameA.
   virtual Result<std::string> getFullPathName(const std::string& path) = 0;
-  // MoveFileA. Gives the file `from` the path `to`; to another drive the system copies a file and deletes it
+  // MoveFileA. Moves the file `from` to the path `to`; to another drive the system copies a file and deletes it
   // here. Fails with 53 (no such file), 58 (`to` is taken), 70 (in use), 75 (no access), 76 (no such folder).
   virtual Result<void> moveFile(const std::string& from, const std::string& to) = 0;
-  // Renames a file; `to` may lie in another folder, and without one it lies in the current folder. Fails with 74 when
-  // the full paths lie on different drives, and else like moveFile, which still copies between two volumes that one
-  // drive holds.
+  // Renames a file; `to` may be in another folder, and a bare name is in the current folder. Fails with 74 when the
+  // full paths are on different drives, and otherwise as moveFile does.
   Result<void> rename(const std::string& from, const std::string& to);
   // DeleteFileA. Deletes one file; wildcards are no file's name. Fails with 53 (no such file), 70 (in use), 75
   // (read-only, protected, a folder), 76 (no such folder).

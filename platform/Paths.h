@@ -1,4 +1,4 @@
-// What a path says by its text alone.
+// Operations on the text of a path.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ char lowerLetter(char letter);
 // The number of characters that name the root of a full path: "X:\", or "\\server\share".
 std::size_t rootLength(std::string_view path);
 
-// `path` without backslashes at its end, but for a root's own.
+// `path` without backslashes at its end, except that of a root.
 std::string withoutClosingBackslash(std::string path);
 
 // Whether an entry of that name is the enumerated folder itself or the one above it.

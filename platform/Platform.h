@@ -37,7 +37,7 @@ class Machine {
 // The machine in use. There must be one: main() or a test has installed it before any logic runs.
 Machine& machine();
 
-// Installs a machine for as long as this object lives; the one before comes back afterwards. Does not own it.
+// Installs a machine for as long as this object lives, and then the one that was installed before. Does not own it.
 class ScopedMachine {
  public:
   explicit ScopedMachine(Machine& machine);

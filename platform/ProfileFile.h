@@ -1,5 +1,5 @@
 // Private-profile (INI) files (kernel32). Sections and entries are without regard to case. A file name without a folder
-// stands for a file in the Windows folder.
+// is that of a file in the Windows folder.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ class ProfileFile {
   virtual ~ProfileFile() = default;
 
   // GetPrivateProfileStringA. Stores the entry's text, or `fallback` when there is no such entry, and a closing NUL in
-  // `buffer`; what does not fit is cut. Gives the number of characters stored, without the NUL. One pair of quotation
+  // `buffer`; what does not fit is cut. Returns the number of characters stored, without the NUL. One pair of quotation
   // marks around the text is left out, and so are blanks around it.
   virtual std::uint32_t getString(const std::string& section, const std::string& entry, const std::string& fallback,
                                   std::span<char> buffer, const std::string& file) = 0;

@@ -16,7 +16,7 @@ inline constexpr RegistryKey kUsers = 0x80000003;
 inline constexpr RegistryKey kCurrentConfig = 0x80000005;
 inline constexpr RegistryKey kDynamicData = 0x80000006;
 
-// What a key is opened for, to be added up. The 95 family does not hold anybody to it.
+// What a key is opened for, to be added up. The 95 family does not check it.
 inline constexpr std::uint32_t kQueryValue = 1;
 inline constexpr std::uint32_t kSetValue = 2;
 inline constexpr std::uint32_t kCreateSubKey = 4;
@@ -27,14 +27,14 @@ inline constexpr std::uint32_t kRegistryExpandableText = 2;
 inline constexpr std::uint32_t kRegistryBinary = 3;
 inline constexpr std::uint32_t kRegistryNumber = 4;
 
-// Codes that the operations give.
+// Codes that the operations return.
 inline constexpr std::int32_t kRegistryDone = 0;
 inline constexpr std::int32_t kRegistryNotFound = 2;
 inline constexpr std::int32_t kRegistryAccessDenied = 5;
 inline constexpr std::int32_t kRegistryInvalidHandle = 6;
 inline constexpr std::int32_t kRegistryMoreData = 234;
 
-// Every operation gives kRegistryDone or the system's error code.
+// Every operation returns kRegistryDone or the system's error code.
 class Registry {
  public:
   virtual ~Registry() = default;
@@ -47,12 +47,11 @@ class Registry {
   virtual std::int32_t createKey(RegistryKey key, const std::string& path, std::uint32_t access,
                                  RegistryKey& opened) = 0;
   // RegQueryValueExA. The size passed is the buffer's; it must have an address even when it is empty. Stores the
-  // value's type, its bytes and their number (`size`). A buffer that is too small gives kRegistryMoreData and the
+  // value's type, its bytes and their number (`size`). A buffer that is too small returns kRegistryMoreData and the
   // number only. An empty `name` asks for the key's default value. kRegistryNotFound when there is no such value.
   virtual std::int32_t queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, std::span<char> buffer,
                                   std::uint32_t& size) = 0;
-  // RegSetValueExA. The size passed is that of `data`. The system itself may count in the NUL that stands behind a
-  // text.
+  // RegSetValueExA. The size passed is that of `data`. The system itself may include the NUL that follows a text.
   virtual std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                 const std::string& data) = 0;
   // RegDeleteKeyA. Deletes the key at `path` below `key`, whatever that was opened for. The NT line refuses a key that

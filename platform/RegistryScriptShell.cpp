@@ -99,7 +99,7 @@ Result<void> RegistryScriptShell::regWrite(const std::string& path, const std::s
 Result<void> RegistryScriptShell::regDelete(const std::string& path) {
   const std::optional<Place> place = placeOf(path);
   if (!place) return failure(kScriptPathNotFound);
-  if (place->value.empty() && place->key.empty()) return failure(kPermissionDenied);  // a root never goes
+  if (place->value.empty() && place->key.empty()) return failure(kPermissionDenied);  // a root is never deleted
   if (place->value.empty()) return resultOf(registry_.deleteKey(place->root, place->key));
   RegistryKey key = 0;
   if (const auto code = registry_.openKey(place->root, place->key, kSetValue, key); code != kRegistryDone) {

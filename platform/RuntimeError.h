@@ -1,4 +1,4 @@
-// Failures as values: what a platform operation gives back instead of its result.
+// Failures as values: what a platform operation returns instead of its result.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 namespace platform {
 
 // One failure. `number` is the classic run-time error number (53 file not found, 68 device unavailable ...) or, for a
-// COM object, the object's own code. `text` is what a person reads in the unhandled-failure box.
+// COM object, the object's own code. `text` is what the unhandled-failure box shows.
 struct RuntimeError {
   std::int32_t number = 0;
   std::string text;
@@ -16,7 +16,7 @@ struct RuntimeError {
   bool operator==(const RuntimeError& other) const { return number == other.number; }
 };
 
-// What an operation that can fail gives: its value, or the failure.
+// What an operation that can fail returns: its value, or the failure.
 template <typename T>
 using Result = std::expected<T, RuntimeError>;
 
@@ -43,7 +43,7 @@ inline constexpr std::int32_t kDialogCancelled = 32755;
 // usual text gets "Application-defined or object-defined error".
 RuntimeError runtimeError(std::int32_t number);
 
-// The same, ready to be returned from a function that gives a Result.
+// The same, ready to be returned from a function that returns a Result.
 inline std::unexpected<RuntimeError> failure(std::int32_t number) {
   return std::unexpected<RuntimeError>(runtimeError(number));
 }

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-// What a path gives that leads nowhere.
+// The failure for a path that names nothing.
 inline constexpr std::int32_t kScriptPathNotFound = static_cast<std::int32_t>(0x80070002);
 
 // Failures carry the object's own code (kScriptPathNotFound; the system's code in its low word otherwise), or 70 when
@@ -22,7 +22,7 @@ class ScriptShell {
   virtual Result<std::string> regRead(const std::string& path) = 0;
   // RegWrite. Stores a text as the value, of a key as its default value; makes missing keys.
   virtual Result<void> regWrite(const std::string& path, const std::string& text) = 0;
-  // RegDelete. Deletes the value, or the key with all its values. A key with subkeys goes only where the registry
+  // RegDelete. Deletes the value, or the key with all its values. A key with subkeys is deleted only where the registry
   // deletes such keys.
   virtual Result<void> regDelete(const std::string& path) = 0;
 };

@@ -14,14 +14,14 @@ inline constexpr std::uint32_t kShellDelete = 3;
 inline constexpr std::uint16_t kNoConfirmation = 16;
 inline constexpr std::uint16_t kAllowUndo = 64;  // deleted files go to the Recycle Bin
 
-// The record of a shell file operation; what is not here stays unset (no owner window, no destination).
+// A shell file operation without owner window and destination.
 struct FileOperation {
   std::uint32_t operation = kShellDelete;
   std::string sourceList = {};  // paths, each closed by a NUL; the call adds the list's own closing NUL
   std::uint16_t flags = 0;
 };
 
-// On whose behalf a shell command runs.
+// The owner window of a shell command.
 enum class ShellOwner { kNone, kDesktopWindow };
 
 // What ShellExecuteA is asked for; an absent text is passed as a null pointer, an empty one as an empty text.
@@ -46,17 +46,17 @@ class Shell {
  public:
   virtual ~Shell() = default;
 
-  // SHFileOperationA. Gives its result: 0 when all went well.
+  // SHFileOperationA. Returns its result: 0 when all went well.
   virtual std::int32_t fileOperation(const FileOperation& operation) = 0;
-  // ShellExecuteA, with GetDesktopWindow where the command asks for it. Gives its result: above 32 on success.
+  // ShellExecuteA, with GetDesktopWindow where the command asks for it. Returns its result: above 32 on success.
   virtual std::int32_t execute(const ShellCommand& command) = 0;
   // Starts a command line with a hidden window and does not wait for it. Its first word is the name of a program in the
   // system folder, without a path and extension; no other folder is searched. Fails with 53 when there is none.
   // GetSystemDirectoryA, CreateProcessA.
   virtual Result<void> launchHidden(const std::string& commandLine) = 0;
 
-  // SHEmptyRecycleBinA without an owner window. Empties the Recycle Bin of the drive that `root` lies on; of all drives
-  // when it is empty. Gives its result: 0 on success; a bin that is empty already may give a failure, and a Windows
+  // SHEmptyRecycleBinA without an owner window. Empties the Recycle Bin of the drive of `root`; of all drives
+  // when it is empty. Returns its result: 0 on success; a bin that is empty already may return a failure, and a Windows
   // without the function does (0x80004001).
   virtual std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) = 0;
   // SHAddToRecentDocs. Puts the document on the list of recently used ones; an absent path empties the list.

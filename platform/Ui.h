@@ -21,14 +21,13 @@ inline constexpr std::uint32_t kBoxQuestion = 32;
 inline constexpr std::uint32_t kBoxExclamation = 48;
 inline constexpr std::uint32_t kBoxInformation = 64;
 inline constexpr std::uint32_t kBoxSecondButtonDefault = 256;
-// A question before something that cannot be taken back: Enter answers No.
+// A question before something that cannot be undone: Enter answers No.
 inline constexpr std::uint32_t kBoxAsk = kBoxYesNo | kBoxQuestion | kBoxSecondButtonDefault;
 
-// What a message box answers.
+// The button that closed a message box.
 enum class Answer : std::int32_t { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 
-// The screen-wide pointer. kDefault is what the control under it wants; kArrow, too, leaves a control the shape of its
-// own.
+// The pointer of the whole screen. With kDefault, and with kArrow, a control under it shows its own shape.
 enum class Pointer { kDefault, kArrow, kHourglass };
 
 // What an open-file dialog shows. The filter is pairs of a description and its patterns, all separated by "|".
@@ -41,16 +40,16 @@ class Ui {
  public:
   virtual ~Ui() = default;
 
-  // MessageBoxA, owned by the active window. Gives the button pressed; closing the box answers Cancel, or OK where OK
-  // is the only button. A box that cannot be shown answers No, Cancel, or OK where OK is the only button.
+  // MessageBoxA, owned by the active window. Returns the button pressed; closing the box answers Cancel, or OK where OK
+  // is the only button. For a box that cannot be shown returns No, Cancel, or OK where OK is the only button.
   virtual Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) = 0;
 
-  // GetOpenFileNameA without flags, owned by the active window: gives the full path of one file, which need not be
+  // GetOpenFileNameA without flags, owned by the active window: returns the full path of one file, which need not be
   // there. The folder in which the user chose it becomes the process's current one. Fails with 32755 when the user
   // cancels.
   virtual Result<std::string> openFileDialog(const OpenFileRequest& request) = 0;
 
-  // Lets the windows repaint and carries out what the user did meanwhile (clicks, keys); returns when nothing is left.
+  // Processes pending messages (painting, clicks, keys); returns when none are left.
   virtual void serveEvents() = 0;
 
   virtual void setPointer(Pointer pointer) = 0;

@@ -34,7 +34,7 @@ struct UrlCacheEntry {
   std::uint32_t exemptDelta = 0;
 };
 
-// What an enumeration is called by; there is none when a call gives this.
+// The handle returned when there is no enumeration.
 inline constexpr Handle kNoUrlCache = 0;
 
 class UrlCache {
@@ -43,7 +43,7 @@ class UrlCache {
 
   // FindFirstUrlCacheEntryA without a pattern. Stores the first entry in `buffer`, a block of `size` bytes, and gives
   // the handle of the enumeration; kNoUrlCache when the cache is empty, when the block is null or too small, or on
-  // failure. Where there is an entry, `size` is afterwards the bytes that it takes; otherwise it stays.
+  // failure. Where there is an entry, `size` is then the number of bytes that it needs; otherwise it is unchanged.
   virtual Handle findFirstUrlCacheEntry(UrlCacheEntry* buffer, std::uint32_t& size) = 0;
   // FindNextUrlCacheEntryA. The same for the next entry, which stays the next one as long as it does not fit; false at
   // the end, and for a handle that is not a live one.

@@ -1,4 +1,4 @@
-// The history of visited pages: a COM object that is called by the places of its methods, not by their names.
+// The history of visited pages: a COM object whose methods are called by their positions in its function table.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ struct Guid {
   bool operator==(const Guid&) const = default;
 };
 
-// Where a class may run: in this process, in a library or in a library that stands in for another process.
+// The class context: in this process, as a server library or as a handler library.
 inline constexpr std::uint32_t kInProcess = 3;
 
 class UrlHistory {
@@ -25,11 +25,11 @@ class UrlHistory {
   virtual ~UrlHistory() = default;
 
   // CoCreateInstance without an outer object. Stores in `object` a new object of the class, seen through the interface;
-  // it lives until its Release is called. Gives 0, or the failure's code, and leaves `object` as it was.
+  // it lives until its Release is called. Returns 0, or the failure's code, and leaves `object` as it was.
   virtual std::int32_t coCreateInstance(const Guid& classId, std::uint32_t context, const Guid& interfaceId,
                                         Handle& object) = 0;
   // DispCallFunc. Calls the method in the `slot`-th place (0-based) of the object's function table, which takes nothing
-  // and gives a 32-bit number, and gives that number.
+  // and returns a 32-bit number; returns that number.
   virtual std::int32_t dispCallFunc(Handle object, std::uint32_t slot) = 0;
 };
 

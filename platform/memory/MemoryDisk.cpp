@@ -251,8 +251,7 @@ std::vector<NodePtr> MemoryDisk::matches(std::string_view path) const {
   if (!folder || !(*folder)->isFolder() || parts.name.find_first_of("*?") == std::string::npos) return {};
   std::vector<NodePtr> nodes;
   for (const auto& [name, entry] : *(*folder)->entries) {
-    const bool matches = matchesPattern(parts.name, name) || matchesPattern(parts.name, entry->shortName);
-    if (matches) nodes.push_back(entry);
+    if (matchesPattern(parts.name, name)) nodes.push_back(entry);
   }
   return nodes;
 }

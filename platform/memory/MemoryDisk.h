@@ -32,13 +32,12 @@ struct Contents {
 // A file or a folder.
 struct Node {
   std::string name;
-  std::uint32_t attributes = 0;  // never kNormal, which stands for none
+  std::uint32_t attributes = 0;  // never kNormal, which means none
   bool isExclusive = false;      // somebody has it open, and shares nothing
   bool deniesWriting = false;    // and deleting
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
   Contents contents = {};
-  std::string shortName = {};                    // what patterns match too
   std::optional<std::uint64_t> listedSize = {};  // what an enumeration gives instead of the file's own size
   std::shared_ptr<Entries> entries = {};         // of a folder; a link has those of the folder that it points to
 
@@ -70,8 +69,6 @@ class MemoryDisk {
   void addLink(const std::string& path, const std::string& target);
   // From now on enumerations give this size for the file, as a folder does whose entry is older than the latest writes.
   void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
-  // The 8.3 name, which patterns match too. Nothing has one until it is given here.
-  void setShortName(const std::string& path, const std::string& name) { existing(path)->shortName = name; }
   void setAttributes(const std::string& path, std::uint32_t attributes);
   // What another program does in the midst of things: makes a file a folder that holds a file "inside.txt", a folder a
   // link to `target`, a file a link to a file. Returns false when something there is open, which forbids it.
@@ -137,8 +134,8 @@ class MemoryDisk {
   // --- Renaming and removal
   // Gives a file another path, on another drive too. Its new folder must be there, and the name not taken.
   Result<void> move(const NodePtr& file, std::string_view path);
-  // Removes a file, or a folder with all that is in it; stops at the first thing that cannot go. A link goes without
-  // what it points to. Read-only files are refused unless `readOnlyToo`.
+  // Removes a file, or a folder with all that is in it; stops at the first thing that cannot be removed. Of a link only
+  // the link is removed. Read-only files are refused unless `readOnlyToo`.
   Result<void> remove(const NodePtr& node, bool readOnlyToo);
   // Moves a file into the Recycle Bin, read-only or not.
   Result<void> recycle(const NodePtr& file);

@@ -1,4 +1,4 @@
-// What surrounds the program on the in-memory machine: a clock that stands still until it is moved, code page 1252.
+// The environment of the in-memory machine: a clock that changes only when a test sets it, and code page 1252.
 #pragma once
 
 #include <map>

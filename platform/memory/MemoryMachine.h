@@ -1,4 +1,4 @@
-// A small Windows machine in memory: it runs the program's logic without Windows, and shows what became of it.
+// A small Windows machine in memory, on which tests run the program's logic without Windows.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ namespace platform::memory {
 // show what the program did to it.
 class MemoryMachine final : public platform::Machine {
  public:
-  // Windows XP with a drive C: without a label; the program lies in C:\Program Files\Scrubhaven, which is the current
+  // Windows XP with a drive C: without a label; the program is in C:\Program Files\Scrubhaven, which is the current
   // folder.
   MemoryMachine() {
     disk_.addDrive('C');

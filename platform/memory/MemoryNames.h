@@ -10,7 +10,7 @@ namespace platform::memory {
 char upper(char letter);
 std::string upper(std::string_view text);
 
-// Orders names and paths without regard to case. A backslash comes before everything else, so that what lies below a
+// Orders names and paths without regard to case. A backslash comes before everything else, so that what is below a
 // path follows it directly.
 struct NameOrder {
   using is_transparent = void;

@@ -46,7 +46,7 @@ std::string asStored(const std::string& data, std::uint32_t type, bool isNt) {
   if (type != kRegistryText && type != kRegistryExpandableText) return data;
   // The 95 family stores a text up to its NUL, whatever size was passed.
   if (!isNt) return data.substr(0, data.find('\0')) + '\0';
-  // The NT line looks behind the last byte passed, where a NUL stands, and counts it in.
+  // The NT line looks at the byte that follows those passed, and includes it when it is a NUL.
   return data.empty() || data.back() == '\0' ? data : data + '\0';
 }
 
@@ -106,7 +106,7 @@ std::int32_t MemoryRegistry::find(RegistryKey handle, std::uint32_t access, std:
   }
   const auto opened = open_.find(handle);
   if (opened == open_.end()) return kRegistryInvalidHandle;
-  // The 95 family does not mind what a key was opened for.
+  // The 95 family does not check what a key was opened for.
   if (version_.isNtLine() && (opened->second.access & access) != access) return kRegistryAccessDenied;
   path = opened->second.path;
   return keys_.contains(path) ? kRegistryDone : kKeyDeleted;

@@ -19,7 +19,7 @@ namespace platform::memory {
 // Thrown by Ui::end(): nothing after it runs.
 struct Ended {};
 
-// A message box that was shown, and what it answered. While it still stands open, `answer` is its default button.
+// A message box that was shown, and what it answered. While it is open, `answer` is its default button.
 struct ShownBox {
   std::string text;
   std::string title;
@@ -32,10 +32,10 @@ class MemoryUi final : public Ui {
   MemoryUi(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
 
   // Queues the answer for a next box; a box without a queued answer gets its default button. An answer that the box
-  // has no button for throws std::logic_error, for the script is then out of step with the program.
+  // has no button for throws std::logic_error.
   void answer(Answer answer) { answers_.push_back(answer); }
   bool answersLeft() const { return !answers_.empty() || !chosenFiles_.empty(); }
-  // Runs the action while a box stands open, at each box from now on; an answer that it queues may be for this box.
+  // Runs the action while a box is open, at each box from now on; an answer that it queues may be for this box.
   void onBox(std::function<void(const ShownBox&)> action) { onBox_ = std::move(action); }
   // In the order opened.
   const std::vector<ShownBox>& boxes() const { return boxes_; }

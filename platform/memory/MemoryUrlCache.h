@@ -126,7 +126,7 @@ class MemoryUrlCache final : public UrlCache {
   std::map<Place, CachedPage> pages_;
   std::unordered_map<std::string, Place> places_;
   std::unordered_set<std::string> inUse_;
-  std::unordered_map<Handle, Place> enumerations_;  // where each goes on
+  std::unordered_map<Handle, Place> enumerations_;  // the place of the next entry
   std::unordered_set<void*> blocks_;
   Place lastPlace_ = 0;
   Handle lastHandle_ = 0;

@@ -25,7 +25,7 @@ class TestMachine {
   // The working folder, without a closing backslash ("C:\contract"). It exists and is empty when the test machine is
   // made.
   virtual std::string root() const = 0;
-  // A folder on another drive ("D:\contract"), which comes, empty, when it is first asked for and goes with the test
+  // A folder on another drive ("D:\contract"), made empty at the first call and removed with the test
   // machine.
   virtual std::string onOtherDrive() = 0;
 
@@ -57,8 +57,8 @@ class TestMachine {
   // Sets an environment variable of this process.
   virtual void setVariable(const std::string& name, const std::string& value) = 0;
 
-  // The working key below HKEY_CURRENT_USER, without a closing backslash. It is not there when the test machine is
-  // made, and goes with the test machine.
+  // The working key below HKEY_CURRENT_USER, without a closing backslash. It does not exist when the test machine is
+  // made, and is removed with it.
   virtual std::string keyRoot() const = 0;
 
   // Puts a page with a file of its own into the Internet cache, until the test machine's end. Nothing else is in it.

@@ -43,7 +43,7 @@ TEST_F(Attributes, MaskDecidesWhatTheDirectorySearchSees) {
       {"folder", kAnyFile, false},
       {"folder", kAnyFile | kDirectory, true},
       {"missing.txt", kAnyFile, false},
-      {"*.txt", kReadOnly, true}};  // the search goes past what the mask lacks
+      {"*.txt", kReadOnly, true}};  // the search passes over what the mask lacks
 
   for (const auto& [name, mask, expected] : cases) {
     EXPECT_EQ(files().anyFileMatches(at(name), mask), expected) << name << mask;
