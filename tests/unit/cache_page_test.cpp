@@ -27,7 +27,7 @@ class CachePage : public ConsoleTest {
 
 // Far from UTC, so that a conversion to the local time would show.
 TEST_F(CachePage, ListsTheFirstEntryAsItIsAndOfTheOthersOnlyOrdinaryOnesWithTimesInUtc) {
-  setenv("TZ", "Pacific/Auckland", 1);
+  setenv("TZ", "EAST-13", 1);
   tzset();
   machine.urlCache().add({.url = "Cookie:me@first", .type = kCookie, .expires = kAfternoon, .accessed = kAfternoon});
   machine.urlCache().add({.url = "http://h/file", .localFile = "C:\\Cache\\file[1].htm", .accessed = kAfternoon});

@@ -174,6 +174,14 @@ TEST_F(Pages, FollowEachOtherInEveryOrder) {
     EXPECT_EQ(shown(console), expected) << first << ' ' << then;
     EXPECT_EQ(console.Scan.acceptsInput(), then != std::string("cache"));
   }
+  // Two at once: the temporary folders leave the zero-byte list, an empty cache leaves the junk list.
+  scanFor(form, "zero");
+  EXPECT_EQ(press(form.Del_Temps, {platform::Answer::kOk}).size(), 2U);
+  EXPECT_EQ(shown(form).substr(0, 22), "ListView1 ListView2 : ");
+  scanFor(form, "junk");
+  machine.failAt("findFirstUrlCacheEntry", 2);
+  EXPECT_EQ(press(form.Del_Cache), Paths{"No cache items found."});
+  EXPECT_EQ(shown(form).substr(0, 20), "lvCache ListView1 : ");
 }
 
 TEST_F(Pages, OnlyAbortActsDuringAScanAndAllToolsDoAgainBehindIt) {

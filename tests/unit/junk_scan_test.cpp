@@ -37,7 +37,10 @@ constexpr std::tuple<const char*, const char*, const char*, const char*> kTypes[
 };
 
 TEST_F(JunkScan, EachTypeListsItsFilesAndNoOther) {
-  for (const auto& [caption, tip, match, miss] : kTypes) addFiles("C:\\T", {match, miss});
+  for (const auto& [caption, tip, match, miss] : kTypes) {
+    addFiles("C:\\T", {match, miss});
+    if (caption[0] == '.') machine.addFile(std::string("C:\\T\\x") + (caption + 1));  // without the point
+  }
   for (std::size_t i = 0; const auto& [caption, tip, match, miss] : kTypes) {
     controls::CheckBox& box = form.Check[i++];
     EXPECT_EQ(box.caption() + box.toolTip(), std::string(caption) + tip);
