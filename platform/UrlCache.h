@@ -41,7 +41,7 @@ class UrlCache {
  public:
   virtual ~UrlCache() = default;
 
-  // FindFirstUrlCacheEntryA without a pattern. Stores the first entry in `buffer`, a block of `size` bytes, and gives
+  // FindFirstUrlCacheEntryA without a pattern. Stores the first entry in `buffer`, a block of `size` bytes, and returns
   // the handle of the enumeration; kNoUrlCache when the cache is empty, when the block is null or too small, or on
   // failure. Where there is an entry, `size` is then the number of bytes that it needs; otherwise it is unchanged.
   virtual Handle findFirstUrlCacheEntry(UrlCacheEntry* buffer, std::uint32_t& size) = 0;

@@ -29,7 +29,7 @@ class UrlHistory {
   virtual std::int32_t coCreateInstance(const Guid& classId, std::uint32_t context, const Guid& interfaceId,
                                         Handle& object) = 0;
   // DispCallFunc. Calls the method in the `slot`-th place (0-based) of the object's function table, which takes nothing
-  // and returns a 32-bit number; returns that number.
+  // and returns a 32-bit number, and returns its result.
   virtual std::int32_t dispCallFunc(Handle object, std::uint32_t slot) = 0;
 };
 
