@@ -152,6 +152,9 @@ TEST_F(DeleteFiles, AWipeOfMoreRoundsEndsWithItsFileNotFound) {
     EXPECT_EQ(wiped ? 0 : wiped.error().number, rounds == 2 ? platform::kFileNotFound : 0);
     EXPECT_EQ(machine.exists("C:\\J\\a"), rounds == 0);
   }
+  form.ListView1.add("C:\\J\\gone");
+  EXPECT_FALSE(form.DeleteFile("C:\\J\\gone"));
+  EXPECT_EQ(form.ListView1.toolTip(), "Scan results") << "only a wipe without a failure empties it";
 }
 
 TEST_F(DeleteFiles, TooManyRowsEndTheWipeAfterItsFirstFile) {
