@@ -170,6 +170,7 @@ TEST_F(Pages, FollowEachOtherInEveryOrder) {
     frmFind console;
     console.load();
     scanFor(console, first);
+    console.ListView1.clickTick(0);
     scanFor(console, then);
     EXPECT_EQ(shown(console), expected) << first << ' ' << then;
     EXPECT_EQ(console.Scan.acceptsInput(), then != std::string("cache"));

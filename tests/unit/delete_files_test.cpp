@@ -153,6 +153,9 @@ TEST_F(DeleteFiles, AWipeWithMoreRowsListedEndsWithItsFileNotFound) {
     EXPECT_EQ(wiped ? 0 : wiped.error().number, rows == 2 ? platform::kFileNotFound : 0);
     EXPECT_FALSE(machine.exists("C:\\J\\a"));
   }
+  form.ListView1.add("C:\\J\\gone");
+  EXPECT_FALSE(form.DeleteFile("C:\\J\\gone"));
+  EXPECT_EQ(form.ListView1.toolTip(), "Scan results") << "only a wipe without a failure empties it";
 }
 
 TEST_F(DeleteFiles, TooManyRowsEndTheWipeBeforeItsFirstFile) {
@@ -168,19 +171,23 @@ TEST_F(DeleteFiles, TooManyRowsEndTheWipeBeforeItsFirstFile) {
 // Each platform call of a wipe fails once: no other file is harmed, no handle stays open, every file left has its row.
 TEST_F(DeleteFiles, AnyFailureLeavesFilesAndRowsInStep) {
   form.optWipe.setTicked(true);
-  withEachCallFailing({"anyFileMatches", "createFile", "getFile", "openBinary", "putBytes", "putBytesAt", "deleteFile"},
-                      [&](const std::string& what) {
-                        addFiles("C:\\J", {"a.tmp", "b.tmp", "c.tmp"});
-                        list({"a.tmp", "c.tmp"});
-                        press(form.Delete, {Answer::kYes});
-                        EXPECT_EQ(machine.contents("C:\\J\\b.tmp"), "x") << what;
-                        EXPECT_EQ(machine.openHandles(), 0U) << what;
-                        // A failing look for the file itself is the one way to a row that leaves too early.
-                        if (what.starts_with("anyFileMatches")) return;
-                        for (const std::string& file : machine.filesBelow("C:\\J")) {
-                          EXPECT_EQ(std::ranges::count(paths(), file), 1) << what << file;
-                        }
-                      });
+  const auto wipeOnce = [&](const std::string& what) {
+    addFiles("C:\\J", {"a.tmp", "b.tmp", "c.tmp"});
+    list({"a.tmp", "c.tmp"});
+    press(form.Delete, {Answer::kYes});
+    EXPECT_EQ(machine.contents("C:\\J\\b.tmp"), "x") << what;
+    EXPECT_EQ(machine.openHandles(), 0U) << what;
+    // A failing look for the file itself is the one way to a row that leaves too early.
+    if (what.starts_with("anyFileMatches")) return;
+    for (const std::string& file : machine.filesBelow("C:\\J")) {
+      EXPECT_EQ(std::ranges::count(paths(), file), 1) << what << file;
+    }
+  };
+  withEachCallFailing({"anyFileMatches", "createFile", "getFile", "openBinary", "putBytesAt", "deleteFile"}, wipeOnce);
+  for (const int n : {1, 200, 201, 400}) {
+    machine.failAt("putBytes", n);
+    wipeOnce("putBytes");
+  }
 }
 
 }  // namespace

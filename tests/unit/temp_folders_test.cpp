@@ -31,8 +31,9 @@ class TempFolders : public ConsoleTest {
 };
 
 TEST_F(TempFolders, OnlyFullPathsBelowARootCount) {
-  for (const std::string& path : parts(R"(C:\Folder|C:\Folder\|c:/folder//|D:\..\Folder|D:\Folder\.|C:\a\b\..|C:\..\a|)"
-                                       R"(C:\a\b\c\...|\\server\share\x|//server/share/x)")) {
+  for (const std::string& path :
+       parts(R"(C:\Folder|C:\Folder\|c:/folder//|D:\..\Folder|D:\Folder\.|C:\a\b\..|C:\..\a|C:\a\ |)"
+             R"(C:\a\b\c\...|\\server\share\x|//server/share/x)")) {
     EXPECT_TRUE(cleaners::isBelowRoot(path)) << path;
   }
   for (const std::string& path :
