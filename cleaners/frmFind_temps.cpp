@@ -62,12 +62,16 @@ void frmFind::PurgeTempFolders() {
   controls::setVisible(false, {&lvCache, &lblStatus, &Label6});
   ListView1.show();
   ListView1.clear();
-  purge(cleaners::fixedFolders(), cleaners::countsAsReadOnlyInFixedFolders);
-  purge({cleaners::tempFolder("TEMP")}, finder::countsAsReadOnly);
+  const std::vector<std::string> fixed = cleaners::fixedFolders();
+  deleteFoundFiles(fixed, findTempsIn(fixed), cleaners::countsAsReadOnlyInFixedFolders);
+
+  const std::vector<std::string> temp = {cleaners::tempFolder("TEMP")};
+  const std::vector<std::size_t> ends = findTempsIn(temp);
+  platform::machine().ui().serveEvents();
+  deleteFoundFiles(temp, ends, finder::countsAsReadOnly);
 }
 
-// Collects the files of all folders first, because the numbers of the files go on from one to the next.
-void frmFind::purge(const std::vector<std::string>& folders, bool (*countsAsReadOnly)(std::uint32_t attributes)) {
+std::vector<std::size_t> frmFind::findTempsIn(const std::vector<std::string>& folders) {
   std::int32_t fileCount = 0;
   std::int32_t dirCount = 0;
   std::vector<std::size_t> ends;
@@ -75,6 +79,11 @@ void frmFind::purge(const std::vector<std::string>& folders, bool (*countsAsRead
     FindTemps(folder, kEveryFile, fileCount, dirCount);
     ends.push_back(static_cast<std::size_t>(std::min(fileCount, kMostFilesAtOnce)));
   }
+  return ends;
+}
+
+void frmFind::deleteFoundFiles(const std::vector<std::string>& folders, const std::vector<std::size_t>& ends,
+                               bool (*countsAsReadOnly)(std::uint32_t attributes)) {
   std::size_t next = 1;
   for (std::size_t i = 0; i < folders.size(); ++i) {
     platform::FolderHold hold(folders[i]);

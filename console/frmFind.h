@@ -281,8 +281,11 @@ class frmFind final : public controls::Form {
   // Removes every folder directly in the user's Temp folder. Stores that folder's path in `path`.
   void ClearTempSubfolders(std::string& path);
   void PurgeTempFolders();
-  // Deletes the files below the folders, see cleaners::deleteTempFile.
-  void purge(const std::vector<std::string>& folders, bool (*countsAsReadOnly)(std::uint32_t attributes));
+  // Collects the files below the folders in FoundFiles. Returns the number of each folder's last file.
+  std::vector<std::size_t> findTempsIn(const std::vector<std::string>& folders);
+  // Deletes what findTempsIn has collected, see cleaners::deleteTempFile.
+  void deleteFoundFiles(const std::vector<std::string>& folders, const std::vector<std::size_t>& ends,
+                        bool (*countsAsReadOnly)(std::uint32_t attributes));
 
   // ---- Internet cache ----------------------------------------------------------------------------------------------
 
