@@ -126,8 +126,7 @@ std::int64_t frmFind::FindFilesAPI(std::string& path, const finder::ScanPatterns
                                    std::int32_t& DirCount, std::int32_t& lastLen) {
   finder::SizeText size;
   const auto list = [&](const finder::FoundFile& file) {
-    // A file whose length cannot be read is listed with the length of its folder entry.
-    lastLen = static_cast<std::int32_t>(platform::machine().files().fileSize(file.path).value_or(file.record.sizeLow));
+    lastLen = static_cast<std::int32_t>(file.size);
     // The key holds path and size, and rows hold the path only, so it almost never matches: two types that both match
     // list a file twice.
     if (ListView1.containsKey(rowKey(file.path + std::to_string(size.number())))) return;

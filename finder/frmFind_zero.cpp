@@ -30,8 +30,11 @@ platform::Result<std::int16_t> shortCount(std::size_t count) {
   return static_cast<std::int16_t>(count);
 }
 
-// The size in the folder entry may be outdated. A size that cannot be read is not 0.
-bool isEmptyFile(const std::string& path) { return platform::machine().files().fileSize(path) == 0U; }
+// The folder may have an older size, so a file is listed as empty only if its own size is 0 too. A size that cannot be
+// read is not 0.
+bool isEmptyFile(const finder::FoundFile& file) {
+  return file.size == 0 && platform::machine().files().fileSize(file.path) == 0U;
+}
 
 }  // namespace
 
@@ -102,8 +105,7 @@ void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int3
                              .onFile =
                                  [&](const finder::FoundFile& file) {
                                    ++FileCount;
-                                   if (isEmptyFile(file.path) && !finder::isKeptEmpty(file.name))
-                                     ListView2.add(file.path);
+                                   if (isEmptyFile(file) && !finder::isKeptEmpty(file.name)) ListView2.add(file.path);
                                  },
                              .onFolderDone =
                                  [this](const std::string& progress) {

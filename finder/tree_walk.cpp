@@ -1,8 +1,10 @@
 #include "finder/tree_walk.h"
 
 #include <optional>
+#include <utility>
 
 #include "finder/modFind.h"
+#include "finder/name_pattern.h"
 #include "platform/Conversions.h"
 #include "platform/Enumeration.h"
 #include "platform/Paths.h"
@@ -12,53 +14,88 @@ namespace finder {
 namespace {
 
 constexpr std::uint32_t kHiddenAndSystem = platform::kHidden | platform::kSystem;
+constexpr std::uint32_t kMostMillisecondsWithoutMessages = 20;
+
+using Entries = std::vector<platform::FolderEntry>;
+
+// A search pattern, and how to match it when that is ours to do.
+struct Search {
+  const std::string& pattern;
+  std::optional<NamePattern> own;
+};
 
 // A pattern with a separator would search another folder.
 bool isSearchable(const std::string& pattern) {
   return !platform::trimmed(pattern).empty() && pattern.find_first_of("\\/") == std::string::npos;
 }
 
+std::uint32_t tickCount() { return platform::machine().environment().getTickCount(); }
+
 class Walker {
  public:
-  Walker(const TreeWalk& walk, std::int32_t& dirCount) : walk_(walk), dirCount_(dirCount) {}
+  Walker(const TreeWalk& walk, std::int32_t& dirCount) : walk_(walk), dirCount_(dirCount) {
+    for (const std::string& pattern : walk.patterns) {
+      searches_.push_back({pattern, isSearchable(pattern) ? NamePattern::of(pattern) : std::nullopt});
+    }
+  }
 
   std::int64_t total() const { return total_; }
 
   // `folder` ends in a backslash.
   void walkFolder(const std::string& folder) {
-    const std::optional<std::vector<std::string>> subfolders = subfoldersToEnter(folder);
-    if (!subfolders) return processPendingMessages();
+    Entries entries;
+    if (!readEntries(folder, entries)) return processPendingMessages();
+    const std::vector<std::string> subfolders = subfoldersToEnter(folder, entries);
     if (walk_.onFilesBegin) walk_.onFilesBegin();
     std::string lastFile;
-    for (const std::string& pattern : walk_.patterns) {
+    for (const Search& search : searches_) {
       if (stops(StopTest::kBeforeEachPattern)) return processPendingMessages();
-      if (isSearchable(pattern)) visitFiles(folder, pattern, lastFile);
+      if (search.own) {
+        matchFiles(folder, entries, *search.own, lastFile);
+      } else if (isSearchable(search.pattern)) {
+        enumerateFiles(folder, search.pattern, lastFile);
+      }
     }
-    if (walk_.onFolderDone) walk_.onFolderDone(folder + (subfolders->empty() ? "" : subfolders->back()) + lastFile);
-    for (const std::string& name : *subfolders) {
+    if (walk_.onFolderDone) walk_.onFolderDone(folder + (subfolders.empty() ? "" : subfolders.back()) + lastFile);
+    processPendingMessages();
+    Entries().swap(entries);
+    for (const std::string& name : subfolders) {
       if (walk_.stopTest != StopTest::kNever && walk_.stopRequested()) return;
       walkFolder(folder + name + '\\');
     }
   }
 
  private:
-  static void processPendingMessages() { platform::machine().ui().serveEvents(); }
+  void processPendingMessages() {
+    platform::machine().ui().serveEvents();
+    processedAt_ = tickCount();
+  }
+
+  void processPendingMessagesInTime() {
+    if (tickCount() - processedAt_ >= kMostMillisecondsWithoutMessages) processPendingMessages();
+  }
 
   bool stops(StopTest here) const { return walk_.stopTest == here && walk_.stopRequested(); }
 
-  // The names of the subfolders that the walk enters; nothing when it has been stopped.
-  std::optional<std::vector<std::string>> subfoldersToEnter(const std::string& folder) {
-    std::vector<std::string> names;
-    const auto visit = [&](const std::string& entry, const platform::FindRecord&) {
+  // Returns false when the walk has been stopped.
+  bool readEntries(const std::string& folder, Entries& entries) {
+    return platform::machine().files().readFolder(folder, [&](platform::FolderEntry& entry) {
       if (stops(StopTest::kBeforeEachFolderEntry)) return false;
-      const std::string name = TrimAtNul(entry);
-      if (platform::isDotEntry(name) || !isEntered(folder + name)) return true;
-      names.push_back(name);
-      ++dirCount_;
-      if (walk_.onSubfolder) walk_.onSubfolder(folder + name);
+      entries.push_back(std::move(entry));
+      processPendingMessagesInTime();
       return true;
-    };
-    if (!forEachEntry(platform::machine().files(), folder + "*", visit, processPendingMessages)) return std::nullopt;
+    });
+  }
+
+  // Only what the folder calls a folder is asked for its attributes.
+  std::vector<std::string> subfoldersToEnter(const std::string& folder, const Entries& entries) {
+    std::vector<std::string> names;
+    for (const platform::FolderEntry& entry : entries) {
+      if (!platform::isDirectory(entry.attributes) || !isEntered(folder + entry.name)) continue;
+      names.push_back(entry.name);
+      ++dirCount_;
+      if (walk_.onSubfolder) walk_.onSubfolder(folder + entry.name);
+    }
     return names;
   }
 
@@ -68,23 +105,38 @@ class Walker {
     return walk_.entersHiddenSystemFolders || (attributes & kHiddenAndSystem) != kHiddenAndSystem;
   }
 
-  void visitFiles(const std::string& folder, const std::string& pattern, std::string& lastFile) {
+  void matchFiles(const std::string& folder, const Entries& entries, const NamePattern& pattern,
+                  std::string& lastFile) {
+    for (const platform::FolderEntry& entry : entries) {
+      processPendingMessagesInTime();
+      if (platform::isDirectory(entry.attributes)) continue;
+      const bool matches =
+          pattern.matches(entry.name) || (!entry.shortName.empty() && pattern.matches(entry.shortName));
+      if (matches) visitFile(folder, entry.name, entry.size, lastFile);
+    }
+  }
+
+  void enumerateFiles(const std::string& folder, const std::string& pattern, std::string& lastFile) {
     const auto visit = [&](const std::string& entry, const platform::FindRecord& record) {
-      const std::string name = TrimAtNul(entry);
-      const std::string file = folder + name;
-      // The attributes answer where the file-system object cannot be created.
-      if (platform::isDotEntry(name) || platform::isDirectory(record.attributes) || isFolder(file)) return true;
-      lastFile = name;
-      total_ += countedSize(record);
-      walk_.onFile({file, name, record});
+      const std::uint64_t size = (std::uint64_t{record.sizeHigh} << 32) | record.sizeLow;
+      if (!platform::isDirectory(record.attributes)) visitFile(folder, TrimAtNul(entry), size, lastFile);
       return true;
     };
     forEachEntry(platform::machine().files(), folder + pattern, visit);
   }
 
+  void visitFile(const std::string& folder, const std::string& name, std::uint64_t size, std::string& lastFile) {
+    const std::string path = folder + name;
+    lastFile = name;
+    total_ += countedSize(size);
+    walk_.onFile({path, name, size});
+  }
+
   const TreeWalk& walk_;
   std::int32_t& dirCount_;
+  std::vector<Search> searches_;
   std::int64_t total_ = 0;
+  std::uint32_t processedAt_ = tickCount();
 };
 
 }  // namespace
@@ -101,10 +153,8 @@ std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const TreeWalk&
 std::vector<std::string> subfoldersOf(const std::string& folder) {
   std::vector<std::string> paths;
   platform::FileSystem& files = platform::machine().files();
-  forEachEntry(files, folder + "*", [&](const std::string& entry, const platform::FindRecord&) {
-    const std::string name = TrimAtNul(entry);
-    const bool isDot = platform::isDotEntry(name);
-    if (!isDot && platform::isOwnFolder(files.getFileAttributes(folder + name))) paths.push_back(folder + name);
+  files.readFolder(folder, [&](platform::FolderEntry& entry) {
+    if (platform::isOwnFolder(files.getFileAttributes(folder + entry.name))) paths.push_back(folder + entry.name);
     return true;
   });
   return paths;
@@ -112,8 +162,8 @@ std::vector<std::string> subfoldersOf(const std::string& folder) {
 
 bool isFolder(const std::string& path) { return platform::machine().fileObjects().folderExists(path); }
 
-std::int64_t countedSize(const platform::FindRecord& record) {
-  return std::int64_t{static_cast<std::int32_t>(record.sizeLow)} - std::int64_t{record.sizeHigh};
+std::int64_t countedSize(std::uint64_t size) {
+  return std::int64_t{static_cast<std::int32_t>(size)} - static_cast<std::int64_t>(size >> 32);
 }
 
 }  // namespace finder

@@ -18,7 +18,7 @@ enum class StopTest { kNever, kBeforeEachPattern, kBeforeEachFolderEntry };
 struct FoundFile {
   const std::string& path;  // full path
   const std::string& name;
-  const platform::FindRecord& record;
+  std::uint64_t size;  // bytes, as the folder has them
 };
 
 // What distinguishes one walk from another. Callbacks that are not set are not called.
@@ -38,8 +38,9 @@ struct TreeWalk {
 // Walks the tree below `path`, depth first, a folder's files before its subfolders; links to folders are not entered. A
 // closing backslash is appended to `path` when it has none; an empty path names no folder. Adds the number of folders
 // to enter to `DirCount`. Returns the sum of the files' sizes, see countedSize. Folders that cannot be read are
-// skipped. Processes pending messages after each entry of the subfolder pass.
-// FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+// skipped. Each folder is read once; only a pattern whose rules are the system's own (NamePattern) is enumerated
+// again. Processes pending messages after each folder, and every 20 ms within one.
+// FileSystem::readFolder, FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
 std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const TreeWalk& walk);
 
 // The full paths of the folders directly in `folder`, which ends in a backslash; links are left out.
@@ -48,8 +49,8 @@ std::vector<std::string> subfoldersOf(const std::string& folder);
 // Whether a folder of that path exists. FileSystemObject.FolderExists.
 bool isFolder(const std::string& path);
 
-// A file's size as the totals count it: the low half as a signed number minus the high half. Sizes of 2 GB and more
+// A size in bytes as the totals count it: the low half as a signed number minus the high half. Sizes of 2 GB and more
 // count wrongly.
-std::int64_t countedSize(const platform::FindRecord& record);
+std::int64_t countedSize(std::uint64_t size);
 
 }  // namespace finder

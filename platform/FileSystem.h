@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,14 @@ struct FindRecord {
   std::array<char, 255 * 3 + 1> name{};
 };
 
+// One entry of a folder that is read as a whole.
+struct FolderEntry {
+  std::string name;
+  std::string shortName;  // 8.3 name; empty when there is none besides `name`
+  std::uint32_t attributes = 0;
+  std::uint64_t size = 0;  // bytes, as the folder has them; may be older than the file's own size
+};
+
 using Handle = std::uintptr_t;
 inline constexpr Handle kInvalidHandle = ~static_cast<Handle>(0);
 
@@ -79,6 +88,10 @@ class FileSystem {
   virtual bool findNextFile(Handle enumeration, FindRecord& record) = 0;
   // FindClose. Ends the enumeration; false when the handle is not a live one.
   virtual bool findClose(Handle enumeration) = 0;
+  // Calls `visit` once for each entry of `folder`, which ends in a backslash, except "." and "..", in the order of an
+  // enumeration, until it returns false; returns false then. Names are those of an enumeration. A folder that cannot be
+  // read has no entries. FindFirstFileW, FindNextFileW, FindClose; FindFirstFileA, FindNextFileA.
+  virtual bool readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) = 0;
 
   // GetFileAttributesA. Returns the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
   virtual std::uint32_t getFileAttributes(const std::string& path) = 0;

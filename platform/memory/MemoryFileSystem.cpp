@@ -52,6 +52,19 @@ bool MemoryFileSystem::findClose(Handle enumeration) {
   return enumerations_.erase(enumeration) != 0 && !fails;
 }
 
+bool MemoryFileSystem::readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) {
+  if (faults_.nextFault("readFolder")) return true;
+  for (const NodePtr& node : disk_.matches(folder + "*")) {
+    if (node->parent == nullptr) continue;
+    FolderEntry entry{.name = node->name,
+                      .shortName = {},
+                      .attributes = node->reportedAttributes(),
+                      .size = node->listedSize.value_or(node->contents.size)};
+    if (!visit(entry)) return false;
+  }
+  return true;
+}
+
 // --- Attributes and lengths
 
 std::uint32_t MemoryFileSystem::getFileAttributes(const std::string& path) {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace platform::win32 {
 
 std::wstring wideText(std::string_view text) {
@@ -17,6 +19,11 @@ bool hasWideCalls() {
 }
 
 std::optional<std::string> exactText(std::wstring_view wide) {
+  // All code pages agree on these, and almost every name consists of them.
+  constexpr wchar_t kFirstNotAscii = 0x80;
+  if (std::ranges::all_of(wide, [](wchar_t unit) { return unit < kFirstNotAscii; })) {
+    return std::string(wide.begin(), wide.end());
+  }
   const int length = static_cast<int>(wide.size());
   std::string text(WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr), '\0');
   WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), static_cast<int>(text.size()), nullptr, nullptr);

@@ -76,6 +76,24 @@ HANDLE firstEntry(const std::string& pattern, FindRecord& record) {
   return INVALID_HANDLE_VALUE;
 }
 
+template <typename Calls>
+bool readEntries(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) {
+  typename Calls::Found found;
+  const HANDLE enumeration = Calls::first(folder + "*", found);
+  if (enumeration == INVALID_HANDLE_VALUE) return true;
+  bool goesOn = true;
+  for (bool more = true; more && goesOn; more = goesOn && Calls::next(enumeration, found)) {
+    FolderEntry entry{.name = usableName(found.cFileName),
+                      .shortName = usableName(found.cAlternateFileName),
+                      .attributes = found.dwFileAttributes,
+                      .size = (std::uint64_t{found.nFileSizeHigh} << 32) | found.nFileSizeLow};
+    if (entry.name.empty()) entry.name.swap(entry.shortName);
+    if (!entry.name.empty() && !isDotEntry(entry.name)) goesOn = visit(entry);
+  }
+  FindClose(enumeration);
+  return goesOn;
+}
+
 std::string rootOf(char letter) { return std::string(1, letter) + ":\\"; }
 
 bool isReady(char letter) {
@@ -145,6 +163,10 @@ bool Win32FileSystem::findNextFile(Handle enumeration, FindRecord& record) {
 }
 
 bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(enumeration)) != FALSE; }
+
+bool Win32FileSystem::readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) {
+  return hasWideCalls() ? readEntries<WideCalls>(folder, visit) : readEntries<NarrowCalls>(folder, visit);
+}
 
 std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
 
