@@ -2,10 +2,10 @@
 rem Deletes the index files of Internet Explorer's cache, cookies and history of every profile, and nothing else. Runs
 rem once after a restart, before anything holds them open. Says nothing; does nothing where the folders are not there.
 rem
-rem A found name is read from a loop variable only: between percent signs, in a call and in a command of "for /f" it would
-rem be read as commands. Letters of loop variables are none of "adfnpstxz", which are modifiers too. Each change of folder
-rem is checked by name, because not every interpreter gives pushd an exit code. No program is started. Routines end with
-rem "goto :eof", because "exit /b" ends the whole interpreter on NT 4.
+rem A found name is read from a loop variable only: between percent signs, in a call and in a command of "for /f" it
+rem would be read as commands. Letters of loop variables are none of "adfnpstxz", which are modifiers too. Each change of
+rem folder is checked by name, because not every interpreter gives pushd an exit code. No program is started. Routines
+rem end with "goto :eof", because "exit /b" ends the whole interpreter on NT 4.
 setlocal enableextensions
 rem NT 4 does not know the word, and has no such expansion.
 setlocal disabledelayedexpansion 2>nul
@@ -72,11 +72,11 @@ for /f "eol=: delims=" %%g in ('dir /b /ad MSHist01* 2^>nul') do (
   )
 )
 
-rem Deletes the file index.dat, unless it or a folder on the way to it is a link. "del" would empty a folder of that name,
-rem and without the pattern "dir" would list what is in it.
+rem Deletes the file index.dat, unless it or a folder on the way to it is a link. "del" would empty a folder of that
+rem name, and without the pattern "dir" would list what is in it.
 :folder
 set "KEPT=yes"
-if exist index.dat for /f "eol=: delims=" %%g in ('dir /b /a-d index.dat* 2^>nul') do if /i "%%g"=="index.dat" set "KEPT="
+if exist index.dat for /f "delims=" %%g in ('dir /b /a-d index.dat* 2^>nul') do if /i "%%g"=="index.dat" set "KEPT="
 for %%w in (index.dat) do set "LETTERS=x%%~aw"
 set "STEP=."
 :up
@@ -91,8 +91,8 @@ if not defined KEPT del /f /q /a index.dat >nul 2>&1
 popd
 goto :eof
 
-rem Sets PLAIN when LETTERS, an x and the attributes, belong to something that is there and is not a link, which the ninth
-rem letter tells. NT 4 has neither those letters nor links.
+rem Sets PLAIN when LETTERS, an x and the attributes, belong to something that is there and is not a link, which the
+rem ninth letter tells. NT 4 has neither those letters nor links.
 :plain
 set "PLAIN="
 if "%LETTERS%"=="x" goto :eof

@@ -2,8 +2,8 @@
 rem Deletes the restore points of the drive that Windows XP runs from, and nothing else in their folder. Runs once after
 rem a restart with System Restore switched off. Says nothing; does nothing where the folder is not there.
 rem
-rem A found name is read from a loop variable only: between percent signs, in a call and in a command of "for /f" it would
-rem be read as commands. Letters of loop variables are none of "adfnpstxz", which are modifiers too.
+rem A found name is read from a loop variable only: between percent signs, in a call and in a command of "for /f" it
+rem would be read as commands. Letters of loop variables are none of "adfnpstxz", which are modifiers too.
 setlocal enableextensions
 setlocal disabledelayedexpansion
 set "DIRCMD="

@@ -44,7 +44,8 @@ expect_gone() {
   run_script "$script"
   diff <(comm -23 <(echo "$before") <(files)) <((($#)) && printf '%s\n' "${@/#/./}" | sort) ||
     complain "$script deleted other files than it should (${HOSTILE:-$ALL_USERS})"
-  [[ -z $(comm -13 <(echo "$before") <(files)) ]] || complain "$script made files, or ran a program of the current folder"
+  [[ -z $(comm -13 <(echo "$before") <(files)) ]] ||
+    complain "$script made files, or started what lies in the current folder"
 }
 
 make_prefix "$PREFIX" || exit 1
@@ -68,7 +69,7 @@ for profile in 'Documents and Settings/Ann' 'Documents and Settings/Default User
   for folder in 'Cookies' 'Temporary Internet Files/Content.IE5' 'Local Settings/Temporary Internet Files/Content.IE5' \
     'History/History.IE5' 'History/History.IE5/MSHist012003010120030102' 'Local Settings/History/History.IE5' \
     'Local Settings/History/History.IE5/MSHist012003010620030113'; do
-    put "$profile/$folder/kept.dat"
+    put "$profile/$folder/attrib.cmd" "@echo started >planted.txt"
     INDEXES+=("$profile/$folder/index.dat")
   done
   put "$profile/UserData/index.dat"
@@ -108,8 +109,9 @@ for file in RP1/A0000001.exe 'RP1/%TEMP% & del kept.txt/^/!x!/x' RP1/snapshot/_R
 done
 put "$SVI/_restore{%TEMP% & del kept.txt}/x"
 mapfile -t GONE < <(cd "$C" && find "$SVI" -mindepth 1)
-for path in tracking.log catalog.wci/0001.ci '_restored notes.txt' _restored/kept.txt '../_restore{elsewhere}/RP1/A0000001.exe' \
-  '_restore{＼..＼..＼Data}/kept.txt' '_restore{ʺ & del kept.txt & rem ʺ}/kept.txt' '../Data}/kept.txt'; do put "$SVI/$path"; done
+for path in tracking.log catalog.wci/0001.ci '_restored notes.txt' _restored/kept.txt '../Data}/kept.txt' \
+  '../_restore{elsewhere}/RP1/A0000001.exe' '_restore{＼..＼..＼Data}/kept.txt' \
+  '_restore{ʺ & del kept.txt & rem ʺ}/kept.txt'; do put "$SVI/$path"; done
 link "$SVI/_restore{link}" Elsewhere
 link "$SVI/_restore{deep}/RP1/link" Elsewhere
 in_prefix 'C:\windows\system32\attrib.exe' +h +s "C:\\$SVI"
