@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -15,6 +16,22 @@ inline constexpr RegistryKey kLocalMachine = 0x80000002;
 inline constexpr RegistryKey kUsers = 0x80000003;
 inline constexpr RegistryKey kCurrentConfig = 0x80000005;
 inline constexpr RegistryKey kDynamicData = 0x80000006;
+
+// A root under its names. Script paths use the long name, and the short one where `isShortInScripts`.
+struct RootName {
+  std::string_view shortName;
+  std::string_view longName;  // empty when script paths cannot name the root
+  RegistryKey key;
+  bool isShortInScripts;
+};
+inline constexpr RootName kRootNames[] = {
+    {"HKCU", "HKEY_CURRENT_USER", kCurrentUser, true},
+    {"HKLM", "HKEY_LOCAL_MACHINE", kLocalMachine, true},
+    {"HKU", "HKEY_USERS", kUsers, false},
+    {"HKDD", "", kDynamicData, false},
+    {"HKCC", "HKEY_CURRENT_CONFIG", kCurrentConfig, false},
+    {"HKCR", "HKEY_CLASSES_ROOT", kClassesRoot, true},
+};
 
 // What a key is opened for, to be added up. The 95 family does not check it.
 inline constexpr std::uint32_t kQueryValue = 1;

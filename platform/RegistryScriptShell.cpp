@@ -9,22 +9,6 @@ namespace {
 
 constexpr std::int32_t kSystemErrorBase = static_cast<std::int32_t>(0x80070000);
 
-struct RootName {
-  std::string_view name;
-  RegistryKey key;
-};
-
-constexpr RootName kRoots[] = {
-    {"HKEY_CURRENT_USER", kCurrentUser},
-    {"HKCU", kCurrentUser},
-    {"HKEY_LOCAL_MACHINE", kLocalMachine},
-    {"HKLM", kLocalMachine},
-    {"HKCR", kClassesRoot},
-    {"HKEY_CLASSES_ROOT", kClassesRoot},
-    {"HKEY_CURRENT_CONFIG", kCurrentConfig},
-    {"HKEY_USERS", kUsers},
-};
-
 // What a script path comes to.
 struct Place {
   RegistryKey root = 0;
@@ -33,9 +17,11 @@ struct Place {
 };
 
 std::optional<Place> placeOf(std::string_view path) {
-  for (const RootName& root : kRoots) {
-    if (!path.starts_with(root.name) || path.substr(root.name.size(), 1) != "\\") continue;
-    const std::string_view rest = path.substr(root.name.size() + 1);
+  const std::string_view name = path.substr(0, path.find('\\'));
+  if (name.empty() || name.size() == path.size()) return std::nullopt;
+  for (const RootName& root : kRootNames) {
+    if (name != root.longName && !(root.isShortInScripts && name == root.shortName)) continue;
+    const std::string_view rest = path.substr(name.size() + 1);
     const std::size_t end = rest.rfind('\\');
     if (end == std::string_view::npos) return Place{root.key, "", std::string(rest)};
     return Place{root.key, std::string(rest.substr(0, end)), std::string(rest.substr(end + 1))};

@@ -19,15 +19,6 @@ constexpr std::size_t kProfileBufferSize = 255;
 // More than a number needs: a value of another type up to this size is read too, and its first four bytes count.
 constexpr std::size_t kNumberQuerySize = 32;
 
-struct Hive {
-  const char* name;
-  RegistryKey key;
-};
-
-constexpr Hive kHives[] = {{"HKCU", platform::kCurrentUser},   {"HKLM", platform::kLocalMachine},
-                           {"HKU", platform::kUsers},          {"HKDD", platform::kDynamicData},
-                           {"HKCC", platform::kCurrentConfig}, {"HKCR", platform::kClassesRoot}};
-
 std::string upperCase(const std::string& text) { return platform::machine().environment().upperCase(text); }
 
 template <typename Number>
@@ -123,8 +114,8 @@ Result<std::int32_t> writeValue(RegistryKey key, const std::string& name, const 
 
 RegistryKey GetRootKey(const std::string& hive) {
   const std::string name = upperCase(hive);
-  const auto* found = std::ranges::find_if(kHives, [&name](const Hive& one) { return name == one.name; });
-  if (found != std::end(kHives)) return found->key;
+  const auto* found = std::ranges::find(platform::kRootNames, name, &platform::RootName::shortName);
+  if (found != std::end(platform::kRootNames)) return found->key;
   return platform::machine().files().anyFileMatches(hive, platform::kReadOnly) ? ROOT_KEY_INI_FILE : 0;
 }
 

@@ -10,19 +10,22 @@ namespace {
 
 constexpr std::int32_t kKeyDeleted = 1018;
 
-const std::map<RegistryKey, std::string> kRoots = {
-    {kClassesRoot, "HKCR"}, {kCurrentUser, "HKCU"}, {kLocalMachine, "HKLM"}, {kUsers, "HKU"}, {kCurrentConfig, "HKCC"}};
-
 std::string line(const char* call, const std::string& text, std::initializer_list<std::size_t> numbers) {
   std::string result = std::string(call) + ' ' + text;
   for (const std::size_t number : numbers) result += ' ' + std::to_string(number);
   return result;
 }
 
+// Null for a key that is no root. The double has no dynamic data.
+const RootName* rootOf(RegistryKey key) {
+  const auto* root = std::ranges::find(kRootNames, key, &RootName::key);
+  return root == std::end(kRootNames) || key == kDynamicData ? nullptr : root;
+}
+
 // A path as a call passes it, behind the root that it is below.
 std::string passed(RegistryKey key, const std::string& path) {
-  const auto root = kRoots.find(key);
-  return root == kRoots.end() ? path : root->second + ' ' + path;
+  const RootName* root = rootOf(key);
+  return root == nullptr ? path : std::string(root->shortName) + ' ' + path;
 }
 
 std::string hexadecimal(const std::string& bytes) {
@@ -100,8 +103,8 @@ MemoryRegistry::Keys::const_iterator MemoryRegistry::endOf(const std::string& pa
 }
 
 std::int32_t MemoryRegistry::find(RegistryKey handle, std::uint32_t access, std::string& path) const {
-  if (const auto root = kRoots.find(handle); root != kRoots.end()) {
-    path = root->second;
+  if (const RootName* root = rootOf(handle); root != nullptr) {
+    path = root->shortName;
     return kRegistryDone;
   }
   const auto opened = open_.find(handle);
@@ -157,7 +160,7 @@ std::int32_t MemoryRegistry::deleteKey(RegistryKey key, const std::string& path)
 
 std::int32_t MemoryRegistry::closeKey(RegistryKey key) {
   const auto fault = faults_.nextFault("closeKey", kRegistryInvalidHandle);
-  const bool wasOpen = kRoots.contains(key) || open_.erase(key) != 0;
+  const bool wasOpen = rootOf(key) != nullptr || open_.erase(key) != 0;
   if (fault) return *fault;
   return wasOpen ? kRegistryDone : kRegistryInvalidHandle;
 }

@@ -1,0 +1,66 @@
+#!/bin/bash
+# compare_scan.sh [RUNS]: compares the scans in the program's real window with other ways to read the same tree under
+# Wine. Each run times all of them in turn, so that a ratio compares times under the same load. RUNS is 5 by default.
+#
+#   half    20,000 files in 520 folders, half of them junk of all types
+#   few     100,000 files in 2,600 folders, 1 % of them junk
+#
+# Printed for each tree: min / median / max of the junk scan against `cmd /c dir /s /b` with the same patterns and
+# against one bare enumeration of every folder, and of the zero-byte scan against the bare enumeration.
+set -uo pipefail
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+source "$ROOT/scripts/seal.sh"
+
+RUNS=${1:-5}
+PREFIX=$SEAL_BUILD/bench-prefix
+
+"$ROOT/scripts/build.sh" win32 || exit 1
+cmake -S "$ROOT" --preset win32-tests -DSCRUBHAVEN_BENCH=ON >/dev/null || exit 1
+"$ROOT/scripts/build.sh" win32-tests scan_window || exit 1
+make_prefix "$PREFIX" || exit 1
+"$ROOT/scripts/install_app.sh" "$PREFIX" || exit 1
+# Also restores the configuration of the tests' build.
+clean_up() {
+  stop_prefix "$PREFIX"
+  cmake -S "$ROOT" --preset win32-tests -DSCRUBHAVEN_BENCH=OFF >/dev/null
+}
+trap clean_up EXIT
+cp -- "$SEAL_BUILD/win32-tests/scan_window.exe" "$PREFIX/drive_c/"
+
+# make_tree FOLDERS FILES_EACH JUNK_EVERY: every JUNK_EVERY-th file is junk of one of the types in turn.
+make_tree() {
+  local folder file n=0 types=(wbk bak gid tmp temp _mp --- syd nav old cpy 'db$' prv chk nu3 err)
+  rm -rf -- "$PREFIX/drive_c/tree"
+  for ((folder = 0; folder < $1; ++folder)); do
+    local path=$PREFIX/drive_c/tree/$((folder % 20))/$folder
+    mkdir -p "$path"
+    for ((file = 0; file < $2; ++file, ++n)); do
+      if ((n % $3 == 0)); then
+        echo "$path/file $n.${types[n / $3 % ${#types[@]}]}"
+      else
+        echo "$path/file $n.txt"
+      fi
+    done
+  done | while IFS= read -r path; do echo content >"$path"; done
+}
+
+ratios() {
+  awk -v a="$2" -v b="$3" '{ print $a / $b }' <<<"$4" | sort -g |
+    awk -v what="$1" '{ v[NR] = $1 } END { printf "  %-44s %.3f / %.3f / %.3f\n", what, v[1], v[int((NR + 1) / 2)], v[NR] }'
+}
+
+compare() {
+  local name=$1 times
+  shift
+  make_tree "$@"
+  times=$("$ROOT/scripts/with_display.sh" "$ROOT/scripts/in_prefix.sh" "$PREFIX" 'C:\scan_window.exe' "$RUNS" | tr -d '\r')
+  echo "$name: $(head -n 1 <<<"$times"); seconds of junk scan, zero-byte scan, dir, bare enumeration:"
+  times=$(tail -n +2 <<<"$times")
+  sed 's/^/  /' <<<"$times"
+  ratios 'junk scan / dir' 1 3 "$times"
+  ratios 'junk scan / bare enumeration' 1 4 "$times"
+  ratios 'zero-byte scan / bare enumeration' 2 4 "$times"
+}
+
+compare half 520 38 2
+compare few 2600 38 100
