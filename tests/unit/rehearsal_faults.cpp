@@ -1,5 +1,6 @@
 // Every platform call of every tool's run fails once.
 #include <algorithm>
+#include <set>
 
 #include "tests/unit/Rehearsal.h"
 
@@ -36,6 +37,7 @@ const std::map<std::string, std::vector<std::int32_t>> kCodes = {
 // Runs the scenario with the n-th call, and `more` behind it, failing. Returns the operation that failed last; empty
 // when there was no such call.
 std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int32_t> code, int more) {
+  static const Snapshot before = World().everything();
   World world;
   const Paths mayGo = parts(scenario.mayGo);
   controls::ListView& list = world.console->ListView1;
@@ -46,7 +48,6 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
     }
     world.answer(box, !box.text.starts_with(scenario.refused));
   });
-  const Snapshot before = world.everything();
   world.machine.faults().failCall(n, code, 1 + more);
   scenario.run(world, mayGo);
   const std::string operation = world.machine.faults().lastFailed();
@@ -62,6 +63,8 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
       EXPECT_TRUE(!shown->ticked(i) || world.machine.exists(shown->text(i))) << shown->text(i);
     }
   }
+  // When both looks at a path fail, nothing can tell whether the file is there.
+  if (more > 0 && operation == "getFileAttributes") listed.clear();
   for (const std::string& path : listed) {
     bool isListed = false;
     for (std::size_t i = 0; i < list.rowCount(); ++i) isListed = isListed || list.text(i) == path;
@@ -72,10 +75,13 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
   return operation;
 }
 
-// The shredder and the wipe make the same calls hundreds of times; unless SCRUBHAVEN_EVERY_CALL is 1, an operation that
-// has failed often fails with its usual number only, and calls behind it are left out.
+// What the shredder and the wipe call hundreds of times. Unless SCRUBHAVEN_EVERY_CALL is 1, such an operation that has
+// failed often fails with its usual number only, and calls behind it are left out.
+const std::set<std::string> kRepeated = {"closeFile",        "freeFile",   "flushFileBuffers", "getFullPathName",
+                                         "moveFile",         "openBinary", "putBytes",         "putBytesAt"};
+
 TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
-  constexpr int kOften = 12;
+  constexpr int kOften = 6;
   constexpr int kStep = 11;
   const bool every = numberFrom("SCRUBHAVEN_EVERY_CALL", 0) != 0;
   int calls = 0;
@@ -86,8 +92,8 @@ TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
     for (int n = 1;; ++calls, ++runs) {
       const std::string operation = runWithFault(scenario, n, std::nullopt, 0);
       if (operation.empty()) break;
-      if (testing::Test::HasFailure()) return;
-      const bool often = !every && ++failures[operation] > kOften;
+      if (testing::Test::HasFailure()) break;
+      const bool often = ++failures[operation] > kOften && kRepeated.contains(operation) && !every;
       const auto codes = kCodes.find(operation);
       if (codes != kCodes.end() && !often) {
         for (const std::int32_t code : codes->second) {
@@ -102,6 +108,7 @@ TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
       n += often ? kStep : 1;
     }
     EXPECT_FALSE(failures.empty()) << scenario.name;
+    std::printf("%s calls %d runs %d pairs %d\n", scenario.name, calls, runs, pairs);
   }
   RecordProperty("calls", calls);
   RecordProperty("runs", runs);

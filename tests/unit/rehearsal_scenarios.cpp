@@ -126,8 +126,7 @@ const Scenario kScenarios[] = {
            world.console->optRecycle.click();
            world.console->Delete.click();
          },
-     .mayGo = kJunk,
-     .pairs = true},
+     .mayGo = kJunk},
     {.name = "junk wiped",
      .run =
          [](World& world, const Paths& chosen) {
