@@ -25,6 +25,7 @@
 #include "finder/junk_types.h"
 #include "finder/tree_walk.h"
 #include "platform/Conversions.h"
+#include "platform/FolderHold.h"
 
 class frmFind final : public controls::Form {
  public:
@@ -248,6 +249,7 @@ class frmFind final : public controls::Form {
   // The key under which rows are compared: without outer blanks, in capitals.
   static std::string rowKey(std::string_view text);
   std::string junkRoot_;  // the folder that the listed files were found below
+  platform::Links junkRootLinks_ = platform::Links::kNone;
 
   // ---- Deletion of junk files --------------------------------------------------------------------------------------
 
@@ -273,6 +275,7 @@ class frmFind final : public controls::Form {
   void ListView2_ItemCheck();
   void updateZeroDelete();
   std::string zeroRoot_;  // the folder that the listed files were found below
+  platform::Links zeroRootLinks_ = platform::Links::kNone;
 
   // ---- Temporary folders -------------------------------------------------------------------------------------------
 

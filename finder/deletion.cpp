@@ -39,15 +39,24 @@ platform::Result<void> overwriteStart(const std::string& path) {
   return written;
 }
 
-// The folder entry of exactly that path.
-std::optional<platform::FindRecord> entryAt(const std::string& path) {
+// The folder entry that the system finds under that path, its name perhaps in other letters.
+std::optional<platform::FindRecord> foundAt(const std::string& path) {
   platform::FileSystem& files = platform::machine().files();
   platform::FindRecord record;
   const platform::Handle enumeration = files.findFirstFile(path, record);
   if (enumeration == platform::kInvalidHandle) return std::nullopt;
   files.findClose(enumeration);
-  const std::string name = path.substr(path.rfind('\\') + 1);
-  return TrimAtNul({record.name.data(), record.name.size()}) == name ? std::optional(record) : std::nullopt;
+  return record;
+}
+
+bool hasNameOf(const platform::FindRecord& record, const std::string& path) {
+  return TrimAtNul({record.name.data(), record.name.size()}) == path.substr(path.rfind('\\') + 1);
+}
+
+// The folder entry of exactly that path.
+std::optional<platform::FindRecord> entryAt(const std::string& path) {
+  const std::optional<platform::FindRecord> found = foundAt(path);
+  return found && hasNameOf(*found, path) ? found : std::nullopt;
 }
 
 bool isNeverWiped(std::uint32_t attributes) {
@@ -71,7 +80,11 @@ bool isInUse(const std::string& path) {
   return file == platform::kInvalidHandle;
 }
 
-bool isGone(const std::string& path) { return !entryAt(path); }
+bool isGone(const std::string& path) {
+  if (const std::optional<platform::FindRecord> found = foundAt(path)) return !hasNameOf(*found, path);
+  // A search that fails is not yet a file that has gone.
+  return platform::machine().files().getFileAttributes(path) == platform::kInvalidAttributes;
+}
 
 void shellDelete(std::string& path, std::int32_t flags) {
   path += '\0';

@@ -21,7 +21,7 @@ bool countsAsReadOnly(std::uint32_t attributes);
 // Whether another program holds the file at `path` open; false when there is no such file. CreateFileA.
 bool isInUse(const std::string& path);
 
-// Whether there is nothing of exactly that path. FindFirstFileA.
+// Whether there is nothing of exactly that path. FindFirstFileA, GetFileAttributesA.
 bool isGone(const std::string& path);
 
 // Looks at the path right before a deletion. Deletable: a file, or a link to one, which goes without its target.

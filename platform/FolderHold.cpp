@@ -5,7 +5,9 @@
 
 namespace platform {
 
-FolderHold::FolderHold(std::string root, bool rootMayBeLink) : root_(std::move(root)), rootMayBeLink_(rootMayBeLink) {
+Links linksOnTheWayTo(const std::string& folder) { return hasLinkAbove(folder + '\\') ? Links::kAll : Links::kNone; }
+
+FolderHold::FolderHold(std::string root, Links allowed) : root_(std::move(root)), allowed_(allowed) {
   if (!root_.ends_with('\\')) root_ += '\\';
 }
 
@@ -18,11 +20,19 @@ bool FolderHold::holdAbove(const std::string& path) {
   std::size_t kept = 0;
   while (kept < held_.size() && folder.starts_with(held_[kept].first)) ++kept;
   releaseDownTo(kept);
-  if (held_.empty() && !push(root_, rootMayBeLink_)) return false;
+  if (held_.empty() && !pushRoot()) return false;
   for (std::size_t from = held_.back().first.size(); from < end; from = held_.back().first.size()) {
     if (!push(folder.substr(0, folder.find('\\', from) + 1), false)) return false;
   }
   return true;
+}
+
+bool FolderHold::pushRoot() {
+  if (!push(root_, allowed_ == Links::kAll)) return false;
+  // Looked at while the root is held: then the folders above it can no longer be replaced.
+  if (allowed_ != Links::kNone || !hasLinkAbove(root_)) return true;
+  releaseDownTo(0);
+  return false;
 }
 
 bool FolderHold::push(std::string folder, bool mayBeLink) {

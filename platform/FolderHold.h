@@ -11,25 +11,33 @@
 
 namespace platform {
 
+// Which folders of a path may be links to another place: those above it only, none of them, or all.
+enum class Links { kAbove, kNone, kAll };
+
+// The rule for a folder that the user chooses now: links that come later do not lead to what was chosen.
+// GetFileAttributesA.
+Links linksOnTheWayTo(const std::string& folder);
+
 class FolderHold {
  public:
-  // `root` is the folder that the user has chosen, or a fixed one; it may be a link itself only when `rootMayBeLink`.
-  explicit FolderHold(std::string root, bool rootMayBeLink = false);
+  // `root` is the folder that the user has chosen, or a fixed one. `allowed` is for the root and the folders above it.
+  explicit FolderHold(std::string root, Links allowed = Links::kAbove);
   ~FolderHold();
   FolderHold(const FolderHold&) = delete;
   FolderHold& operator=(const FolderHold&) = delete;
 
   // Holds the folders from the root down to the one that contains `path`, and releases those held for an earlier path
   // that are not among them. Returns false when `path` is not below the root, or when one of the folders is gone, is a
-  // link, or cannot be held. FileSystem::holdFolder.
+  // link that is not allowed, or cannot be held. FileSystem::holdFolder.
   bool holdAbove(const std::string& path);
 
  private:
+  bool pushRoot();
   bool push(std::string folder, bool mayBeLink);
   void releaseDownTo(std::size_t count);
 
   std::string root_;  // with a closing backslash
-  bool rootMayBeLink_;
+  Links allowed_;
   // From the root down, each with a closing backslash.
   std::vector<std::pair<std::string, Handle>> held_;
 };

@@ -19,8 +19,10 @@ class MemoryFaults {
     Operation& ordered = operations_[std::string(operation)];
     ordered.failures[ordered.calls + n] = number;
   }
-  // Orders the n-th next call (1-based) of any operation to fail once, as above.
-  void failCall(int n, std::optional<std::int32_t> number = std::nullopt) { failing_ = {calls_ + n, number}; }
+  // Orders the n-th next call (1-based) of any operation to fail, as above, and `count` calls in a row.
+  void failCall(int n, std::optional<std::int32_t> number = std::nullopt, int count = 1) {
+    failing_ = {calls_ + n, calls_ + n + count, number};
+  }
   // The name of the operation that has failed last.
   const std::string& lastFailed() const { return lastFailed_; }
   // How often the operation has been called.
@@ -30,7 +32,7 @@ class MemoryFaults {
   }
   // Whether an ordered failure has not happened yet.
   bool left() const {
-    return failing_.call > calls_ ||
+    return failing_.first > calls_ ||
            std::ranges::any_of(operations_, [](const auto& entry) { return !entry.second.failures.empty(); });
   }
   // Takes back what was ordered and has not happened.
@@ -45,7 +47,7 @@ class MemoryFaults {
     if (found == operations_.end()) found = operations_.emplace(operation, Operation{}).first;
     Operation& called = found->second;
     const auto failure = called.failures.extract(++called.calls);
-    const bool isNth = ++calls_ == failing_.call;
+    const bool isNth = ++calls_ >= failing_.first && calls_ < failing_.end;
     if (failure.empty() && !isNth) return std::nullopt;
     lastFailed_ = operation;
     return (isNth ? failing_.number : failure.mapped()).value_or(usual);
@@ -58,7 +60,8 @@ class MemoryFaults {
   };
 
   struct Failing {
-    int call = 0;
+    int first = 0;
+    int end = 0;
     std::optional<std::int32_t> number = {};
   };
 

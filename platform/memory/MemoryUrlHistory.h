@@ -33,10 +33,11 @@ class MemoryUrlHistory final : public UrlHistory {
     return 0;
   }
   std::int32_t dispCallFunc(Handle object, std::uint32_t slot) override {
+    const bool isLive = objects_.contains(object);
+    if (slot == kRelease) objects_.erase(object);  // one that fails too
     if (const auto fault = faults_.nextFault("dispCallFunc", kNotImplemented)) return *fault;
-    if (!objects_.contains(object)) return kBadPointer;
+    if (!isLive) return kBadPointer;
     if (slot == kClearHistory) visited_.clear();
-    if (slot == kRelease) objects_.erase(object);
     return slot == kClearHistory || slot == kRelease ? 0 : kNotImplemented;
   }
 

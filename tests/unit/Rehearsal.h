@@ -1,0 +1,70 @@
+// Whole runs of every tool, through its windows as a user makes them, on a machine that has something for each tool.
+// The rehearsals repeat them with failing calls, with other programs that change files meanwhile, and at random.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "console/frmFind.h"
+#include "tests/unit/UnitTest.h"
+
+// Everything that a tool could destroy, by path: files with their contents, URLs of the cache, registry values.
+using Snapshot = std::map<std::string, std::string>;
+
+struct World {
+  platform::memory::MemoryMachine machine;
+  platform::ScopedMachine use{machine};
+  std::optional<frmFind> console;
+
+  World();
+  // Puts back every file that is missing or changed.
+  void stock();
+  void startConsole();
+
+  Snapshot everything() const;
+  // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
+  // or what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has
+  // renamed may come.
+  Paths harmed(const Snapshot& before, const Paths& mayGo) const;
+
+  // The list that the user sees.
+  controls::ListView* front();
+  // Answers a box, by its first button or by its last.
+  void answer(const platform::memory::ShownBox& box, bool agrees);
+  // Opens a folder directly below a root, from the root's line of the folder list.
+  template <typename Window>
+  static void open(Window& window, const std::string& folder) {
+    window.Dir1.open(0);
+    for (std::size_t i = 0; i < window.Dir1.entries().size(); ++i) {
+      if (window.Dir1.entries()[i].path == folder) window.Dir1.open(i);
+    }
+  }
+  void tick(controls::ListView& list, const Paths& texts);
+
+  // Nothing is open, and the user can go on with every tool.
+  void expectUsable(bool scanToo);
+};
+
+struct Scenario {
+  const char* name;
+  // `chosen` is what the user ticks or adds: the paths of `mayGo`.
+  void (*run)(World& world, const Paths& chosen);
+  const char* mayGo = "";        // see harmed(), with "|" between the paths
+  const char* refused = "none";  // how the text begins of the box that the user answers with its last button
+  const char* spares = "";       // the exchange (by name) of a file that keeps it from being deleted
+  bool pairs = false;            // two calls in a row fail too
+  bool mayDisableScan = false;
+};
+
+std::span<const Scenario> scenarios();
+
+// The number in an environment variable, or `otherwise`.
+int numberFrom(const char* variable, int otherwise);
+
+inline bool isAllowed(const Paths& mayGo, const std::string& path) {
+  return std::ranges::any_of(mayGo, [&path](const std::string& one) {
+    return path == one || ((one.ends_with('\\') || one.ends_with('=')) && path.starts_with(one));
+  });
+}

@@ -1,0 +1,311 @@
+#include <algorithm>
+#include <cstdlib>
+
+#include "finder/frmChoose.h"
+#include "settings/frmPage.h"
+#include "settings/frmSR.h"
+#include "shredder/frmFolder.h"
+#include "shredder/frmMain.h"
+#include "tests/unit/Rehearsal.h"
+
+using platform::Answer;
+
+namespace {
+
+constexpr std::size_t kTypeTmp = 3;
+const std::string kPageKey = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management";
+const std::string kRestoreKey = "HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore";
+
+// By name and contents; those that begin with "r" are read-only. Outside has a file of each name that is deleted
+// somewhere, for links to it.
+const Paths kFiles = parts(
+    R"(C:\J\a.tmp=a|C:\J\b.tmp=b|C:\J\r.tmp=r|C:\J\Sub\a.tmp=a|C:\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
+    R"(C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
+    R"(C:\Windows\Temp\Sub\a=t|C:\Documents and Settings\Ann\Cookies\a=t|C:\Windows\Prefetch\a=p|)"
+    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=a|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
+    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\root.tmp=r|D:\Old\d=d)");
+
+void scanJunk(World& world, const Paths& chosen) {
+  frmFind& console = *world.console;
+  World::open(console, "C:\\J");
+  if (!console.Check[kTypeTmp].ticked()) console.Check[kTypeTmp].click();
+  console.Scan.click();
+  world.tick(console.ListView1, chosen);
+}
+
+void inModal(World& world, std::function<void(controls::Form&)> action) {
+  world.machine.ui().whenModal([action = std::move(action)](controls::Form& form) {
+    action(form);
+    EXPECT_TRUE(form.acceptsInput());
+    form.close();
+  });
+}
+
+template <typename Window>
+void toggle(World& world, controls::FlatButton& button) {
+  world.machine.registry().setNumber(kPageKey, "ClearPageFileAtShutdown", 0);
+  world.machine.registry().setNumber(kRestoreKey, "DisableSR", 0);
+  inModal(world, [](controls::Form& form) { dynamic_cast<Window&>(form).cmdToggle.click(); });
+  button.click();
+}
+
+void shred(World& world, const Paths& chosen) {
+  inModal(world, [&](controls::Form& form) {
+    auto& shredder = dynamic_cast<frmMain&>(form);
+    for (const std::string& path : chosen) {
+      world.machine.ui().chooseFile(path);
+      shredder.cmdAddFile.click();
+    }
+    shredder.cmdShred.click();
+    EXPECT_TRUE(shredder.cmdShred.enabled() || shredder.ListView1.empty());
+    EXPECT_FALSE(shredder.lblBlue.visible());
+    EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
+  });
+  world.console->cmdFurnace.click();
+}
+
+void shredFolder(World& world, const Paths&) {
+  inModal(world, [&](controls::Form& form) {
+    auto& shredder = dynamic_cast<frmMain&>(form);
+    inModal(world, [](controls::Form& opened) {
+      auto& picker = dynamic_cast<frmFolder&>(opened);
+      picker.Drive1.choose(0);
+      World::open(picker, "c:\\Docs");
+      if (picker.File1.path() == "c:\\Docs") picker.okButton.click();
+      if (!picker.isOpen()) picker.load();
+    });
+    shredder.cmdAddFolder.click();
+    EXPECT_EQ(shredder.cmdShred.enabled(), !shredder.ListView1.empty());
+    for (std::size_t i = shredder.ListView1.rowCount(); i-- > 0;) {
+      EXPECT_TRUE(shredder.ListView1.text(i).starts_with("c:\\Docs\\"));
+      shredder.ListView1.clickRow(i);
+      shredder.cmdRemoveFile.click();
+    }
+    EXPECT_TRUE(shredder.ListView1.empty());
+  });
+  world.console->cmdFurnace.click();
+}
+
+void changeDrives(World& world, const Paths&) {
+  world.startConsole();
+  for (const std::size_t drive : {1U, 0U}) world.console->Drive1.choose(drive);
+  World::open(*world.console, "C:\\Docs");
+  for (controls::FlatButton* button : {&world.console->cmdHelp, &world.console->cmdZero}) button->click();
+  world.console->Picture1.click();
+}
+
+void chooseExtensions(World& world, const Paths& chosen) {
+  inModal(world, [](controls::Form& form) {
+    auto& window = dynamic_cast<frmChoose&>(form);
+    window.txtChoose[0].type("tmp");
+    window.cmdAccept.click();
+    window.load();
+  });
+  world.console->cmdChoose.click();
+  scanJunk(world, chosen);
+}
+
+constexpr const char* kJunk = R"(C:\J\a.tmp|C:\J\r.tmp|C:\J\Sub\a.tmp)";
+constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
+constexpr const char* kSettings =
+    R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
+
+const Scenario kScenarios[] = {
+    {.name = "junk to the bin",
+     .run =
+         [](World& world, const Paths& chosen) {
+           scanJunk(world, chosen);
+           world.console->Delete.click();
+         },
+     .mayGo = kJunk,
+     .pairs = true},
+    {.name = "junk for good",
+     .run =
+         [](World& world, const Paths& chosen) {
+           scanJunk(world, chosen);
+           world.console->optRecycle.click();
+           world.console->Delete.click();
+         },
+     .mayGo = kJunk},
+    {.name = "junk wiped",
+     .run =
+         [](World& world, const Paths& chosen) {
+           scanJunk(world, chosen);
+           world.console->optWipe.click();
+           world.console->Delete.click();
+         },
+     .mayGo = kJunk,
+     .spares = "file to link",
+     .pairs = true},
+    {.name = "zero bytes",
+     .run =
+         [](World& world, const Paths& chosen) {
+           World::open(*world.console, "C:\\Z");
+           world.console->cmdZero.click();
+           world.tick(world.console->ListView2, chosen);
+           world.console->cmdZeroDelete.click();
+         },
+     .mayGo = R"(C:\Z\a|C:\Z\r|C:\Z\Sub\a)",
+     .spares = "made again",
+     .pairs = true},
+    {.name = "temps",
+     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
+     .mayGo = kTemps,
+     .pairs = true,
+     .mayDisableScan = true},
+    {.name = "temps refused",
+     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
+     .refused = "This will clear",
+     .mayDisableScan = true},
+    {.name = "cache",
+     .run =
+         [](World& world, const Paths& chosen) {
+           world.console->Del_Cache.click();
+           world.tick(world.console->lvCache, chosen);
+           world.console->cmdCleanCache.click();
+         },
+     .mayGo = "http://h/1|http://h/2"},
+    {.name = "cache emptied",
+     .run =
+         [](World& world, const Paths&) {
+           world.console->Del_Cache.click();
+           world.console->cmdSelect.click();
+           world.console->cmdCleanCache.click();
+         },
+     .mayGo = "http://h/0|http://h/1|http://h/2|http://h/3"},
+    {.name = "history", .run = [](World& world, const Paths&) { world.console->Del_History.click(); }},
+    {.name = "recent", .run = [](World& world, const Paths&) { world.console->Del_Recent.click(); }},
+    {.name = "bin", .run = [](World& world, const Paths&) { world.console->Del_Recycle.click(); }},
+    {.name = "typed URLs",
+     .run = [](World& world, const Paths&) { world.console->cmdMRU.click(); },
+     .mayGo = R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\)"},
+    {.name = "lists",
+     .run = [](World& world, const Paths&) { world.console->cmdLists.click(); },
+     .mayGo = R"(HKCU\Software\WinRAR\ArcHistory\)"},
+    {.name = "index files", .run = [](World& world, const Paths&) { world.console->cmdIndex.click(); }},
+    {.name = "prefetch",
+     .run = [](World& world, const Paths&) { world.console->cmdPrefetch.click(); },
+     .mayGo = R"(C:\Windows\Prefetch\a|C:\Windows\Prefetch\b)",
+     .pairs = true},
+    {.name = "page file",
+     .run = [](World& world, const Paths&) { toggle<frmPage>(world, world.console->cmdSwap); },
+     .mayGo = kSettings},
+    {.name = "restore, points deleted",
+     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
+     .mayGo = kSettings},
+    {.name = "restore, points kept",
+     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
+     .mayGo = kSettings,
+     .refused = "Do you want to delete all"},
+    {.name = "shredder", .run = shred, .mayGo = R"(C:\Docs\a.txt)", .spares = "file to link", .pairs = true},
+    {.name = "shredder's folder", .run = shredFolder},
+    {.name = "extensions", .run = chooseExtensions},
+    {.name = "start-up and drives", .run = changeDrives},
+};
+
+}  // namespace
+
+std::span<const Scenario> scenarios() { return kScenarios; }
+
+int numberFrom(const char* variable, int otherwise) {
+  const char* const text = std::getenv(variable);
+  return text == nullptr ? otherwise : std::atoi(text);
+}
+
+World::World() {
+  machine.disk().addDrive('D', "BACKUP");
+  stock();
+  machine.disk().addLink("C:\\J\\Link", "C:\\Outside");
+  machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
+  machine.environment().setVariable("TEMP", "C:\\Temp");
+  machine.environment().setVariable("Temp", "C:\\Temp");
+  machine.environment().setVariable("username", "Ann");
+  for (const char* url : {"http://h/0", "http://h/1", "http://h/2", "http://h/3"}) machine.urlCache().add({.url = url});
+  platform::memory::MemoryRegistry& registry = machine.registry();
+  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer\\TypedURLs", "url1", "u");
+  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer", "keep", "k");
+  registry.setText("HKCU\\Software\\WinRAR\\ArcHistory", "0", "a.rar");
+  registry.setText("HKCU\\Software\\WinRAR", "keep", "k");
+  registry.setText("HKLM\\SOFTWARE\\Microsoft", "keep", "k");
+  startConsole();
+}
+
+void World::stock() {
+  for (const std::string& line : kFiles) {
+    const std::string path = line.substr(0, line.find('='));
+    const bool isReadOnly = path[path.rfind('\\') + 1] == 'r';
+    machine.addFile(path, line.substr(path.size() + 1), isReadOnly ? platform::kReadOnly : platform::kArchive);
+  }
+}
+
+void World::startConsole() {
+  console.emplace();
+  console->load();
+}
+
+Snapshot World::everything() const {
+  Snapshot all;
+  const platform::memory::MemoryMachine& real = machine;
+  for (const char* root : {"C:\\", "D:\\"}) {
+    for (const std::string& path : real.filesBelow(root)) all.emplace(path, real.contents(path).value());
+  }
+  auto& changing = const_cast<platform::memory::MemoryMachine&>(machine);
+  for (const std::string& url : changing.urlCache().urls()) all.emplace(url, "");
+  for (const std::string root : {"HKCU\\", "HKLM\\"}) {
+    for (const std::string& line : changing.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
+  }
+  return all;
+}
+
+Paths World::harmed(const Snapshot& before, const Paths& mayGo) const {
+  Paths paths;
+  const Snapshot now = everything();
+  for (const auto& [path, contents] : before) {
+    const auto found = now.find(path);
+    const bool same = found != now.end() && found->second == contents;
+    if (!same && !isAllowed(mayGo, path)) paths.push_back(path);
+  }
+  for (const auto& [path, contents] : now) {
+    const bool isNewFile = path[1] == ':' && !before.contains(path);
+    if (isNewFile && !isAllowed(mayGo, path) && !path.ends_with(".tmp")) paths.push_back("new: " + path);
+  }
+  return paths;
+}
+
+controls::ListView* World::front() {
+  for (controls::ListView* list : {&console->lvCache, &console->ListView1, &console->ListView2}) {
+    if (list->visible()) return list;
+  }
+  return nullptr;
+}
+
+void World::answer(const platform::memory::ShownBox& box, bool agrees) {
+  if ((box.style & platform::kBoxYesNo) != 0) return machine.answer(agrees ? Answer::kYes : Answer::kNo);
+  const bool canCancel = (box.style & platform::kBoxOkCancel) != 0;
+  machine.answer(agrees || !canCancel ? Answer::kOk : Answer::kCancel);
+}
+
+void World::tick(controls::ListView& list, const Paths& texts) {
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    if (!list.ticked(i) && std::ranges::count(texts, list.text(i)) > 0) list.clickTick(i);
+  }
+}
+
+void World::expectUsable(bool scanToo) {
+  EXPECT_EQ(machine.openHandles(), 0U);
+  EXPECT_NE(machine.ui().pointer(), platform::Pointer::kHourglass);
+  EXPECT_TRUE(console->acceptsInput() && !console->cmdAbort.visible());
+  for (const controls::Control* control : console->controls()) {
+    const bool isTool = control->kind() == controls::Kind::kButton && control->frame() != &console->Frame2 &&
+                        control != &console->Scan && control != &console->cmdAbort;
+    EXPECT_TRUE(!isTool || control->acceptsInput()) << control->name();
+  }
+  EXPECT_TRUE(!scanToo || console->Scan.acceptsInput());
+  const bool ticked = console->Check[0].ticked();
+  console->Invert.click();
+  EXPECT_NE(console->Check[0].ticked(), ticked) << "a tool seems to run";
+  console->Invert.click();
+  if (front() == &console->ListView1) {
+    EXPECT_EQ(console->Delete.acceptsInput(), console->ListView1.tickedCount() > 0);
+  }
+}
