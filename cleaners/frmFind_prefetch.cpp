@@ -26,7 +26,7 @@ void frmFind::cmdPrefetch_Click() {
     return;
   }
   if (!objects.folderExists(kPrefetchFolder)) return;
-  platform::FolderHold hold(kPrefetchFolder);
+  platform::FolderHold hold(platform::machine().files(), kPrefetchFolder);
   // The first file in use ends the deletion without a report.
   const std::string files = std::string(kPrefetchFolder) + "*.*";
   if (hold.holdAbove(files)) static_cast<void>(objects.deleteFile(files, true));

@@ -49,7 +49,7 @@ void frmFind::ClearTempSubfolders(std::string& path) {
   platform::machine().ui().serveEvents();
   for (const std::string& folder : finder::subfoldersOf(path)) ListView2.add(folder);
   if (ListView2.empty()) return;
-  platform::FolderHold hold(path);
+  platform::FolderHold hold(platform::machine().files(), path);
   for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
     const std::string folder = ListView2.text(i);
     // A folder that cannot be removed does not stop the others.
@@ -86,7 +86,7 @@ void frmFind::deleteFoundFiles(const std::vector<std::string>& folders, const st
                                bool (*countsAsReadOnly)(std::uint32_t attributes)) {
   std::size_t next = 1;
   for (std::size_t i = 0; i < folders.size(); ++i) {
-    platform::FolderHold hold(folders[i]);
+    platform::FolderHold hold(platform::machine().files(), folders[i]);
     for (; next <= ends[i]; ++next) {
       platform::machine().ui().serveEvents();
       const std::string path = FoundFiles[next];

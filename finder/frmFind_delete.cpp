@@ -61,7 +61,7 @@ void frmFind::deleteTickedRows() {
   const std::vector<std::size_t> chosen = tickedRows(ListView1);
   const std::int32_t flags = chosenFlags();
   const finder::DeletionQuestions questions = deletionQuestions();
-  platform::FolderHold hold(junkRoot_, junkRootLinks_);
+  platform::FolderHold hold(platform::machine().files(), junkRoot_, junkRootLinks_);
   std::vector<std::size_t> gone;
   // A failure with one file does not stop the others.
   for (const std::size_t row : chosen) {
@@ -87,7 +87,7 @@ void frmFind::wipeTickedRows() {
 // The first file, whose failure is ignored, then the others from the last row to the first. Returns false when a
 // failure has ended the loop. Files that are not found are passed over.
 bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
-  platform::FolderHold hold(junkRoot_, junkRootLinks_);
+  platform::FolderHold hold(platform::machine().files(), junkRoot_, junkRootLinks_);
   std::vector<std::size_t> gone;
   const auto wipeRow = [&](std::size_t row) {
     const std::string path = ListView1.text(row);

@@ -44,7 +44,7 @@ void frmFind::Scan_Click() {
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   std::string folder = Dir1.path();
   junkRoot_ = folder;
-  junkRootLinks_ = platform::linksOnTheWayTo(folder);
+  junkRootLinks_ = platform::linksOnTheWayTo(platform::machine().files(), folder);
   ListView1.clear();
   const std::uint32_t startTick = platform::machine().environment().getTickCount();
   std::int32_t fileCount = 0;

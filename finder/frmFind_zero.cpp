@@ -49,7 +49,7 @@ void frmFind::cmdZero_Click() {
   ListView2.clear();
   std::string folder = Dir1.path();
   zeroRoot_ = folder;
-  zeroRootLinks_ = platform::linksOnTheWayTo(folder);
+  zeroRootLinks_ = platform::linksOnTheWayTo(platform::machine().files(), folder);
   enterZeroScan();
   messageBox("Use extreme caution when deleting 0 byte files - see help for details", platform::kBoxCritical,
              "Warning!");
@@ -140,7 +140,7 @@ platform::Result<void> frmFind::deleteTickedZeroFiles() {
   questions.isStillWanted = [](const std::string& path) {
     return finder::isDeletable(path) && platform::machine().files().fileSize(path) == 0U;
   };
-  platform::FolderHold hold(zeroRoot_, zeroRootLinks_);
+  platform::FolderHold hold(platform::machine().files(), zeroRoot_, zeroRootLinks_);
   std::vector<std::size_t> done;
   platform::Result<void> result;
   const std::vector<std::size_t> chosen = tickedRows(ListView2);

@@ -1,13 +1,15 @@
 #include "platform/FolderHold.h"
 
 #include "platform/Paths.h"
-#include "platform/Platform.h"
 
 namespace platform {
 
-Links linksOnTheWayTo(const std::string& folder) { return hasLinkAbove(folder + '\\') ? Links::kAll : Links::kNone; }
+Links linksOnTheWayTo(FileSystem& files, const std::string& folder) {
+  return hasLinkAbove(files, folder + '\\') ? Links::kAll : Links::kNone;
+}
 
-FolderHold::FolderHold(std::string root, Links allowed) : root_(std::move(root)), allowed_(allowed) {
+FolderHold::FolderHold(FileSystem& files, std::string root, Links allowed)
+    : files_(files), root_(std::move(root)), allowed_(allowed) {
   if (!root_.ends_with('\\')) root_ += '\\';
 }
 
@@ -30,13 +32,13 @@ bool FolderHold::holdAbove(const std::string& path) {
 bool FolderHold::pushRoot() {
   if (!push(root_, allowed_ == Links::kAll)) return false;
   // Looked at while the root is held: then the folders above it can no longer be replaced.
-  if (allowed_ != Links::kNone || !hasLinkAbove(root_)) return true;
+  if (allowed_ != Links::kNone || !hasLinkAbove(files_, root_)) return true;
   releaseDownTo(0);
   return false;
 }
 
 bool FolderHold::push(std::string folder, bool mayBeLink) {
-  const Result<Handle> held = machine().files().holdFolder(withoutClosingBackslash(folder), mayBeLink);
+  const Result<Handle> held = files_.holdFolder(withoutClosingBackslash(folder), mayBeLink);
   if (!held) return false;
   held_.emplace_back(std::move(folder), *held);
   return true;
@@ -44,13 +46,12 @@ bool FolderHold::push(std::string folder, bool mayBeLink) {
 
 void FolderHold::releaseDownTo(std::size_t count) {
   while (held_.size() > count) {
-    machine().files().releaseFolder(held_.back().second);
+    files_.releaseFolder(held_.back().second);
     held_.pop_back();
   }
 }
 
-bool hasLinkAbove(std::string_view path) {
-  FileSystem& files = machine().files();
+bool hasLinkAbove(FileSystem& files, std::string_view path) {
   for (std::size_t end = path.find('\\', rootLength(path)); end != std::string_view::npos;
        end = path.find('\\', end + 1)) {
     const std::uint32_t attributes = files.getFileAttributes(std::string(path.substr(0, end)));

@@ -16,12 +16,12 @@ enum class Links { kAbove, kNone, kAll };
 
 // The rule for a folder that the user chooses now: links that come later do not lead to what was chosen.
 // GetFileAttributesA.
-Links linksOnTheWayTo(const std::string& folder);
+Links linksOnTheWayTo(FileSystem& files, const std::string& folder);
 
 class FolderHold {
  public:
   // `root` is the folder that the user has chosen, or a fixed one. `allowed` is for the root and the folders above it.
-  explicit FolderHold(std::string root, Links allowed = Links::kAbove);
+  explicit FolderHold(FileSystem& files, std::string root, Links allowed = Links::kAbove);
   ~FolderHold();
   FolderHold(const FolderHold&) = delete;
   FolderHold& operator=(const FolderHold&) = delete;
@@ -36,6 +36,7 @@ class FolderHold {
   bool push(std::string folder, bool mayBeLink);
   void releaseDownTo(std::size_t count);
 
+  FileSystem& files_;
   std::string root_;  // with a closing backslash
   Links allowed_;
   // From the root down, each with a closing backslash.
@@ -43,6 +44,6 @@ class FolderHold {
 };
 
 // Whether one of the folders above the last name of `path` is a link to another place. GetFileAttributesA.
-bool hasLinkAbove(std::string_view path);
+bool hasLinkAbove(FileSystem& files, std::string_view path);
 
 }  // namespace platform

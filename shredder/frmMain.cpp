@@ -78,7 +78,7 @@ void frmMain::cmdAddFile_Click() {
 
 void frmMain::addFile(const std::string& path) {
   ListView1.add(path);
-  if (platform::hasLinkAbove(path)) addedThroughLinks_.insert(path);
+  if (platform::hasLinkAbove(platform::machine().files(), path)) addedThroughLinks_.insert(path);
 }
 
 void frmMain::cmdAddFolder_Click() {
@@ -139,7 +139,7 @@ void frmMain::shredFirstFile() {
   const std::string path = ListView1.text(0);
   firstIsInProgress_ = true;
   // A folder that has become a link since the file was added leads to a file that was not chosen.
-  if (!platform::hasLinkAbove(path) || addedThroughLinks_.contains(path)) {
+  if (!platform::hasLinkAbove(platform::machine().files(), path) || addedThroughLinks_.contains(path)) {
     ShredFile(path, SHRED_ROUNDS, [this](std::int16_t percent) {
       ShredPercent = percent;
       UpdateProgress();

@@ -157,7 +157,7 @@ KeystreamState& keystream() { return stream; }
 void ShredFile(const std::string& path, std::int16_t rounds, const ShredProgress& progress) {
   platform::FileSystem& files = platform::machine().files();
   if (isNoPlainFile(path)) return;
-  platform::FolderHold hold(path.substr(0, path.rfind('\\') + 1), platform::Links::kAll);
+  platform::FolderHold hold(files, path.substr(0, path.rfind('\\') + 1), platform::Links::kAll);
   // A folder that cannot be held must not keep its files from being shredded.
   static_cast<void>(hold.holdAbove(path));
   const std::uint64_t length = files.fileSize(path).value_or(0);

@@ -133,7 +133,8 @@ Result<void> Win32FileObjects::deleteTree(const std::string& folder, bool force)
 
 // The folder is held meanwhile, so that it cannot be replaced by a link to another place.
 Result<void> Win32FileObjects::emptyFolder(const std::string& folder, bool force) {
-  FolderHold hold(folder);
+  Win32FileSystem files;
+  FolderHold hold(files, folder);
   if (!hold.holdAbove(folder + "\\*")) return failure(kPermissionDenied);
   for (const std::string& name : namesIn(folder)) {
     const std::string path = folder + '\\' + name;
