@@ -132,8 +132,12 @@ void frmFind::deleteTickedCacheEntries() {
     lvCache.removeRows(std::exchange(done, {}));
     refresh();
   };
+  WorkProgress progress(lblFile, lvCache.tickedCount());
+  // The result line counts the rows that are removed.
+  lblStatus.hide();
   for (std::size_t i = lvCache.rowCount(); i-- > 0;) {
     if (!lvCache.ticked(i)) continue;
+    progress.next(lvCache.text(i));
     cache_.CacheDeleteEntry(lvCache.row(i).subItems[kSourceUrl]);
     done.push_back(i);
     if (done.size() == kRowsAtOnce) removeDone();

@@ -50,8 +50,10 @@ void frmFind::ClearTempSubfolders(std::string& path) {
   for (const std::string& folder : finder::subfoldersOf(path)) ListView2.add(folder);
   if (ListView2.empty()) return;
   platform::FolderHold hold(platform::machine().files(), path);
+  WorkProgress progress(lblFile, ListView2.rowCount());
   for (std::size_t i = ListView2.rowCount(); i-- > 0;) {
     const std::string folder = ListView2.text(i);
+    progress.next(folder);
     // A folder that cannot be removed does not stop the others.
     if (hold.holdAbove(folder) && IsFolder(folder)) static_cast<void>(DelTree(folder));
   }
@@ -85,11 +87,12 @@ std::vector<std::size_t> frmFind::findTempsIn(const std::vector<std::string>& fo
 void frmFind::deleteFoundFiles(const std::vector<std::string>& folders, const std::vector<std::size_t>& ends,
                                bool (*countsAsReadOnly)(std::uint32_t attributes)) {
   std::size_t next = 1;
+  WorkProgress progress(lblFile, ends.empty() ? 0 : ends.back());
   for (std::size_t i = 0; i < folders.size(); ++i) {
     platform::FolderHold hold(platform::machine().files(), folders[i]);
     for (; next <= ends[i]; ++next) {
-      platform::machine().ui().serveEvents();
       const std::string path = FoundFiles[next];
+      progress.next(path);
       if (hold.holdAbove(path)) cleaners::deleteTempFile(path, countsAsReadOnly, userDeletesReadOnly);
     }
   }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cleaners/Cache.h"
+#include "console/WorkProgress.h"
 #include "controls/CheckBox.h"
 #include "controls/ControlArray.h"
 #include "controls/DirList.h"
@@ -258,6 +259,7 @@ class frmFind final : public controls::Form {
   void optRecycle_Click();
   void optWipe_Click();
   void deleteTickedRows();
+  void removeJunkRows(std::vector<std::size_t> gone);
   void wipeTickedRows();
   bool wipeRows(const std::vector<std::size_t>& chosen);
 

@@ -63,12 +63,20 @@ void frmFind::deleteTickedRows() {
   const finder::DeletionQuestions questions = deletionQuestions();
   platform::FolderHold hold(platform::machine().files(), junkRoot_, junkRootLinks_);
   std::vector<std::size_t> gone;
+  WorkProgress progress(lblFile, chosen.size());
   // A failure with one file does not stop the others.
   for (const std::size_t row : chosen) {
     const std::string path = ListView1.text(row);
+    progress.next(path);
     if (hold.holdAbove(path)) static_cast<void>(finder::deleteThroughShell(path, flags, questions));
     if (finder::isGone(path)) gone.push_back(row);
   }
+  removeJunkRows(std::move(gone));
+}
+
+// The result line counted the rows that have been removed.
+void frmFind::removeJunkRows(std::vector<std::size_t> gone) {
+  if (!gone.empty()) Label6.hide();
   ListView1.removeRows(std::move(gone));
 }
 
@@ -89,8 +97,10 @@ void frmFind::wipeTickedRows() {
 bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
   platform::FolderHold hold(platform::machine().files(), junkRoot_, junkRootLinks_);
   std::vector<std::size_t> gone;
+  WorkProgress progress(lblFile, chosen.size());
   const auto wipeRow = [&](std::size_t row) {
     const std::string path = ListView1.text(row);
+    progress.next(path);
     if (!hold.holdAbove(path)) return true;
     const platform::Result<finder::Deletion> wiped = finder::wipe(path);
     if (wiped == finder::Deletion::kDone || finder::isGone(path)) gone.push_back(row);
@@ -100,7 +110,7 @@ bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
   const bool firstIsGone = !gone.empty();
   bool walked = true;
   for (std::size_t i = chosen.size(); i-- > (firstIsGone ? 1 : 0) && walked;) walked = wipeRow(chosen[i]);
-  ListView1.removeRows(std::move(gone));
+  removeJunkRows(std::move(gone));
   return walked;
 }
 

@@ -144,8 +144,10 @@ platform::Result<void> frmFind::deleteTickedZeroFiles() {
   std::vector<std::size_t> done;
   platform::Result<void> result;
   const std::vector<std::size_t> chosen = tickedRows(ListView2);
+  WorkProgress progress(lblFile, chosen.size());
   for (auto row = chosen.rbegin(); row != chosen.rend() && result; ++row) {
     const std::string path = ListView2.text(*row);
+    progress.next(path);
     platform::Result<finder::Deletion> deleted = finder::Deletion::kChanged;
     if (hold.holdAbove(path)) deleted = finder::deleteThroughShell(path, flags, questions);
     if (!deleted) result = std::unexpected(deleted.error());
@@ -156,6 +158,8 @@ platform::Result<void> frmFind::deleteTickedZeroFiles() {
       ListView2.setTicked(*row, false);
     }
   }
+  // The result line counted the rows that are removed.
+  if (!done.empty()) Label6.hide();
   ListView2.removeRows(std::move(done));
   return result;
 }

@@ -51,6 +51,9 @@ class Ui {
 
   // Processes pending messages (painting, clicks, keys); returns when none are left.
   virtual void serveEvents() = 0;
+  // The same for work that must not be disturbed: repaints, moves and minimises the windows, and drops the user's
+  // clicks and keys. Returns at once when less than 50 ms have passed since the last time.
+  virtual void serveSystem() = 0;
 
   virtual void setPointer(Pointer pointer) = 0;
   virtual Pointer pointer() const = 0;

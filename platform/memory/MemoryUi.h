@@ -80,14 +80,11 @@ class MemoryUi final : public Ui {
   void serveEvents() override {
     faults_.nextFault("serveEvents");
     if (!queued_.empty()) takeFirst(queued_)();
-    if (inAlways_) return;
-    // An exception from an action ends the loop too.
-    const struct Reset {
-      bool& flag;
-      ~Reset() { flag = false; }
-    } reset{inAlways_ = true};
-    // By index: an action may add another, which ends the life of iterators.
-    for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();  // NOLINT(modernize-loop-convert)
+    runAlways();
+  }
+  void serveSystem() override {
+    faults_.nextFault("serveSystem");
+    runAlways();
   }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
@@ -103,6 +100,17 @@ class MemoryUi final : public Ui {
   [[noreturn]] void end() override { throw Ended{}; }
 
  private:
+  void runAlways() {
+    if (inAlways_) return;
+    // An exception from an action ends the loop too.
+    const struct Reset {
+      bool& flag;
+      ~Reset() { flag = false; }
+    } reset{inAlways_ = true};
+    // By index: an action may add another, which ends the life of iterators.
+    for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();  // NOLINT(modernize-loop-convert)
+  }
+
   // The first and the last button of a box.
   static std::pair<Answer, Answer> buttonsOf(std::uint32_t style) {
     if ((style & kBoxYesNo) != 0) return {Answer::kYes, Answer::kNo};

@@ -92,6 +92,11 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   return exact ? Result<std::string>(*exact) : failure(kBadFileName);
 }
 
+bool isClickOrKey(UINT message) {
+  const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+  return isKey || (message > WM_MOUSEMOVE && message <= WM_MOUSELAST);
+}
+
 }  // namespace
 
 Win32Ui::Win32Ui() { startCommonControls(); }
@@ -123,6 +128,17 @@ void Win32Ui::serveEvents() {
   }
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
+}
+
+void Win32Ui::serveSystem() {
+  const DWORD now = GetTickCount();
+  if (now - flushedAt_ < kFlushInterval) return;
+  flushedAt_ = now;
+  flush();
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (!isClickOrKey(message.message)) dispatch(message);
+  }
 }
 
 void Win32Ui::setPointer(Pointer pointer) {

@@ -27,6 +27,7 @@ class Win32Ui final : public Ui {
   // Fast enough for loops over files: for each value of GetTickCount() only the first call processes pending messages,
   // and controls that have changed are redrawn at most every 50 milliseconds. PeekMessageA.
   void serveEvents() override;
+  void serveSystem() override;
   Result<std::string> openFileDialog(const OpenFileRequest& request) override;
   void setPointer(Pointer pointer) override;
   Pointer pointer() const override { return pointer_; }
