@@ -18,11 +18,7 @@ class ConsoleTest : public UnitTest {
   }
 
   // The paths in a list.
-  static Paths pathsOf(const controls::ListView& list) {
-    Paths all;
-    for (std::size_t i = 0; i < list.rowCount(); ++i) all.push_back(list.text(i));
-    return all;
-  }
+  static Paths pathsOf(const controls::ListView& list) { return rowsOf(list, false); }
   Paths paths() const { return pathsOf(form.ListView1); }
 
   // Clicks the tick of the rows of files with these names.

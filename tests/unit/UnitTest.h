@@ -41,9 +41,6 @@ inline constexpr const char* kWarnTemps =
 inline constexpr const char* kAskIndex =
     "Deleting index.dat files requires that you restart your system.\r\n"
     "Would you like to schedule this event for next time you restart?";
-inline constexpr const char* kNoPointsLeft =
-    "System Restore has been successfully disabled.\r\n\r\n"
-    "All System Restore Points will be deleted on next restart.";
 inline constexpr const char* kAskShred =
     "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!";
 inline constexpr const char* kUnreadable = "The registry has reported that this key does not exist or is corrupted.";
@@ -91,7 +88,7 @@ inline const KnownBox kKnownBoxes[] = {
     {"Clear Pagefile has been disabled.", "Clear Pagefile Disabled", 64},
     {"System Restore has been successfully enabled.", "System Restore Enabled", 64},
     {"Do you want to delete all existing Restore Points?", "Delete Restore Point", 292},
-    {kNoPointsLeft, kApp, 64},
+    {"System Restore has been successfully disabled.*", kApp, 64},
     {"System Restore has been disabled.", "System Restore Disabled", 64},
     {kAskShred, kApp, 20},
     {"The selected files have been shredded.", kApp, 64},
@@ -119,12 +116,12 @@ class UnitTest : public MachineTest {
     return {all.begin() + before, all.end()};
   }
 
-  // A list's rows: "text", or "text|second column|third column".
-  static Paths rowsOf(const controls::ListView& list) {
+  // A list's rows: "text|second column|third column", or the first column alone.
+  static Paths rowsOf(const controls::ListView& list, bool wholeRows = true) {
     Paths rows;
     for (std::size_t i = 0; i < list.rowCount(); ++i) {
       rows.push_back(list.text(i));
-      for (const std::string& cell : list.row(i).subItems) rows.back() += '|' + cell;
+      for (const std::string& cell : wholeRows ? list.row(i).subItems : Paths()) rows.back() += '|' + cell;
     }
     return rows;
   }

@@ -1,0 +1,249 @@
+#include <array>
+#include <set>
+#include <utility>
+
+#include "platform/Conversions.h"
+#include "shredder/frmFolder.h"
+#include "shredder/frmMain.h"
+#include "shredder/modMain.h"
+#include "tests/unit/UnitTest.h"
+
+using platform::Answer;
+using platform::Pointer;
+
+namespace {
+
+constexpr const char* kHere = "C:\\Here";
+constexpr std::size_t kPasses = 3U * SHRED_ROUNDS;  // over a file that is not empty
+const Paths kShredded = {kAskShred, "The selected files have been shredded."};
+const Paths kQuiet = {kAskShred};
+
+// The published algorithm. The indices go on when it is seeded again.
+struct Rc4 {
+  std::array<std::uint8_t, 256> s{};
+  std::uint8_t i = 0;
+  std::uint8_t j = 0;
+
+  void seed(const std::string& key) {
+    for (std::size_t k = 0; k < s.size(); ++k) s[k] = static_cast<std::uint8_t>(k);
+    std::uint8_t other = 0;
+    for (std::size_t k = 0; k < s.size(); ++k) {
+      other = static_cast<std::uint8_t>(other + s[k] + static_cast<std::uint8_t>(key[k % key.size()]));
+      std::swap(s[k], s[other]);
+    }
+  }
+  std::string bytes(std::size_t count) {
+    std::string drawn;
+    while (drawn.size() < count) {
+      j = static_cast<std::uint8_t>(j + s[++i]);
+      std::swap(s[i], s[j]);
+      drawn += static_cast<char>(s[static_cast<std::uint8_t>(s[i] + s[j])]);
+    }
+    return drawn;
+  }
+  // A letter is a byte's rounded share of the alphabet; the two highest bytes come to one letter too many.
+  std::string name() {
+    const std::string letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890-_ ";
+    std::string name;
+    for (const char drawn : bytes(101))
+      name += letters.substr((static_cast<std::uint8_t>(drawn) * 130U + 255) / 510, 1);
+    return name + ".tmp";
+  }
+};
+
+// A loaded shredder, and a folder to which renamed files move.
+class Shredder : public UnitTest {
+ protected:
+  frmMain form;
+  std::vector<std::int16_t> progress;
+
+  void SetUp() override {
+    keystream() = {};
+    machine.addFolder(kHere);
+    machine.disk().setCurrentFolder(kHere);
+    machine.environment().setDay("21/11/2026", "12:34:56", 45296.12F);
+    form.load();
+  }
+
+  void shredFile(const std::string& path) {
+    ShredFile(path, SHRED_ROUNDS, [this](std::int16_t percent) { progress.push_back(percent); });
+  }
+
+  // Adds files of these names in C:\Docs to the list, through the dialog.
+  void add(std::initializer_list<const char*> names) {
+    for (const char* name : names) {
+      const std::string path = std::string("C:\\Docs\\") + name;
+      machine.addFile(path, name);
+      machine.ui().chooseFile(path);
+      form.cmdAddFile.click();
+    }
+  }
+
+  void removeRow(std::size_t row) {
+    form.ListView1.clickRow(row);
+    form.cmdRemoveFile.click();
+  }
+
+  // Shreds what is listed, the question answered with Yes; the user acts while the first file is in progress.
+  Paths shred(std::function<void()> whileShredding = [] {}) {
+    machine.whenServing([] {});
+    machine.whenServing(std::move(whileShredding));
+    return press(form.cmdShred, {Answer::kYes});
+  }
+
+  void expectIdle(bool canCancel) {
+    EXPECT_TRUE(form.cmdShred.enabled() && !form.lblBlue.visible());
+    EXPECT_EQ(form.cmdCancel.enabled(), canCancel);
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+  }
+};
+
+// The key is the day, the seconds, the time and a character drawn; here 0.7055475 and 0.533424 of 255.
+TEST_F(Shredder, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
+  machine.addFile("C:\\Docs\\a.txt", "0123456789");
+  machine.addFile("C:\\Docs\\b.txt", std::string(1000, 'b'));
+  machine.failAt("remove");
+  shredFile("C:\\Docs\\a.txt");
+  EXPECT_EQ(progress, (std::vector<std::int16_t>{4,  7,  11, 14, 18, 21, 25, 29, 32, 36, 39, 43, 46, 50,
+                                                 54, 57, 61, 64, 68, 71, 75, 79, 82, 86, 89, 93, 96, 100}));
+  machine.environment().setDay("22/11/2026", "00:00:01", 1.5F);
+  machine.failAt("remove");
+  shredFile("C:\\Docs\\b.txt");
+  EXPECT_EQ(machine.faults().calls("flushFileBuffers"), 2 * 2 * 84);
+  ASSERT_EQ(machine.disk().writes().size(), 2 * kPasses);
+  EXPECT_EQ(machine.filesBelow("C:\\").size(), 2U);
+  Rc4 rc4;
+  auto write = machine.disk().writes().begin();
+  for (const auto& [path, length, key] : {std::tuple("C:\\Docs\\a.txt", 10U, "21/11/2026 45296.1212:34:56\xB4"),
+                                          {"C:\\Docs\\b.txt", 1000U, "22/11/2026 1.500:00:01\x88"}}) {
+    rc4.seed(key);
+    for (int pass = 0; pass < 84; ++pass, ++write) {
+      const std::string fixed(length, pass % 2 == 0 ? '\0' : '\xFF');
+      EXPECT_EQ(write->bytes, pass < 56 ? fixed : rc4.bytes(length + 1)) << pass;
+      EXPECT_TRUE(write->path == path && write->position == 0);
+    }
+    for (int renaming = 0; renaming < 27; ++renaming) rc4.name();
+    EXPECT_EQ(machine.contents(std::string(kHere) + '\\' + rc4.name()), (write - 1)->bytes);
+  }
+  for (int i = 0; i < 300; ++i) ASSERT_EQ(RandomName(), rc4.name());
+  EXPECT_EQ(platform::signedText(0.015625F), " .015625") << "seconds in a key have no leading zero";
+}
+
+TEST_F(Shredder, EmptyAndMissingFilesGetOneByteAndFilesOfAnotherDriveStay) {
+  machine.disk().addDrive('D');
+  machine.addFile("D:\\a.txt", "secret");
+  shredFile("D:\\a.txt");
+  EXPECT_EQ(machine.contents("D:\\a.txt"), machine.disk().writes()[kPasses - 1].bytes);
+  machine.addFile("C:\\empty.txt");
+  shredFile("C:\\empty.txt");
+  shredFile("C:\\missing.txt");
+  EXPECT_TRUE(machine.filesBelow("C:\\").empty());
+  EXPECT_EQ(machine.disk().writes().size(), kPasses + 2U * SHRED_ROUNDS);
+}
+
+TEST_F(Shredder, ReadOnlyAndLockedFilesKeepTheirBytes) {
+  machine.addFile("C:\\Docs\\read-only.txt", "kept", platform::kReadOnly);
+  shredFile("C:\\Docs\\read-only.txt");
+  const Paths left = machine.filesBelow("C:\\");
+  ASSERT_EQ(left.size(), 1U);
+  EXPECT_TRUE(left[0].starts_with(kHere) && machine.contents(left[0]) == "kept");
+  machine.addFile("C:\\Docs\\locked.txt", "held");
+  machine.disk().lock("C:\\Docs\\locked.txt");
+  shredFile("C:\\Docs\\locked.txt");
+  EXPECT_EQ(machine.contents("C:\\Docs\\locked.txt"), "held");
+}
+
+// ---- The window
+
+TEST_F(Shredder, AddsOneFileAndRemovesTheSelectedEntryOnly) {
+  add({"a.txt", "b.txt", "c.txt"});
+  form.cmdAddFile.click();
+  form.cmdRemoveFile.click();
+  EXPECT_EQ(form.ListView1.rowCount(), 3U) << "cancelled, and nothing selected";
+  removeRow(1);
+  EXPECT_EQ(rowsOf(form.ListView1), (Paths{"C:\\Docs\\a.txt", "C:\\Docs\\c.txt"}));
+  removeRow(0);
+  EXPECT_TRUE(form.cmdShred.enabled() && form.cmdRemoveFile.enabled());
+  removeRow(0);
+  EXPECT_FALSE(form.cmdShred.enabled() || form.cmdRemoveFile.enabled());
+  EXPECT_EQ(machine.filesBelow("C:\\Docs").size(), 3U);
+}
+
+TEST_F(Shredder, AsksFirstThenEmptiesTheListAndLeavesBothButtonsUsable) {
+  add({"a.txt", "b.txt", "a.txt"});
+  EXPECT_EQ(press(form.cmdShred, {Answer::kNo}), kQuiet);
+  EXPECT_EQ(form.ListView1.rowCount(), 3U);
+  expectIdle(false);
+  std::set<int> widths;
+  machine.ui().everyServing([&] {
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kHourglass);
+    if (!form.lblBlue.visible()) return;
+    widths.insert(form.lblBlue.widthPercent());
+    EXPECT_TRUE(form.cmdCancel.enabled() && !form.cmdShred.enabled());
+  });
+  // A file that is added meanwhile is dropped from the list, and stays on the disk.
+  EXPECT_EQ(shred([&] {
+              add({"late.txt"});
+              form.cmdShred.disable();
+            }),
+            kShredded);
+  EXPECT_EQ(widths.size(), 28U);
+  EXPECT_TRUE(form.ListView1.empty());
+  EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\late.txt"});
+  EXPECT_EQ(machine.disk().writes().size(), 2 * kPasses + SHRED_ROUNDS) << "the same file again is missing";
+  expectIdle(true);
+  EXPECT_EQ(shred(), kShredded) << "an empty list is shredded as well";
+}
+
+TEST_F(Shredder, CancelEndsTheRunAfterTheFileAndStaysInForce) {
+  add({"a.txt", "b.txt", "c.txt"});
+  EXPECT_EQ(shred([&] { form.cmdCancel.click(); }), kQuiet);
+  EXPECT_EQ(rowsOf(form.ListView1), (Paths{"C:\\Docs\\b.txt", "C:\\Docs\\c.txt"}));
+  EXPECT_EQ(machine.disk().writes().size(), kPasses) << "the file in progress is finished";
+  expectIdle(false);
+  EXPECT_EQ(shred(), kQuiet);
+  EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\c.txt"});
+}
+
+TEST_F(Shredder, ListMayChangeDuringARunAndNoWrongFileIsTaken) {
+  add({"a.txt", "b.txt", "c.txt", "d.txt"});
+  EXPECT_EQ(shred([&] {
+              // The file in progress and the one behind it leave the list, another comes.
+              removeRow(0);
+              removeRow(0);
+              add({"late.txt"});
+              // It has enabled the button, yet no second run begins.
+              EXPECT_EQ(press(form.cmdShred), Paths{});
+            }),
+            kShredded);
+  EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
+}
+
+TEST_F(Shredder, EmptiedListAndCloseEndARunQuietlyAfterTheFile) {
+  for (const bool closes : {false, true}) {
+    add({"a.txt", "b.txt"});
+    EXPECT_EQ(shred([&] { closes ? form.closeRequested() : removeRow(1); }), kQuiet);
+    EXPECT_EQ(form.isOpen(), !closes);
+    EXPECT_EQ(machine.filesBelow("C:\\"), Paths{"C:\\Docs\\b.txt"});
+    EXPECT_EQ(machine.ui().pointer(), Pointer::kDefault);
+  }
+}
+
+TEST_F(Shredder, FolderPickerAddsTheFilesThatItShowsInTheirOrder) {
+  addFiles("C:\\Docs", {"..\\root.txt", "b.txt", "A.txt", "Sub\\below.txt"});
+  machine.addFile("C:\\Docs\\hidden", "", platform::kHidden);
+  machine.addFile("C:\\Docs\\read-only", "", platform::kReadOnly);
+  for (const char* path : {kHere, "C:\\", "C:\\Docs"}) {
+    EXPECT_EQ(form.cmdShred.enabled(), path == std::string("C:\\Docs"));
+    machine.ui().whenModal([&path](controls::Form& opened) {
+      auto& picker = dynamic_cast<frmFolder&>(opened);
+      EXPECT_TRUE(picker.Dir1.setPath(path));
+      picker.okButton.click();
+    });
+    form.cmdAddFolder.click();
+  }
+  EXPECT_EQ(rowsOf(form.ListView1),
+            (Paths{"C:\\root.txt", "C:\\Docs\\A.txt", "C:\\Docs\\b.txt", "C:\\Docs\\read-only"}));
+}
+
+}  // namespace
