@@ -57,6 +57,9 @@ else()
     set_tests_properties(native.${program} PROPERTIES TIMEOUT 120)
   endforeach()
   set_tests_properties(native.unit_tests PROPERTIES COST 20)
+  add_test(NAME native.windows_98
+    COMMAND contract_tests --gtest_brief=1 "--gtest_filter=RegistryContract.*:ScriptContract.*")
+  set_tests_properties(native.windows_98 PROPERTIES ENVIRONMENT SCRUBHAVEN_VERSION=win98 TIMEOUT 120)
 
   add_test(NAME lint.format COMMAND "${scripts}/format.sh" --check)
   add_test(NAME lint.layers COMMAND "${test_scripts}/layers_test.sh")
