@@ -29,14 +29,13 @@ if(WIN32)
   target_link_libraries(contract_tests PRIVATE machine gmock_main wininet)
 
   file(GLOB desktop CONFIGURE_DEPENDS tests/desktop/*.cpp)
-  set(demo ${desktop})
-  list(FILTER desktop EXCLUDE REGEX "/demo_main\\.cpp$")
-  list(FILTER demo EXCLUDE REGEX "_test\\.cpp$")
+  set(driver ${desktop})
+  list(FILTER driver EXCLUDE REGEX "_test\\.cpp$")
   add_executable(desktop_tests ${desktop})
   target_link_libraries(desktop_tests PRIVATE scrubhaven_options gmock_main
     user32 gdi32 comctl32 shell32 advapi32 wininet)
-  add_executable(demo ${demo})
-  target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32)
+  add_executable(demo demo/main.cpp ${driver})
+  target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32 wininet)
 
   sealed_wine_test(desktop_tests desktop_tests 240)
   # A window cannot be larger than its screen, and a layout test needs a large one.

@@ -55,9 +55,6 @@ class TestMachine {
   // Whether a program can remove a link. Where the system can only follow links, it cannot.
   virtual bool letsLinksGo() const = 0;
 
-  // Sets an environment variable of this process.
-  virtual void setVariable(const std::string& name, const std::string& value) = 0;
-
   // Puts a page with a file of its own into the Internet cache, where it stays.
   virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
 };

@@ -86,11 +86,7 @@ TEST_F(BrowserContract, TheHistoryIsCreatedAndComesBackFromItsMethods) {
   constexpr std::uint32_t kClearHistory = 9;
   constexpr auto kNotImplemented = static_cast<std::int32_t>(0x80004001);
   UrlHistory& history = machine().urlHistory();
-  Handle object = 77;
-  Guid other = UrlHistoryClsid();
-  ++other.rest[7];
-  EXPECT_NE(history.coCreateInstance(other, kInProcess, UrlHistoryIid(), object), 0);
-  EXPECT_EQ(object, 77U);
+  Handle object = 0;
   // Twice: a release that went to another method would leave a broken object behind.
   for (int i = 0; i < 2; ++i) {
     ASSERT_EQ(history.coCreateInstance(UrlHistoryClsid(), kInProcess, UrlHistoryIid(), object), 0);

@@ -7,29 +7,25 @@ namespace {
 class Enumeration : public ContractTest {};
 
 TEST_F(Enumeration, FindsWhatMatchesAsOnDosAndTheTwoDotEntries) {
-  for (const char* name : {"a.bak", "B.BAK", "bak", "a.bak.txt", "~x.doc", "~y", "x.db$", "o.---", "MyTwain_1.mtx",
-                           "other.mtx", "Thumbs.db", "Thumbs.dbx2"}) {
+  for (const char* name : {"a.bak", "B.BAK", "bak", "a.bak.txt", "~x.doc", "~y", "x.db$", "MyTwain_1.mtx", "other.mtx",
+                           "Thumbs.db", "Thumbs.dbx2"}) {
     makeFile(name);
   }
   makeFolder("folder");
   Names all = namesIn();
   all.insert(all.begin(), {".", ".."});
   const std::pair<const char*, Names> cases[] = {{"*", all},
-                                                 {"*.*", all},
                                                  {"folder\\*", {".", ".."}},
                                                  {"*.bak", {"B.BAK", "a.bak"}},
                                                  {"*.bak ", {"B.BAK", "a.bak"}},
-                                                 {"?.bak", {"B.BAK", "a.bak"}},
                                                  {"~*.*", {"~x.doc", "~y"}},
                                                  {"*Twain*.mtx", {"MyTwain_1.mtx"}},
                                                  {"*.db$", {"x.db$"}},
-                                                 {"*.---", {"o.---"}},
                                                  {"thumbs.db", {"Thumbs.db"}},
                                                  {"missing\\*", {}},
                                                  {"a.bak\\*", {}},
                                                  {"*\\a.bak", {}}};
   for (const auto& [pattern, names] : cases) EXPECT_EQ(find(at(pattern)), names) << pattern;
-  EXPECT_TRUE(find("").empty());
   EXPECT_FALSE(files().findClose(kInvalidHandle));
 }
 

@@ -1,4 +1,4 @@
-// Drives and current folders, and what surrounds the program.
+// Drives and current folders.
 #include <algorithm>
 
 #include "tests/contract/ContractTest.h"
@@ -19,7 +19,6 @@ TEST_F(Drives, HaveACurrentFolderEachAndListWhatPeopleSee) {
   EXPECT_EQ(files().subfolders(testMachine().root()).value(), (Names{"Alpha", "alphabet", "beta", "Gamma.old"}));
   EXPECT_EQ(files().subfolders(at("beta\\")).value(), Names{"below"});
   EXPECT_EQ(files().filesIn(testMachine().root()).value(), (Names{"A.txt", "b", "B.txt", "c.x.y", "protected.txt"}));
-  EXPECT_EQ(files().filesIn(at("beta\\")).value(), Names());
   for (const char* name : {"missing", "b"}) EXPECT_EQ(numberOf(files().subfolders(at(name))), kPathNotFound) << name;
 
   for (const std::string& folder : {at("beta"), at("").substr(0, 3)}) {
@@ -32,18 +31,6 @@ TEST_F(Drives, HaveACurrentFolderEachAndListWhatPeopleSee) {
   while (std::ranges::find(drives, missing, &Drive::letter) != drives.end()) --missing;
   EXPECT_EQ(numberOf(files().currentFolderOf(missing)), kDeviceUnavailable);
   EXPECT_EQ(numberOf(files().subfolders(std::string(1, missing) + ":\\")), kDeviceUnavailable);
-}
-
-class Surroundings : public ContractTest {};
-
-TEST_F(Surroundings, VariablesAreFoundInAnyCaseAndTheProgramFolderIsOne) {
-  Environment& environment = machine().environment();
-  EXPECT_TRUE(fileObjects().folderExists(environment.programFolder())) << environment.programFolder();
-  EXPECT_EQ(environment.getEnvironmentVariable("SCRUBHAVEN_Contract"), "");
-  for (const std::string& value : {std::string("C:\\a folder"), std::string(1000, 'x')}) {
-    testMachine().setVariable("SCRUBHAVEN_Contract", value);
-    EXPECT_EQ(environment.getEnvironmentVariable("scrubhaven_CONTRACT"), value);
-  }
 }
 
 }  // namespace

@@ -56,8 +56,7 @@ TEST_F(Renaming, AndRemovingLeaveFoldersAndProtectedAndLockedFiles) {
     EXPECT_FALSE(files().remove(at(name))) << name;
   }
   EXPECT_EQ(namesIn(), (Names{"d.txt", "folder", "locked.txt", "protected.txt"}));
-  EXPECT_TRUE(files().remove(file));
-  EXPECT_FALSE(exists(file));
+  EXPECT_TRUE(files().remove(file) && !exists(file));
 }
 
 }  // namespace

@@ -35,9 +35,6 @@ class MemoryTestMachine final : public TestMachine {
     machine_.disk().addLink(root() + '\\' + name, root() + '\\' + target);
   }
   bool letsLinksGo() const override { return true; }
-  void setVariable(const std::string& name, const std::string& value) override {
-    machine_.environment().setVariable(name, value);
-  }
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     machine_.urlCache().add(
         {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});

@@ -1,7 +1,9 @@
 // The test machine on the Windows that the tests run on, made with direct system calls.
+// The tests only run on a Windows that has the newer registry functions.
+#undef _WIN32_WINNT
+#define _WIN32_WINNT 0x0600
 #include <windows.h>
 
-#include <array>
 #include <filesystem>
 
 #include "platform/win32/Win32Machine.h"
@@ -21,15 +23,6 @@ void removeTree(const std::string& folder) {
   }
   std::filesystem::remove_all(folder, error);
   require(!std::filesystem::exists(folder), "remove " + folder);
-}
-
-void removeKeys(HKEY parent, const std::string& path) {
-  HKEY key = nullptr;
-  if (RegOpenKeyExA(parent, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
-  std::array<char, MAX_PATH + 1> name{};
-  while (RegEnumKeyA(key, 0, name.data(), name.size()) == ERROR_SUCCESS) removeKeys(key, name.data());
-  RegCloseKey(key);
-  require(RegDeleteKeyA(parent, path.c_str()) == ERROR_SUCCESS, "remove the key " + path);
 }
 
 class Win32TestMachine final : public TestMachine {
@@ -79,10 +72,6 @@ class Win32TestMachine final : public TestMachine {
   // Wine opens what the link points to, whatever it is asked for.
   bool letsLinksGo() const override { return GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") == nullptr; }
 
-  void setVariable(const std::string& name, const std::string& value) override {
-    require(SetEnvironmentVariableA(name.c_str(), value.c_str()) != FALSE, "set the variable " + name);
-  }
-
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     support::cachePage(url, {expires.low, expires.high});
   }
@@ -90,7 +79,7 @@ class Win32TestMachine final : public TestMachine {
  private:
   static void removeAll() {
     for (const std::string& folder : {root(), onOtherDrive()}) removeTree(folder);
-    removeKeys(HKEY_CURRENT_USER, keyRoot());
+    RegDeleteTreeA(HKEY_CURRENT_USER, keyRoot().c_str());
   }
 
   platform::win32::Win32Machine machine_;
