@@ -29,14 +29,13 @@ if(WIN32)
   target_link_libraries(contract_tests PRIVATE machine gmock_main wininet)
 
   file(GLOB desktop CONFIGURE_DEPENDS tests/desktop/*.cpp)
-  set(demo ${desktop})
-  list(FILTER desktop EXCLUDE REGEX "/demo_main\\.cpp$")
-  list(FILTER demo EXCLUDE REGEX "_test\\.cpp$")
+  set(driver ${desktop})
+  list(FILTER driver EXCLUDE REGEX "_test\\.cpp$")
   add_executable(desktop_tests ${desktop})
   target_link_libraries(desktop_tests PRIVATE scrubhaven_options gmock_main
     user32 gdi32 comctl32 shell32 advapi32 wininet)
-  add_executable(demo ${demo})
-  target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32)
+  add_executable(demo demo/main.cpp ${driver})
+  target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32 wininet)
 
   sealed_wine_test(desktop_tests desktop_tests 240)
   # A window cannot be larger than its screen, and a layout test needs a large one.
@@ -57,6 +56,9 @@ else()
     set_tests_properties(native.${program} PROPERTIES TIMEOUT 120)
   endforeach()
   set_tests_properties(native.unit_tests PROPERTIES COST 20)
+  add_test(NAME native.windows_98
+    COMMAND contract_tests --gtest_brief=1 "--gtest_filter=RegistryContract.*:ScriptContract.*")
+  set_tests_properties(native.windows_98 PROPERTIES ENVIRONMENT SCRUBHAVEN_VERSION=win98 TIMEOUT 120)
 
   add_test(NAME lint.format COMMAND "${scripts}/format.sh" --check)
   add_test(NAME lint.layers COMMAND "${test_scripts}/layers_test.sh")

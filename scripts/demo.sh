@@ -1,5 +1,5 @@
 #!/bin/bash
-# demo.sh PREFIX: plays the demonstration on a virtual screen: demo.exe (tests/desktop/demo_main.cpp) starts the
+# demo.sh PREFIX: plays the demonstration on a virtual screen: demo.exe (demo/main.cpp) starts the
 # installed program, drives its window, prints each step, and ends with 0 when every step had its expected result.
 # Screenshots (see play.sh) go to build/demo/.
 set -uo pipefail

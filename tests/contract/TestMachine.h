@@ -22,12 +22,12 @@ class TestMachine {
   // The machine under test.
   virtual platform::Machine& machine() = 0;
 
-  // The working folder, without a closing backslash ("C:\contract"). It exists and is empty when the test machine is
-  // made.
-  virtual std::string root() const = 0;
-  // A folder on another drive ("D:\contract"), made empty at the first call and removed with the test
-  // machine.
-  virtual std::string onOtherDrive() = 0;
+  // The working folder, without a closing backslash. It exists and is empty when the test machine is made.
+  static std::string root() { return "C:\\contract"; }
+  // The same on another drive.
+  static std::string onOtherDrive() { return "D:\\contract"; }
+  // The working key below HKEY_CURRENT_USER. It does not exist when the test machine is made, and is removed with it.
+  static std::string keyRoot() { return "Software\\Contract"; }
 
   // Makes a folder and its missing parents.
   virtual void makeFolder(const std::string& path) = 0;
@@ -49,24 +49,14 @@ class TestMachine {
   // How many items lie in the Recycle Bin now. SHQueryRecycleBinA.
   virtual std::size_t recycledItems() const = 0;
 
-  // Makes a folder that is a link to the folder `target`. Names in the working folder, without blanks.
-  virtual void makeFolderLink(const std::string& path, const std::string& target) = 0;
+  // Makes a link to the folder `target`, and its missing parents. Both are paths below the working folder, without
+  // blanks.
+  virtual void makeFolderLink(const std::string& name, const std::string& target) = 0;
   // Whether a program can remove a link. Where the system can only follow links, it cannot.
   virtual bool letsLinksGo() const = 0;
 
-  // Sets an environment variable of this process.
-  virtual void setVariable(const std::string& name, const std::string& value) = 0;
-
-  // The working key below HKEY_CURRENT_USER, without a closing backslash. It does not exist when the test machine is
-  // made, and is removed with it.
-  virtual std::string keyRoot() const = 0;
-
-  // Puts a page with a file of its own into the Internet cache, until the test machine's end. Nothing else is in it.
+  // Puts a page with a file of its own into the Internet cache, where it stays.
   virtual void cachePage(const std::string& url, const platform::FileTime& expires) = 0;
-  // Another program reads the page, until the test machine's end.
-  virtual void useCachedPage(const std::string& url) = 0;
-  // How many documents are on the list of recently used ones.
-  virtual std::size_t recentDocuments() const = 0;
 };
 
 // A new test machine with a fresh working folder. One definition is linked into each test program.

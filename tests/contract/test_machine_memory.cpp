@@ -1,6 +1,5 @@
 // The test machine on the in-memory machine.
-#include <algorithm>
-#include <utility>
+#include <cstdlib>
 
 #include "platform/memory/MemoryMachine.h"
 #include "tests/contract/TestMachine.h"
@@ -8,19 +7,17 @@
 namespace contract {
 namespace {
 
-constexpr const char* kRoot = "C:\\contract";
-
 class MemoryTestMachine final : public TestMachine {
  public:
-  MemoryTestMachine() { machine_.addFolder(kRoot); }
+  // A Windows of the 95 family where the tests under Wine would have one too.
+  MemoryTestMachine() {
+    if (std::getenv("SCRUBHAVEN_VERSION") != nullptr)
+      machine_.version().set({.major = 4, .minor = 10, .platformId = 1});
+    machine_.disk().addDrive('D');
+    for (const std::string& folder : {root(), onOtherDrive()}) machine_.addFolder(folder);
+  }
 
   platform::Machine& machine() override { return machine_; }
-  std::string root() const override { return kRoot; }
-  std::string onOtherDrive() override {
-    machine_.disk().addDrive('D');
-    machine_.addFolder("D:\\contract");
-    return "D:\\contract";
-  }
 
   void makeFolder(const std::string& path) override { machine_.addFolder(path); }
   void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
@@ -34,21 +31,14 @@ class MemoryTestMachine final : public TestMachine {
 
   void setCurrentFolder(const std::string& folder) override { machine_.disk().setCurrentFolder(folder); }
   std::size_t recycledItems() const override { return machine_.disk().recycleBin().size(); }
-  void makeFolderLink(const std::string& path, const std::string& target) override {
-    machine_.disk().addLink(path, target);
+  void makeFolderLink(const std::string& name, const std::string& target) override {
+    machine_.disk().addLink(root() + '\\' + name, root() + '\\' + target);
   }
   bool letsLinksGo() const override { return true; }
-  void setVariable(const std::string& name, const std::string& value) override {
-    machine_.environment().setVariable(name, value);
-  }
   void cachePage(const std::string& url, const platform::FileTime& expires) override {
     machine_.urlCache().add(
         {.url = url, .localFile = "C:\\Cache\\page[1].htm", .expires = expires, .accessed = expires});
   }
-  void useCachedPage(const std::string& url) override { machine_.urlCache().use(url); }
-  std::size_t recentDocuments() const override { return machine_.shell().recentDocuments().size(); }
-
-  std::string keyRoot() const override { return "Software\\Contract"; }
 
  private:
   mutable platform::memory::MemoryMachine machine_;  // its services are not const, nor are their queries

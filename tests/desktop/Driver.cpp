@@ -12,12 +12,10 @@ namespace desktop {
 namespace {
 
 constexpr const char* kProgram = "C:\\Program Files\\Scrubhaven\\scrubhaven.exe";
-constexpr const char* kBoxClass = "#32770";
 constexpr int kTextRoom = 1024;
 
 // Milliseconds.
 constexpr DWORD kStartLimit = 20000;  // the first start in a prefix starts Wine's services too
-constexpr DWORD kToolTipLimit = 3000;
 constexpr DWORD kScreenshotLimit = 10000;
 constexpr DWORD kPollEvery = 5;
 constexpr DWORD kPointerSettles = 15;  // the window must see the pointer arrive before the button goes down
@@ -29,15 +27,6 @@ LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
   require(SendMessageTimeoutW(window, message, w, l, SMTO_ABORTIFHUNG, kPatience, &answer) != 0,
           "send message " + std::to_string(message));
   return static_cast<LRESULT>(answer);
-}
-
-// The text that a message gives. In wide characters, because Wine answers across processes in them anyway.
-std::string askedText(HWND window, UINT message = WM_GETTEXT, WPARAM w = kTextRoom) {
-  std::array<wchar_t, kTextRoom> wide{};
-  ask(window, message, w, reinterpret_cast<LPARAM>(wide.data()));
-  std::array<char, kTextRoom> text{};
-  WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), kTextRoom, nullptr, nullptr);
-  return text.data();
 }
 
 // The window text that the system knows, without the mark of the access key. The window may close meanwhile.
@@ -93,41 +82,29 @@ HWND findVisible(DWORD process, const std::function<bool(HWND)>& isWanted) {
   return window;
 }
 
-bool isPointerAt(POINT point) {
-  POINT now = {};
-  return GetCursorPos(&now) && now.x == point.x && now.y == point.y;
-}
-
-void movePointer(POINT point) {
-  waitUntil("the pointer to arrive", [point] {
-    SetCursorPos(point.x, point.y);
-    Sleep(kPointerSettles);
-    return isPointerAt(point);
-  });
-}
-
 // The coordinate for absolute input: 65536 steps across the screen, rounded down to pixels by the system.
 LONG absolute(LONG pixel, int screenLength) {
   constexpr LONG kSteps = 65536;
   return (pixel * kSteps + screenLength - 1) / screenLength;
 }
 
-}  // namespace
+POINT centreOf(const RECT& at) { return {(at.left + at.right) / 2, (at.top + at.bottom) / 2}; }
 
-// ---- Input ----------------------------------------------------------------------------------------------------------
-
-void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit) {
-  const DWORD start = GetTickCount();
-  while (!condition()) {
-    if (GetTickCount() - start > limit) throw Failed("waited " + std::to_string(limit) + " ms in vain for " + what);
-    Sleep(kPollEvery);
-  }
+// From the client area of `window`.
+RECT onScreen(HWND window, RECT at) {
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&at), 2);
+  return at;
 }
 
 // All presses carry the place and the same time, so that neither a late move of the pointer nor a busy machine changes
 // what they mean.
-void clickAt(POINT point, int times) {
-  movePointer(point);
+void clickAt(POINT point, int times = 1) {
+  waitUntil("the pointer to arrive", [point] {
+    SetCursorPos(point.x, point.y);
+    Sleep(kPointerSettles);
+    POINT now = {};
+    return GetCursorPos(&now) && now.x == point.x && now.y == point.y;
+  });
   std::vector<INPUT> inputs;
   for (int i = 0; i < 2 * times; ++i) {
     INPUT input = {};
@@ -140,6 +117,18 @@ void clickAt(POINT point, int times) {
     inputs.push_back(input);
   }
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace
+
+// ---- Input ----------------------------------------------------------------------------------------------------------
+
+void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit) {
+  const DWORD start = GetTickCount();
+  while (!condition()) {
+    if (GetTickCount() - start > limit) throw Failed("waited " + std::to_string(limit) + " ms in vain for " + what);
+    Sleep(kPollEvery);
+  }
 }
 
 void pressKey(BYTE key, BYTE held) {
@@ -169,26 +158,7 @@ void takeScreenshot(const std::string& name) {
 
 // ---- Control --------------------------------------------------------------------------------------------------------
 
-Kind Control::kind() const {
-  static const std::pair<std::string, Kind> kinds[] = {{"Static", Kind::kLabel},
-                                                       {"Edit", Kind::kTextBox},
-                                                       {WC_LISTVIEWA, Kind::kList},
-                                                       {"ListBox", Kind::kLines},
-                                                       {"ComboBox", Kind::kDriveList}};
-  const std::string name = classOf(window_);
-  for (const auto& [known, kind] : kinds) {
-    if (name == known) return kind;
-  }
-  if (name != "Button") return Kind::kOther;
-  const LONG type = GetWindowLongA(window_, GWL_STYLE) & BS_TYPEMASK;
-  if (type == BS_GROUPBOX) return Kind::kFrame;
-  return type == BS_CHECKBOX || type == BS_AUTOCHECKBOX ? Kind::kCheckBox : Kind::kButton;
-}
-
-std::string Control::text() const {
-  const bool mustBeAsked = kind() == Kind::kTextBox || kind() == Kind::kDriveList;
-  return mustBeAsked ? askedText(window_) : textOf(window_);
-}
+std::string Control::text() const { return textOf(window_); }
 
 bool Control::ticked() const { return ask(window_, BM_GETCHECK) == BST_CHECKED; }
 
@@ -198,24 +168,20 @@ RECT Control::place() const {
   return place;
 }
 
-POINT Control::centre() const {
-  const RECT at = place();
-  return {(at.left + at.right) / 2, (at.top + at.bottom) / 2};
-}
-
 void Control::click() const {
   if (!visible()) throw Failed("cannot click \"" + text() + "\": it is hidden");
+  const POINT centre = centreOf(place());
   const HWND root = GetAncestor(window_, GA_ROOT);
   // Wine's desktop may raise a window above one that was opened after it. The screen shows the right order; only clicks
   // would reach the wrong window.
-  waitUntil("\"" + text() + "\" to be uncovered", [this, root] {
-    const HWND onTop = GetAncestor(WindowFromPoint(centre()), GA_ROOT);
+  waitUntil("\"" + text() + "\" to be uncovered", [centre, root] {
+    const HWND onTop = GetAncestor(WindowFromPoint(centre), GA_ROOT);
     if (onTop != root && onTop == GetWindow(root, GW_OWNER)) {
       SetWindowPos(root, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
     return onTop == root;
   });
-  clickAt(centre());
+  clickAt(centre);
 }
 
 void Control::flip() const {
@@ -225,16 +191,6 @@ void Control::flip() const {
 }
 
 // ---- List -----------------------------------------------------------------------------------------------------------
-
-Texts List::columns() const {
-  const auto header = reinterpret_cast<HWND>(ask(handle(), LVM_GETHEADER));
-  HDITEMA item = {};
-  item.mask = HDI_TEXT;
-  Texts titles;
-  const LRESULT count = ask(header, HDM_GETITEMCOUNT);
-  for (int i = 0; i < count; ++i) titles.push_back(exchange(header, HDM_GETITEMA, i, item).second);
-  return titles;
-}
 
 int List::rowCount() const { return static_cast<int>(ask(handle(), LVM_GETITEMCOUNT)); }
 
@@ -254,9 +210,7 @@ Texts List::texts(int column) const {
 }
 
 RECT List::part(int row, int code) const {
-  RECT part = exchange(handle(), LVM_GETITEMRECT, row, RECT{code, 0, 0, 0}).first;
-  MapWindowPoints(handle(), nullptr, reinterpret_cast<POINT*>(&part), 2);
-  return part;
+  return onScreen(handle(), exchange(handle(), LVM_GETITEMRECT, row, RECT{code, 0, 0, 0}).first);
 }
 
 int List::show(const std::string& text) const {
@@ -285,107 +239,65 @@ void List::flip(const std::string& text) const {
 
 std::vector<Control> Window::controls() const {
   std::vector<Control> controls;
-  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+  for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
     controls.emplace_back(child);
   }
   return controls;
 }
 
-std::vector<Control> Window::all(Kind kind) const {
-  std::vector<Control> found = controls();
-  std::erase_if(found, [kind](const Control& control) { return control.kind() != kind; });
-  return found;
+Control Window::control(const std::string& text, const std::string& after) const {
+  const std::vector<Control> all = controls();
+  const auto start = after.empty() ? all.begin() : std::ranges::find(all, after, &Control::text);
+  const auto found = std::find_if(start, all.end(), [&](const Control& one) { return one.text() == text; });
+  if (found == all.end()) throw Failed("no control \"" + text + "\" after \"" + after + '"');
+  if (after.empty() && std::ranges::count(all, text, &Control::text) > 1) throw Failed("several are \"" + text + '"');
+  return *found;
 }
 
-Control Window::only(Kind kind, const std::string& text) const {
-  std::vector<Control> found = all(kind);
-  std::erase_if(found, [&](const Control& control) { return textOf(control.handle()) != text; });
-  if (found.size() == 1) return found.front();
-  throw Failed(std::to_string(found.size()) + " controls of the kind asked for are \"" + text + "\", instead of one");
-}
-
-Control Window::buttonAfter(const std::string& before, const std::string& text) const {
-  bool passed = false;
-  for (const Control& control : controls()) {
-    if (passed && control.kind() == Kind::kButton && control.text() == text) return control;
-    passed = passed || control.text() == before;
-  }
-  throw Failed("no button \"" + text + "\" after \"" + before + "\"");
-}
-
-List Window::list(const Texts& columns) const {
-  for (const Control& control : all(Kind::kList)) {
-    if (List(control).columns() == columns) return List(control);
-  }
-  throw Failed("no list has the columns asked for, beginning with \"" + columns.front() + "\"");
-}
-
-Texts Window::lines(const std::string& list) const {
-  const HWND lines = only(Kind::kLines, list).handle();
+Texts Window::lines(const std::string& name) const {
+  const HWND list = control(name).handle();
   Texts texts;
-  const auto count = static_cast<WPARAM>(ask(lines, LB_GETCOUNT));
-  for (WPARAM i = 0; i < count; ++i) texts.push_back(askedText(lines, LB_GETTEXT, i));
+  const auto count = static_cast<WPARAM>(ask(list, LB_GETCOUNT));
+  for (WPARAM i = 0; i < count; ++i) {
+    // Wine answers across processes in wide characters.
+    std::array<wchar_t, kTextRoom> wide{};
+    std::array<char, kTextRoom> text{};
+    ask(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(wide.data()));
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), kTextRoom, nullptr, nullptr);
+    texts.emplace_back(text.data());
+  }
   return texts;
 }
 
 void Window::openFolder(const std::string& line) const {
-  const HWND list = only(Kind::kLines, "Dir1").handle();
+  const HWND list = control("Dir1").handle();
   const Texts before = lines("Dir1");
   const auto index = static_cast<WPARAM>(std::ranges::find(before, line) - before.begin());
   if (index == before.size()) throw Failed("the folder list does not show \"" + line + "\"");
   ask(list, LB_SETTOPINDEX, index);
   RECT at = {};
   ask(list, LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&at));
-  MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&at), 2);
-  clickAt({(at.left + at.right) / 2, (at.top + at.bottom) / 2}, 2);
+  clickAt(centreOf(onScreen(list, at)), 2);
   waitUntil("the folder list of \"" + line + "\"", [&] { return lines("Dir1") != before; });
 }
 
 Texts Window::labelTexts() const {
   Texts texts;
-  for (const Control& label : all(Kind::kLabel)) {
-    if (label.visible()) texts.push_back(label.text());
+  for (const Control& control : controls()) {
+    if (control.visible() && classOf(control.handle()) == "Static") texts.push_back(control.text());
   }
   return texts;
-}
-
-std::string Window::toolTipOf(const Control& control) const {
-  const auto shown = [process = processOf(window_)] {
-    return findVisible(process, [](HWND window) { return classOf(window) == TOOLTIPS_CLASSA; });
-  };
-  // The window's corner has no tooltip.
-  movePointer({inside().left + 2, inside().top + 2});
-  waitUntil("the last tooltip to close", [&shown] { return shown() == nullptr; });
-  const DWORD start = GetTickCount();
-  while (GetTickCount() - start < kToolTipLimit) {
-    if (!isPointerAt(control.centre())) movePointer(control.centre());
-    if (const HWND toolTip = shown()) return askedText(toolTip);
-    Sleep(kPollEvery);
-  }
-  return "";
-}
-
-RECT Window::inside() const {
-  RECT inside = {};
-  GetClientRect(window_, &inside);
-  MapWindowPoints(window_, nullptr, reinterpret_cast<POINT*>(&inside), 2);
-  return inside;
-}
-
-std::string Window::message() const {
-  constexpr int kMessage = 0xFFFF;  // the id of a message box's text
-  return textOf(GetDlgItem(window_, kMessage));
 }
 
 Control Window::focused() const {
   GUITHREADINFO info = {};
   info.cbSize = sizeof(info);
-  GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
-  return Control(info.hwndFocus == window_ ? nullptr : info.hwndFocus);
+  GetGUIThreadInfo(GetWindowThreadProcessId(handle(), nullptr), &info);
+  return Control(info.hwndFocus == handle() ? nullptr : info.hwndFocus);
 }
 
 void Window::closeWith(const std::string& button) const {
-  this->button(button).click();
+  control(button).click();
   waitUntil("the window to close after \"" + button + "\"", [this] { return !isOpen(); });
 }
 
@@ -414,52 +326,44 @@ Program::~Program() {
 }
 
 void Program::waitForEnd() const {
-  waitUntil("the program to end", [this] { return !running(); });
+  require(WaitForSingleObject(process_.hProcess, kPatience) == WAIT_OBJECT_0, "see the program end");
 }
 
-std::string Program::waitForResults(const std::string& beginning) const {
-  std::string line;
-  waitUntil("\"" + beginning + "\"", [&] {
-    for (const std::string& text : console().labelTexts()) {
-      if (text.starts_with(beginning)) line = text;
-    }
-    return !line.empty();
+void Program::waitForResults(const std::string& beginning) const {
+  waitUntil('"' + beginning + '"', [&] {
+    return std::ranges::any_of(console().labelTexts(), [&](auto& text) { return text.starts_with(beginning); });
   });
-  return line;
 }
 
 void Program::use(const std::string& button, const std::vector<Answer>& answers) const {
-  console().button(button).click();
+  console().control(button).click();
   for (const Answer& expected : answers) answer(expected);
 }
 
 void Program::waitForConsole() const {
-  waitUntil("the console to take input", [this] { return console().takesInput(); });
+  waitUntil("the console to take input", [this] { return console().enabled(); });
 }
 
-Window Program::window(const std::string& title, bool isBox, DWORD limit) const {
+Window Program::window(const std::string& title, DWORD limit) const {
   HWND found = nullptr;
-  const auto isWanted = [&](HWND window) { return (classOf(window) == kBoxClass) == isBox && textOf(window) == title; };
-  waitUntil(
-      "the window \"" + title + "\"",
-      [&] {
-        if (!running()) throw Failed("the program ended before it showed \"" + title + "\"");
-        found = findVisible(process_.dwProcessId, isWanted);
-        return found != nullptr;
-      },
-      limit);
+  const auto isFound = [&] {
+    found = findVisible(process_.dwProcessId, [&](HWND window) { return textOf(window) == title; });
+    return found != nullptr;
+  };
+  waitUntil("the window \"" + title + '"', isFound, limit);
   return Window(found);
 }
 
 void Program::answer(const Answer& expected, DWORD limit) const {
-  const Window box = window(expected.title, true, limit);
-  const std::string message = box.message();
+  constexpr int kMessage = 0xFFFF;  // the id of a message box's text
+  const Window box = window(expected.title, limit);
+  const std::string message = textOf(GetDlgItem(box.handle(), kMessage));
   if (message != expected.message) throw Failed('"' + message + "\" instead of \"" + expected.message + '"');
   box.closeWith(expected.button);
 }
 
 bool Program::showsBox() const {
-  return findVisible(process_.dwProcessId, [](HWND window) { return classOf(window) == kBoxClass; }) != nullptr;
+  return findVisible(process_.dwProcessId, [](HWND window) { return classOf(window) == "#32770"; }) != nullptr;
 }
 
 }  // namespace desktop

@@ -18,15 +18,11 @@ inline constexpr DWORD kPatience = 5000;
 
 // Returns as soon as `condition` holds; throws Failed, naming `what` was waited for, after `limit` milliseconds.
 void waitUntil(const std::string& what, const std::function<bool()>& condition, DWORD limit = kPatience);
-// Moves the pointer to a place on the screen and clicks there.
-void clickAt(POINT point, int times = 1);
 // Presses and releases a key (VK_...), with `held` pressed meanwhile when it is not 0.
 void pressKey(BYTE key, BYTE held = 0);
 void typeText(const std::string& text);
 // Has the script around the test program store the whole screen as build/.../NAME.png; see scripts/play.sh.
 void takeScreenshot(const std::string& name);
-
-enum class Kind { kButton, kCheckBox, kFrame, kLabel, kTextBox, kList, kLines, kDriveList, kOther };
 
 // One control of the program.
 class Control {
@@ -35,8 +31,7 @@ class Control {
   bool operator==(const Control&) const = default;
 
   HWND handle() const { return window_; }
-  Kind kind() const;
-  // Without the mark of its access key.
+  // Without the mark of its access key. Lists have the names of their form's members.
   std::string text() const;
   bool visible() const { return IsWindowVisible(window_) != FALSE; }
   bool enabled() const { return IsWindowEnabled(window_) != FALSE; }
@@ -44,7 +39,6 @@ class Control {
   bool ticked() const;
   // In screen coordinates.
   RECT place() const;
-  POINT centre() const;
 
   // Clicks the middle of the control. Fails when it is hidden or covered.
   void click() const;
@@ -60,7 +54,6 @@ class List : public Control {
  public:
   explicit List(Control control) : Control(control) {}
 
-  Texts columns() const;
   int rowCount() const;
   bool ticked(int row) const;
   // A column's texts, from the first row to the last.
@@ -77,48 +70,26 @@ class List : public Control {
 };
 
 // A top-level window or a message box of the program.
-class Window {
+class Window : public Control {
  public:
-  explicit Window(HWND window) : window_(window) {}
+  using Control::Control;
 
-  HWND handle() const { return window_; }
-  bool isOpen() const { return IsWindow(window_) && IsWindowVisible(window_); }
-  // False while a box or another window is open above it.
-  bool takesInput() const { return IsWindowEnabled(window_) != FALSE; }
-
+  bool isOpen() const { return IsWindow(handle()) && visible(); }
   // All its controls, hidden ones too, in tab order.
   std::vector<Control> controls() const;
-  std::vector<Control> all(Kind kind) const;
-  // The one control of that kind and text.
-  Control button(const std::string& text) const { return only(Kind::kButton, text); }
-  Control checkBox(const std::string& text) const { return only(Kind::kCheckBox, text); }
-  Control label(const std::string& text) const { return only(Kind::kLabel, text); }
-  // The first button of that text after the control with the text `before`.
-  Control buttonAfter(const std::string& before, const std::string& text) const;
-  // The list with exactly these columns.
-  List list(const Texts& columns) const;
+  // The one control of that text; with `after`, the first one behind the control with that text.
+  Control control(const std::string& text, const std::string& after = "") const;
+  List list(const std::string& name) const { return List(control(name)); }
   // The lines of the list of folders ("Dir1") or of files ("File1").
-  Texts lines(const std::string& list) const;
+  Texts lines(const std::string& name) const;
   // Double-clicks a folder's line and waits until the list has changed.
   void openFolder(const std::string& line) const;
   // The texts of the visible labels.
   Texts labelTexts() const;
-  // The tooltip that shows when the pointer rests on the control; empty when none shows in time.
-  std::string toolTipOf(const Control& control) const;
-  // The client area, in screen coordinates.
-  RECT inside() const;
-
-  // The text of a message box.
-  std::string message() const;
   // The control that has the keyboard; its handle is null when no control has.
   Control focused() const;
   // Clicks a button and waits until the window is closed.
   void closeWith(const std::string& button) const;
-
- private:
-  Control only(Kind kind, const std::string& text) const;
-
-  HWND window_;
 };
 
 // What a message box must say, and the button that answers it.
@@ -141,21 +112,20 @@ class Program {
 
   Window console() const { return window("Velmatrix Scrubhaven Pro 1.32"); }
   // The list of the junk scan.
-  List junk() const { return console().list({"File Path and Name", "Size"}); }
-  // Waits until the console's result line begins with this. Returns the whole line.
-  std::string waitForResults(const std::string& beginning) const;
+  List junk() const { return console().list("ListView1"); }
+  // Waits until the console's result line begins with this.
+  void waitForResults(const std::string& beginning) const;
   // Presses a button of the console and answers the message boxes that must follow.
   void use(const std::string& button, const std::vector<Answer>& answers = {}) const;
+  // Waits until the console takes input: no box or other window is open above it.
   void waitForConsole() const;
 
-  // The visible window of that title, or message box (`isBox`), waited for.
-  Window window(const std::string& title, bool isBox = false, DWORD limit = kPatience) const;
+  // The visible window or message box of that title, waited for.
+  Window window(const std::string& title, DWORD limit = kPatience) const;
   void answer(const Answer& expected, DWORD limit = kPatience) const;
   bool showsBox() const;
 
  private:
-  bool running() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
-
   PROCESS_INFORMATION process_ = {};
 };
 

@@ -3,19 +3,11 @@
 #define _WIN32_WINNT 0x0600
 #include "tests/desktop/Machine.h"
 
-// Kept apart: the shell's header needs <windows.h> before it.
-#include <shellapi.h>
-
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace desktop {
 namespace {
-
-namespace fs = std::filesystem;
 
 HKEY rootOf(const std::string& path) { return path.starts_with("HKLM\\") ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER; }
 
@@ -29,18 +21,6 @@ void set(const std::string& path, const std::string& name, DWORD type, const voi
 
 }  // namespace
 
-void require(bool done, const std::string& what) {
-  if (!done) throw Failed("cannot " + what + " (error " + std::to_string(GetLastError()) + ")");
-}
-
-void makeFile(const std::string& path, const std::string& bytes, DWORD attributes) {
-  fs::create_directories(fs::path(path).parent_path());
-  std::ofstream file(path, std::ios::binary);
-  file << bytes;
-  file.close();
-  require(file && SetFileAttributesA(path.c_str(), attributes), "make " + path);
-}
-
 std::string sampleBytes(const std::string& path, std::size_t size) {
   std::string bytes;
   while (bytes.size() < size) bytes += "Sample content of " + path + ".\n";
@@ -48,29 +28,7 @@ std::string sampleBytes(const std::string& path, std::size_t size) {
   return bytes;
 }
 
-std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  require(file.good(), "read " + path);
-  std::string bytes(fs::file_size(path), '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
-}
-
 bool exists(const std::string& path) { return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
-
-Texts namesIn(const std::string& folder) {
-  Texts names;
-  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().string());
-  std::ranges::sort(names);
-  return names;
-}
-
-std::size_t recycledItems() {
-  SHQUERYRBINFO info = {};
-  info.cbSize = sizeof(info);
-  require(SUCCEEDED(SHQueryRecycleBinA(nullptr, &info)), "count the items in the Recycle Bin");
-  return static_cast<std::size_t>(info.i64NumItems);
-}
 
 void lock(const std::string& path) {
   require(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr) != INVALID_HANDLE_VALUE,
@@ -83,10 +41,6 @@ void setText(const std::string& path, const std::string& name, const std::string
 
 void setNumber(const std::string& path, const std::string& name, DWORD number) {
   set(path, name, REG_DWORD, &number, sizeof(number));
-}
-
-void removeValue(const std::string& path, const std::string& name) {
-  RegDeleteKeyValueA(rootOf(path), below(path).c_str(), name.c_str());
 }
 
 Texts contentsOf(const std::string& path) {

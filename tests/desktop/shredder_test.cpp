@@ -12,7 +12,7 @@ class ShredderTest : public ConsoleTest {
   void SetUp() override { use("Shredder"); }
 
   Window shredder() { return window("Scrubhaven Pro - Shredder"); }
-  List list() { return shredder().list({"File Name and Path"}); }
+  List list() { return shredder().list("ListView1"); }
 
   void waitForList(const Texts& paths, DWORD limit = kPatience) {
     waitUntil(
@@ -21,7 +21,7 @@ class ShredderTest : public ConsoleTest {
 
   // Opens the picker in the test's folder, which must show these files.
   void pickFolder(const Texts& files, const std::string& button) {
-    shredder().button("Add Folder").click();
+    shredder().control("Add Folder").click();
     const Window picker = window("Add folder contents");
     picker.openFolder(folderName());
     waitUntil("the folder's files", [&] { return picker.lines("File1") == files; });
@@ -29,7 +29,7 @@ class ShredderTest : public ConsoleTest {
   }
 
   void shred(const std::string& button) {
-    shredder().button("Shred Files").click();
+    shredder().control("Shred Files").click();
     answer({"Scrubhaven Pro",
             "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!",
             button});
@@ -37,7 +37,7 @@ class ShredderTest : public ConsoleTest {
 };
 
 TEST_F(ShredderTest, ChosenFilesAreOverwrittenAndDeleted) {
-  EXPECT_FALSE(shredder().button("Shred Files").enabled() || console().takesInput());
+  EXPECT_FALSE(shredder().control("Shred Files").enabled() || console().enabled());
   const std::string first = make("first.txt");
   const std::string second = make("second.txt");
   const std::string fromDialog = make("sub\\Dialog.txt");
@@ -45,14 +45,14 @@ TEST_F(ShredderTest, ChosenFilesAreOverwrittenAndDeleted) {
   pickFolder({"first.txt", "second.txt"}, "Cancel");
   waitForList({});
   pickFolder({"first.txt", "second.txt"}, "OK");
-  shredder().button("Add File").click();
-  const Window dialog = window("Select file(s) to shred", true);
+  shredder().control("Add File").click();
+  const Window dialog = window("Select file(s) to shred");
   typeText(fromDialog);
   pressKey(VK_RETURN);
   waitUntil("the dialog to close", [&dialog] { return !dialog.isOpen(); });
   waitForList({first, second, fromDialog});
   list().select(second);
-  shredder().button("Remove File").click();
+  shredder().control("Remove File").click();
   waitForList({first, fromDialog});
   shred("No");
   waitForList({first, fromDialog});
@@ -69,14 +69,14 @@ TEST_F(ShredderTest, ChosenFilesAreOverwrittenAndDeleted) {
   std::filesystem::create_hard_link(large, link);
   pickFolder({"Large.bin", "second.txt"}, "OK");
   shred("Yes");
-  const Control bar = shredder().label("lblBlue");
-  const RECT whole = shredder().label("lblGrey").place();
+  const Control bar = shredder().control("lblBlue");
+  const RECT whole = shredder().control("lblGrey").place();
   waitUntil(
       "the bar half way",
       [&] { return bar.visible() && (bar.place().right - whole.left) * 2 > whole.right - whole.left; }, kShredding);
-  shredder().button("Cancel").click();
+  shredder().control("Cancel").click();
   waitForList({second}, kShredding);
-  waitUntil("the run to end", [this] { return shredder().button("Shred Files").enabled(); });
+  waitUntil("the run to end", [this] { return shredder().control("Shred Files").enabled(); });
   EXPECT_FALSE(showsBox() || bar.visible() || exists(large));
   EXPECT_EQ(readFile(link).size(), kLarge + 1);
   EXPECT_EQ(readFile(link).find("Sample content"), std::string::npos);

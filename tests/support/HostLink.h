@@ -32,16 +32,19 @@ inline bool waitForPath(const std::string& path, bool there) {
   return false;
 }
 
-// Makes the folder `link` a link to `target`, by a path relative to it ("..\files"), so that it never leads out of the
+// Makes `link` a link to the folder `target`, both paths relative to `folder`, and so that it never leads out of the
 // machine that the tests run on. Names hold no blanks.
-inline bool makeFolderLink(const std::string& folder, const std::string& name, std::string target) {
-  std::ranges::replace(target, '\\', '/');
-  return startHostProgram(folder, "ln", "-s " + target + ' ' + name) && waitForPath(folder + '\\' + name, true);
+inline bool makeFolderLink(const std::string& folder, const std::string& link, const std::string& target) {
+  std::string arguments = "-s -r " + target + ' ' + link;
+  std::ranges::replace(arguments, '\\', '/');
+  return startHostProgram(folder, "ln", arguments) && waitForPath(folder + '\\' + link, true);
 }
 
 // Takes the link away without what it points to.
-inline bool removeFolderLink(const std::string& folder, const std::string& name) {
-  return startHostProgram(folder, "rm", name) && waitForPath(folder + '\\' + name, false);
+inline bool removeFolderLink(const std::string& folder, std::string link) {
+  const std::string path = folder + '\\' + link;
+  std::ranges::replace(link, '\\', '/');
+  return startHostProgram(folder, "rm", link) && waitForPath(path, false);
 }
 
 }  // namespace support
