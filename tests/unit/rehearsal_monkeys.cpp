@@ -133,18 +133,23 @@ class Monkey {
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(list->tickedCount() > 0 && ofCache == (list == &world_->console->lvCache));
     for (std::size_t i = 0; agrees && i < list->rowCount(); ++i) {
-      if (list->ticked(i)) mayGo_.push_back(ofCache ? list->row(i).subItems[0] : list->text(i));
+      if (list->ticked(i)) allow(ofCache ? list->row(i).subItems[0] : list->text(i));
     }
     deletions_ += agrees ? 1 : 0;
   }
 
+  // Of a path through a folder that was a link when the user chose it, the target's file.
+  void allow(std::string path) {
+    path[0] = path[0] == 'c' ? 'C' : path[0];
+    for (const std::string link : {"C:\\J\\Link", "C:\\Temp\\Link"}) {
+      if (path.starts_with(link + '\\')) path.replace(0, link.size(), "C:\\Outside");
+    }
+    mayGo_.push_back(path);
+  }
+
   void noteShredder() {
     if (shredder_ == nullptr) return;
-    for (std::size_t i = 0; i < shredder_->ListView1.rowCount(); ++i) {
-      std::string path = shredder_->ListView1.text(i);
-      path[0] = 'C';
-      mayGo_.push_back(path);
-    }
+    for (std::size_t i = 0; i < shredder_->ListView1.rowCount(); ++i) allow(shredder_->ListView1.text(i));
   }
 
   void expectModal() {
