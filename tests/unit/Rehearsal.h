@@ -27,7 +27,7 @@ struct World {
   // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
   // or what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has
   // renamed may come.
-  Paths harmed(const Snapshot& before, const Paths& mayGo) const;
+  static Paths harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo);
 
   // The list that the user sees.
   controls::ListView* front();

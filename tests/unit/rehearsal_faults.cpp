@@ -55,7 +55,7 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
 
   SCOPED_TRACE(std::string(scenario.name) + ", call " + std::to_string(n) + ' ' + operation + ' ' +
                std::to_string(code.value_or(0)));
-  EXPECT_EQ(world.harmed(before, mayGo), Paths{});
+  EXPECT_EQ(World::harmed(before, world.everything(), mayGo), Paths{});
   const bool hasCacheRows = world.front() == &world.console->lvCache && !world.console->lvCache.empty();
   world.expectUsable(!scenario.mayDisableScan && !hasCacheRows);
   for (controls::ListView* shown : {&world.console->ListView1, &world.console->ListView2}) {
@@ -82,7 +82,7 @@ const std::set<std::string> kRepeated = {"closeFile", "freeFile",   "flushFileBu
 
 TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
   constexpr int kOften = 6;
-  constexpr int kStep = 11;
+  constexpr int kStep = 29;
   const bool every = numberFrom("SCRUBHAVEN_EVERY_CALL", 0) != 0;
   int calls = 0;
   int runs = 0;
@@ -101,7 +101,7 @@ TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
           ++runs;
         }
       }
-      if (scenario.pairs) {
+      if (scenario.pairs && !often) {
         runWithFault(scenario, n, std::nullopt, 1);
         ++pairs;
       }

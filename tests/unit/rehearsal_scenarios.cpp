@@ -151,7 +151,6 @@ const Scenario kScenarios[] = {
     {.name = "temps",
      .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
      .mayGo = kTemps,
-     .pairs = true,
      .mayDisableScan = true},
     {.name = "temps refused",
      .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
@@ -257,9 +256,8 @@ Snapshot World::everything() const {
   return all;
 }
 
-Paths World::harmed(const Snapshot& before, const Paths& mayGo) const {
+Paths World::harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo) {
   Paths paths;
-  const Snapshot now = everything();
   for (const auto& [path, contents] : before) {
     const auto found = now.find(path);
     const bool same = found != now.end() && found->second == contents;
