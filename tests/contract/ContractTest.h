@@ -76,6 +76,7 @@ class ContractTest : public testing::Test {
 
  private:
   std::unique_ptr<TestMachine> testMachine_ = makeTestMachine();
+  ScopedMachine use_{testMachine_->machine()};
   std::vector<Handle> locks_;
 };
 
