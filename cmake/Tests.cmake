@@ -45,6 +45,9 @@ if(WIN32)
   sealed_wine_test(windows_98 contract_tests 60
     "--gtest_filter=RegistryContract.*:ScriptContract.*:Enumeration.*:ForeignNames.*")
   set_tests_properties(wine.windows_98 PROPERTIES ENVIRONMENT SCRUBHAVEN_VERSION=win98)
+  # Second bytes of the Japanese code page's characters have meanings in paths.
+  sealed_wine_test(code_page_932 contract_tests 60 "--gtest_filter=ForeignNames.*")
+  set_tests_properties(wine.code_page_932 PROPERTIES ENVIRONMENT SCRUBHAVEN_LOCALE=ja_JP)
 else()
   list(FILTER contract EXCLUDE REGEX "_win32\\.cpp$")
   add_executable(contract_tests ${contract})

@@ -30,10 +30,20 @@ std::optional<std::string> exactText(std::wstring_view wide) {
   return wideText(text) == wide ? std::optional(text) : std::nullopt;
 }
 
+std::optional<std::string> exactPath(std::wstring_view wide) {
+  std::optional<std::string> exact = exactText(wide);
+  if (exact && std::ranges::count(*exact, '\\') != std::ranges::count(wide, L'\\')) exact.reset();
+  return exact;
+}
+
 std::string reachablePath(const std::wstring& path) {
-  if (const std::optional<std::string> exact = exactText(path)) return *exact;
+  if (const std::optional<std::string> exact = exactPath(path)) return *exact;
   const auto shortForm = [&path](DWORD size, wchar_t* out) { return GetShortPathNameW(path.c_str(), out, size); };
-  return exactText(pathFrom<wchar_t>(shortForm)).value_or("");
+  return exactPath(pathFrom<wchar_t>(shortForm)).value_or("");
+}
+
+std::string reachablePath(const std::string& path) {
+  return path.contains('?') ? "" : exactPath(wideText(path)).value_or("");
 }
 
 std::string upperCaseOf(std::string_view text) {

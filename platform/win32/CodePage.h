@@ -19,9 +19,15 @@ bool hasWideCalls();
 // be the path of another file. WideCharToMultiByte.
 std::optional<std::string> exactText(std::wstring_view wide);
 
-// `path` in the code page, or its short form when the code page lacks one of its characters; empty when it lacks one of
-// that too. GetShortPathNameW.
+// The same for a path: nothing also when a double-byte character of it has the byte of the backslash, at which paths
+// are split.
+std::optional<std::string> exactPath(std::wstring_view wide);
+
+// `path` by exactPath, or else its short form by exactPath; empty when there is none. GetShortPathNameW.
 std::string reachablePath(const std::wstring& path);
+// `path` itself, which a narrow call has returned; empty when it holds "?", the system's replacement for characters
+// that the code page lacks, or is not exact.
+std::string reachablePath(const std::string& path);
 
 // The path that `call(size, buffer)` stores in a buffer of `size` characters; empty when it fails, or has no room.
 template <typename Character, typename Call>

@@ -12,7 +12,8 @@ std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
 std::string Win32Environment::programFolder() {
   const auto narrow = [](DWORD size, char* out) { return GetModuleFileNameA(nullptr, out, size); };
   const auto wide = [](DWORD size, wchar_t* out) { return GetModuleFileNameW(nullptr, out, size); };
-  const std::string path = hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
+  const std::string path =
+      hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : reachablePath(pathFrom<char>(narrow));
   const std::size_t end = path.rfind('\\');
   if (end == std::string::npos) return path;
   const bool isRoot = end > 0 && path[end - 1] == ':';
@@ -22,7 +23,7 @@ std::string Win32Environment::programFolder() {
 std::string Win32Environment::windowsFolder() {
   const auto narrow = [](DWORD size, char* out) { return GetWindowsDirectoryA(out, size); };
   const auto wide = [](DWORD size, wchar_t* out) { return GetWindowsDirectoryW(out, size); };
-  return hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
+  return hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : reachablePath(pathFrom<char>(narrow));
 }
 
 std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
@@ -31,11 +32,11 @@ std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
     const std::wstring wideName = wideText(name);
     std::wstring value(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
     value.resize(GetEnvironmentVariableW(wideName.c_str(), value.data(), static_cast<DWORD>(value.size())));
-    return exactText(value).value_or("");
+    return exactPath(value).value_or("");
   }
   std::string value(GetEnvironmentVariableA(name.c_str(), nullptr, 0), '\0');
   value.resize(GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
-  return value;
+  return reachablePath(value);
 }
 
 std::string Win32Environment::upperCase(std::string_view text) { return upperCaseOf(text); }

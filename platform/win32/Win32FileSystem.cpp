@@ -43,10 +43,26 @@ std::string usableName(const wchar_t* name) {
 // The system has replaced a character that the code page lacks by "?" or by a similar character.
 std::string usableName(const char* name) { return isUsableName(name) ? name : ""; }
 
+// Whether the long name itself, apart from what the code page makes of it, names the entry in a path. Some calls look
+// up the long name behind a short one and use that.
+template <typename Character>
+bool isPlainName(std::basic_string_view<Character> longName) {
+  constexpr std::wstring_view kRaisedDigits = L"\u00B9\u00B2\u00B3";  // which devices may have instead of 1 to 3
+  constexpr std::string_view kPlain = " .$0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  std::string plain;
+  for (const Character letter : longName) {
+    const bool isPlain = letter > 0 && letter < 0x80 && kPlain.contains(static_cast<char>(letter));
+    const bool isDigit = kRaisedDigits.contains(static_cast<wchar_t>(letter));
+    plain += isPlain ? static_cast<char>(letter) : isDigit ? '1' : 'x';
+  }
+  return isUsableName(plain);
+}
+
 // Stores the entry under its long name, or under the short one when the code page lacks the long one; false when later
 // calls could not find it under either.
 template <typename Found>
 bool store(const Found& found, FindRecord& record) {
+  if (!isPlainName(std::basic_string_view(found.cFileName))) return false;
   std::string name = usableName(found.cFileName);
   if (name.empty()) name = usableName(found.cAlternateFileName);
   if (name.empty() || name.size() >= record.name.size()) return false;
@@ -294,7 +310,7 @@ std::vector<Drive> Win32FileSystem::drives() {
 
 std::string Win32FileSystem::currentFolder() {
   if (hasWideCalls()) return reachablePath(pathFrom<wchar_t>(GetCurrentDirectoryW));
-  return pathFrom<char>(GetCurrentDirectoryA);
+  return reachablePath(pathFrom<char>(GetCurrentDirectoryA));
 }
 
 Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
@@ -303,7 +319,8 @@ Result<std::string> Win32FileSystem::currentFolderOf(char letter) {
   const std::wstring wideDrive = wideText(drive);
   const auto narrow = [&](DWORD size, char* out) { return GetFullPathNameA(drive.c_str(), size, out, nullptr); };
   const auto wide = [&](DWORD size, wchar_t* out) { return GetFullPathNameW(wideDrive.c_str(), size, out, nullptr); };
-  const std::string folder = hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : pathFrom<char>(narrow);
+  const std::string folder =
+      hasWideCalls() ? reachablePath(pathFrom<wchar_t>(wide)) : reachablePath(pathFrom<char>(narrow));
   if (folder.empty()) return rootOf(drive[0]);
   // Wine's GetFullPathName keeps the trailing backslash.
   return withoutClosingBackslash(folder);

@@ -1,82 +1,218 @@
-// Names that the code page cannot hold, or that later calls would cut: only the real file system has them, because only
-// there do other programs make them with wide calls.
+// Names that the code page cannot hold, or that later calls would take for something else: only the real file system
+// has them, because only there do other programs make them with wide calls.
 #include <windows.h>
 
-#include <array>
+#include <algorithm>
+#include <map>
+#include <thread>
 
+#include "platform/Enumeration.h"
+#include "platform/Paths.h"
+#include "platform/win32/ui/Win32Ui.h"
 #include "tests/contract/ContractTest.h"
 
 namespace contract {
 namespace {
 
+using WideNames = std::vector<std::wstring>;
+
+// The Windows 95 family has narrow calls only, which give a letter without its accent for one that the code page lacks.
+bool hasWideCalls() { return (GetVersion() & 0x80000000) == 0; }
+
+// Names that no byte of the code page's text may make a path, a device, a pattern or another file of.
+WideNames foreignNames() {
+  WideNames names = {L"\x0430\x0431.bak",
+                     L"\x8868.bak",  // in code page 932 a character with the byte of the backslash
+                     L"\x30DD.bak",  // and one with that of the bar
+                     L"\xD83D\xDE00.bak",
+                     L"sub\xFF3Cown.bak",
+                     L"sub\xFF3C..\xFF3Cown.bak",
+                     L"\x00A5own.bak",
+                     L"\x2215own.bak",
+                     L"C\xFF1Aown.bak",
+                     L"\xFF0A.bak",
+                     L"tw\xFF1Fn.bak",
+                     L"\xFF1C\xFF1E\xFF5C\xFF02.bak",
+                     L"twin.bak ",
+                     L"twin.bak.",
+                     L"\x0431.bak  ",
+                     L"con",
+                     L"nul.bak",
+                     L"Aux.x.bak",
+                     L"com1.bak",
+                     L"LPT9 .bak",
+                     L"com\x00B9.bak",
+                     L"CONIN$",
+                     std::wstring(250, L'n') + L"1.bak",
+                     std::wstring(250, L'n') + L"2.bak",
+                     std::wstring(120, L'\x0431') + L".bak"};
+  // An "a" with an ogonek, a broad one, a dotless "i", and the sign of the kelvin.
+  const WideNames likeLetters = {L"\x0105.bak", L"\xFF41.bak", L"\x0131.bak", L"\x212A.bak"};
+  if (hasWideCalls()) names.insert(names.end(), likeLetters.begin(), likeLetters.end());
+  return names;
+}
+
+const WideNames kTwins = {L"a.bak", L"i.bak", L"k.bak", L"own.bak", L"twin.bak", L"sub\\own.bak"};
+
 class ForeignNames : public ContractTest {
  protected:
-  // Makes a file in the working folder; the prefix keeps every character of the name as it is.
-  void makeForeign(const std::wstring& name) {
+  static constexpr std::uint64_t kForeignSize = 2;
+
+  // The path with a prefix that keeps every character as it is.
+  std::wstring wideAt(const std::wstring& name) {
     const std::string root = testMachine().root();
-    const std::wstring path = L"\\\\?\\" + std::wstring(root.begin(), root.end()) + L"\\" + name;
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
-    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    return L"\\\\?\\" + std::wstring(root.begin(), root.end()) + L'\\' + name;
+  }
+
+  void makeForeignFolder(const std::wstring& name) {
+    made_.push_back(wideAt(name));
+    ASSERT_TRUE(CreateDirectoryW(made_.back().c_str(), nullptr)) << made_.size();
+  }
+
+  void makeForeign(const std::wstring& name, std::size_t size = 1) {
+    made_.push_back(wideAt(name));
+    const HANDLE file = CreateFileW(made_.back().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE) << made_.size();
+    DWORD written = 0;
+    WriteFile(file, std::string(size, 'x').data(), static_cast<DWORD>(size), &written, nullptr);
     CloseHandle(file);
-    made_.push_back(path);
   }
 
   void TearDown() override {
-    for (const std::wstring& path : made_) DeleteFileW(path.c_str());
+    SetCurrentDirectoryA("C:\\");
+    for (auto path = made_.rbegin(); path != made_.rend(); ++path) {
+      if (!DeleteFileW(path->c_str())) RemoveDirectoryW(path->c_str());
+    }
+    ContractTest::TearDown();
   }
 
-  // Whether the working folder's volume gives files short names.
-  bool hasShortNames() {
-    const std::string probe = makeFile("probe.longextension");
-    std::array<char, MAX_PATH> shortName{};
-    GetShortPathNameA(probe.c_str(), shortName.data(), shortName.size());
-    DeleteFileA(probe.c_str());
-    return probe != shortName.data();
+  // What is listed in a folder: the sizes by name.
+  std::map<std::string, std::uint64_t> listed(const std::string& folder) {
+    std::map<std::string, std::uint64_t> sizes;
+    forEachEntry(files(), at(folder) + "\\*", [&](const std::string& name, const FindRecord& record) {
+      if (!isDotEntry(name)) sizes[name] = record.sizeLow;
+      return true;
+    });
+    return sizes;
   }
 
-  std::vector<std::wstring> made_;
+  // That the path of a foreign file, if there is one, leads to it, and every part of it up to a backslash to a folder.
+  void expectExact(const std::string& path) {
+    if (path == "\\own.bak") return;
+    EXPECT_EQ(files().fileSize(path), kForeignSize) << path;
+    for (std::size_t end = path.find('\\'); end != std::string::npos; end = path.find('\\', end + 1)) {
+      EXPECT_TRUE(exists(path.substr(0, end))) << path;
+    }
+  }
+
+  bool isThere(const std::wstring& name) { return GetFileAttributesW(wideAt(name).c_str()) != kInvalidAttributes; }
+
+  WideNames made_;
 };
 
-TEST_F(ForeignNames, AnEntryThatTheCodePageCannotHoldNeverPassesForAnother) {
-  std::vector<const wchar_t*> foreign = {
-      L"\x0430\x0431.bak",         // Cyrillic, of which nothing looks like a Latin letter
-      L"inner\xFF3Cown.bak",       // a broad backslash
-      L"..\xFF3C..\xFF3Cwin.bak",  // and two that would lead out of the folder
-  };
-  // An "a" with a hook, which the narrow calls of the older family cannot tell from one without.
-  const bool hasWideCalls = (GetVersion() & 0x80000000) == 0;
-  if (hasWideCalls) foreign.push_back(L"\x0105.bak");
-  makeForeign(L"a.bak");
-  makeFile("inner\\own.bak");
-  for (const wchar_t* name : foreign) makeForeign(name);
-
-  std::vector<std::string> names = find(at("*.bak"));
-  EXPECT_EQ(std::erase(names, "a.bak"), 1);
-  EXPECT_EQ(names.size(), hasShortNames() ? foreign.size() : 0);
-  for (const std::string& name : names) {
-    EXPECT_EQ(name.find_first_of("?\\"), std::string::npos) << name;
-    EXPECT_TRUE(fileObjects().deleteFile(at(name), true)) << name;
+// Each file has a size of its own, so that it shows which of them a name reaches.
+TEST_F(ForeignNames, AListedNameReachesItsOwnFileAndNoOther) {
+  makeFolder("sub");
+  for (const std::wstring& name : kTwins) makeForeign(name, made_.size() + 1);
+  const WideNames foreign = foreignNames();
+  for (const std::wstring& name : foreign) makeForeign(name, made_.size() + 1);
+  std::map<std::string, std::uint64_t> names = listed(".");
+  names.erase("sub");
+  Names shown = files().filesIn(at(".")).value();
+  std::ranges::sort(shown);
+  EXPECT_FALSE(hasWideCalls() && names.contains("com\xB9.bak")) << "a device on later systems";
+  EXPECT_TRUE(std::ranges::equal(shown, names, {}, {}, [](const auto& entry) { return entry.first; }));
+  for (std::size_t i = 0; i + 1 < kTwins.size(); ++i) {
+    EXPECT_EQ(names.extract(std::string(kTwins[i].begin(), kTwins[i].end())).mapped(), i + 1);
   }
-  EXPECT_EQ(find(at("*.bak")), std::vector<std::string>{"a.bak"});
-  EXPECT_TRUE(exists(at("inner\\own.bak")));
+  std::vector<bool> isListed(made_.size());
+  for (const auto& [name, size] : names) {
+    isListed.at(size - 1) = at(name).size() < MAX_PATH;  // a longer path reaches nothing
+    EXPECT_EQ(files().fileSize(at(name)).value_or(0), isListed[size - 1] ? size : 0) << name;
+    EXPECT_EQ(fileObjects().deleteFile(at(name), true).has_value(), isListed[size - 1]) << name;
+  }
+  for (std::size_t i = 0; i < made_.size(); ++i) {
+    EXPECT_NE(GetFileAttributesW(made_[i].c_str()) != kInvalidAttributes, isListed[i]) << i;
+  }
+}
+
+TEST_F(ForeignNames, AListedFolderReachesItsOwnFiles) {
+  makeFolder("tree");
+  for (const wchar_t* name : {L"a.bak", L"i.bak", L"k.bak", L"twin.bak"})
+    makeForeignFolder(std::wstring(L"tree\\") + name);
+  for (const std::wstring& name : foreignNames()) {
+    makeForeignFolder(L"tree\\" + name);
+    if (name.size() < 100) makeForeign(L"tree\\" + name + L"\\own" + std::to_wstring(made_.size()));
+  }
+  std::map<std::string, int> found;
+  const Names folders = files().subfolders(at("tree")).value();
+  for (const std::string& name : folders) {
+    for (const std::string& file : find(at("tree\\" + name + "\\own*"))) ++found[file];
+  }
+  EXPECT_GE(found.size(), 3U);
+  for (const auto& [file, times] : found) EXPECT_EQ(times, 1) << file;
 }
 
 TEST_F(ForeignNames, RemovingATreeRemovesNothingBesideIt) {
-  makeFile("own.bak");
-  makeFolder("tree");
-  makeForeign(L"tree\\..\xFF3Cown.bak");
-  const bool gone = fileObjects().deleteFolder(at("tree"), true).has_value();
-  EXPECT_EQ(gone, hasShortNames());
-  EXPECT_TRUE(exists(at("own.bak")));
+  makeFolder("sub");
+  for (const std::wstring& name : kTwins) makeForeign(name);
+  for (const std::wstring& name : foreignNames()) {
+    makeForeignFolder(L"tree");
+    makeForeign(L"tree\\" + name);
+    const bool isListed = !listed("tree").empty() && at("tree").size() + name.size() < MAX_PATH;
+    EXPECT_EQ(fileObjects().deleteFolder(at("tree"), true).has_value(), isListed) << made_.size();
+    EXPECT_NE(exists(at("tree")), isListed) << made_.size();
+    DeleteFileW(made_.back().c_str());
+    RemoveDirectoryW(wideAt(L"tree").c_str());
+  }
+  for (const std::wstring& name : kTwins) EXPECT_TRUE(isThere(name)) << name.size();
 }
 
-TEST_F(ForeignNames, AnEntryThatLaterCallsWouldTakeForItsNeighbourIsLeftOut) {
-  makeForeign(L"note.bak");
-  makeForeign(L"note.bak ");
-  makeForeign(L"note.bak.");
-  EXPECT_EQ(find(at("*")), (Names{".", "..", "note.bak"}));
-  DeleteFileW(made_[0].c_str());
-  EXPECT_EQ(find(at("*")), (Names{".", ".."}));
+// Types a path into the open-file dialog of this process and presses its button, as soon as it is there.
+void answerDialog(const std::wstring& path) {
+  constexpr int kNameList = 0x47C;
+  constexpr int kName = 0x480;
+  constexpr int kTries = 500;
+  constexpr DWORD kPause = 20;  // milliseconds
+  HWND dialog = nullptr;
+  for (int i = 0; i < kTries && (dialog == nullptr || !IsWindowVisible(dialog)); ++i) {
+    Sleep(kPause);
+    dialog = FindWindowW(L"#32770", L"Foreign names");
+  }
+  for (const int name : {kNameList, kName}) SetDlgItemTextW(dialog, name, path.c_str());
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
+Result<std::string> choose(const std::wstring& path) {
+  std::thread person(answerDialog, path);
+  win32::Win32Ui ui;
+  Result<std::string> chosen = ui.openFileDialog({.title = "Foreign names", .filter = "All|*.*|"});
+  person.join();
+  return chosen;
+}
+
+TEST_F(ForeignNames, TextsThatComeInAreExactOrRefused) {
+  std::vector<const wchar_t*> foreign = {L"\x8868", L"\x30BD\x0431"};
+  if (hasWideCalls())
+    foreign.insert(foreign.end(), {L"\x0105",
+                                   L"sub\xFF3C"
+                                   L"a"});
+  for (const char* name : {"a", "sub\\a"}) makeFile(std::string(name) + "\\own.bak");
+  for (const std::wstring name : foreign) {
+    makeForeignFolder(name);
+    makeForeign(name + L"\\own.bak", kForeignSize);
+    const std::wstring folder = wideAt(name).substr(4);
+    SetEnvironmentVariableW(L"FOREIGN", folder.c_str());
+    const Result<std::string> chosen = choose(folder + L"\\own.bak");
+    ASSERT_TRUE(SetCurrentDirectoryW(folder.c_str()));
+    const std::string here = files().currentFolder();
+    expectExact(here + "\\own.bak");
+    expectExact(machine().environment().getEnvironmentVariable("FOREIGN") + "\\own.bak");
+    if (chosen) expectExact(*chosen);
+    EXPECT_TRUE(chosen || chosen.error().number == kBadFileName);
+    EXPECT_EQ(files().currentFolderOf('C').value(), here.empty() ? "C:\\" : here);
+  }
+  EXPECT_EQ(numberOf(choose(L"C:\\contract\\nul.bak")), kBadFileName);
 }
 
 }  // namespace

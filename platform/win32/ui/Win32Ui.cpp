@@ -7,10 +7,10 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string>
 
 #include "controls/Form.h"
+#include "platform/Names.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/ui/CommonControls.h"
 #include "platform/win32/ui/FormWindow.h"
@@ -46,7 +46,7 @@ struct WideDialog {
   using Record = OPENFILENAMEW;
   static DWORD recordSize() { return OPENFILENAME_SIZE_VERSION_400W; }
   static std::wstring text(const std::string& text) { return wideText(text); }
-  static std::optional<std::string> path(const wchar_t* path) { return exactText(path); }
+  static std::string path(const wchar_t* path) { return exactPath(path).value_or(""); }
   static bool show(Record& record) { return GetOpenFileNameW(&record) != FALSE; }
   static void readCurrentFolder(wchar_t* folder, DWORD size) { GetCurrentDirectoryW(size, folder); }
   static void setCurrentFolder(const wchar_t* folder) { SetCurrentDirectoryW(folder); }
@@ -57,7 +57,7 @@ struct NarrowDialog {
   using Record = OPENFILENAMEA;
   static DWORD recordSize() { return OPENFILENAME_SIZE_VERSION_400A; }
   static const std::string& text(const std::string& text) { return text; }
-  static std::optional<std::string> path(const char* path) { return path; }
+  static std::string path(const char* path) { return reachablePath(std::string(path)); }
   static bool show(Record& record) { return GetOpenFileNameA(&record) != FALSE; }
   static void readCurrentFolder(char* folder, DWORD size) { GetCurrentDirectoryA(size, folder); }
   static void setCurrentFolder(const char* folder) { SetCurrentDirectoryA(folder); }
@@ -88,8 +88,8 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   const std::basic_string<Character> folder(path.data(), chosen ? dialog.nFileOffset : 0);
   Dialog::setCurrentFolder(chosen ? folder.c_str() : before.data());
   if (!chosen) return failure(kDialogCancelled);
-  const std::optional<std::string> exact = Dialog::path(path.data());
-  return exact ? Result<std::string>(*exact) : failure(kBadFileName);
+  const std::string exact = Dialog::path(path.data());
+  return isUsableName(exact.substr(exact.rfind('\\') + 1)) ? Result<std::string>(exact) : failure(kBadFileName);
 }
 
 bool isClickOrKey(UINT message) {
