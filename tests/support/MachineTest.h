@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -27,22 +26,6 @@ class MachineTest : public testing::Test {
     std::vector<std::string> texts;
     for (const platform::memory::ShownBox& box : machine.boxes()) texts.push_back(box.text);
     return texts;
-  }
-
-  // Calls `act` again and again, each time with one more call of an operation failing, until none fails any more.
-  // `act` is told which.
-  template <typename Act>
-  void withEachCallFailing(std::initializer_list<const char*> operations, Act act) {
-    for (const std::string operation : operations) {
-      int failures = 0;
-      for (bool failed = true; failed; failures += failed ? 1 : 0) {
-        machine.failAt(operation, failures + 1);
-        act(operation + " " + std::to_string(failures + 1));
-        failed = !machine.faults().left();
-        machine.faults().clear();
-      }
-      EXPECT_GT(failures, 0) << operation << " is never called";
-    }
   }
 
  private:

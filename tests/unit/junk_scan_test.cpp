@@ -83,11 +83,11 @@ TEST_F(JunkScan, SizesRoundToEvenAndExactly1024KeepsTheTextBefore) {
     machine.addSizedFile(path, size);
     expected.push_back(path + '|' + text);
   }
-  machine.addSizedFile("C:\\J\\Sub\\a.tmp", 1024);
-  machine.disk().setListedSize("C:\\J\\Sub\\a.tmp", 77);
+  machine.addSizedFile("C:\\J\\Sub\\a.tmp", 77);
+  machine.disk().setListedSize("C:\\J\\Sub\\a.tmp", 1024);
   expected.push_back("C:\\J\\Sub\\a.tmp|0");
   scan({kTypeTmp}, "C:\\J");
-  EXPECT_EQ(rowsOf(form.ListView1), expected) << "each folder begins anew, and its own sizes do not count";
+  EXPECT_EQ(rowsOf(form.ListView1), expected) << "each folder begins anew, and its sizes count";
   form.ListView1.clickRow(2);
   EXPECT_EQ(form.ListView1.toolTip(), "C:\\J\\102.tmp");
 }
