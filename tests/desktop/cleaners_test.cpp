@@ -62,7 +62,8 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
   };
   use("IE Cache/Cookies");
   waitForResults(" Results: Found 2 cache entries.");
-  EXPECT_TRUE(cache.visible() && !junk().visible() && !clean.enabled());
+  // The window shows one control's new state after the other.
+  waitUntil("the cache page", [&] { return cache.visible() && !junk().visible() && !clean.enabled(); });
   EXPECT_TRUE(std::ranges::is_permutation(cache.texts(), files));
   EXPECT_EQ(cache.texts(2), Texts(2, "3/5/2004 2:10:02 PM"));
 
