@@ -3,8 +3,19 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <type_traits>
 
 namespace platform::win32 {
+
+namespace {
+
+// All code pages agree on these, and almost every name consists of them.
+template <typename Character>
+bool isAscii(Character character) {
+  return static_cast<std::make_unsigned_t<Character>>(character) < 0x80;
+}
+
+}  // namespace
 
 std::wstring wideText(std::string_view text) {
   const int bytes = static_cast<int>(text.size());
@@ -19,11 +30,7 @@ bool hasWideCalls() {
 }
 
 std::optional<std::string> exactText(std::wstring_view wide) {
-  // All code pages agree on these, and almost every name consists of them.
-  constexpr wchar_t kFirstNotAscii = 0x80;
-  if (std::ranges::all_of(wide, [](wchar_t unit) { return unit < kFirstNotAscii; })) {
-    return std::string(wide.begin(), wide.end());
-  }
+  if (std::ranges::all_of(wide, isAscii<wchar_t>)) return std::string(wide.begin(), wide.end());
   const int length = static_cast<int>(wide.size());
   std::string text(WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr), '\0');
   WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
@@ -47,6 +54,13 @@ std::string reachablePath(const std::string& path) {
 }
 
 std::string upperCaseOf(std::string_view text) {
+  if (std::ranges::all_of(text, isAscii<char>)) {
+    std::string upper(text);
+    for (char& letter : upper) {
+      if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    }
+    return upper;
+  }
   if (hasWideCalls()) {
     // In the UTF-8 code page, upper case can change the number of bytes, which the narrow call cannot do.
     std::wstring wide = wideText(text);
