@@ -75,10 +75,10 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
   return operation;
 }
 
-// What the shredder and the wipe call hundreds of times. Unless SCRUBHAVEN_EVERY_CALL is 1, such an operation that has
+// What the shredder, the wipe and the lists call many times. Unless SCRUBHAVEN_EVERY_CALL is 1, such an operation that has
 // failed often fails with its usual number only, and calls behind it are left out.
-const std::set<std::string> kRepeated = {"closeFile",        "freeFile",   "flushFileBuffers", "getFullPathName",
-                                         "moveFile",         "openBinary", "putBytes",         "putBytesAt"};
+const std::set<std::string> kRepeated = {"closeFile", "closeKey", "createKey",  "deleteKey", "freeFile", "flushFileBuffers",
+  "getFullPathName", "moveFile", "openBinary", "openKey", "putBytes", "putBytesAt", "setValue"};
 
 TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
   constexpr int kOften = 6;

@@ -19,15 +19,15 @@ const std::string kRestoreKey = "HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentV
 // By name and contents; those that begin with "r" are read-only. Outside has a file of each name that is deleted
 // somewhere, for links to it.
 const Paths kFiles = parts(
-    R"(C:\J\a.tmp=a|C:\J\b.tmp=b|C:\J\r.tmp=r|C:\J\Sub\a.tmp=a|C:\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
+    R"(C:\P\J\a.tmp=a|C:\P\J\b.tmp=b|C:\P\J\r.tmp=r|C:\P\J\Sub\a.tmp=a|C:\P\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
     R"(C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
     R"(C:\Windows\Temp\Sub\a=t|C:\Documents and Settings\Ann\Cookies\a=t|C:\Windows\Prefetch\a=p|)"
     R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=a|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
-    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\root.tmp=r|D:\Old\d=d)");
+    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
 
 void scanJunk(World& world, const Paths& chosen) {
   frmFind& console = *world.console;
-  World::open(console, "C:\\J");
+  World::open(console.Dir1, "C:\\P\\J");
   if (!console.Check[kTypeTmp].ticked()) console.Check[kTypeTmp].click();
   console.Scan.click();
   world.tick(console.ListView1, chosen);
@@ -70,7 +70,7 @@ void shredFolder(World& world, const Paths&) {
     inModal(world, [](controls::Form& opened) {
       auto& picker = dynamic_cast<frmFolder&>(opened);
       picker.Drive1.choose(0);
-      World::open(picker, "c:\\Docs");
+      World::open(picker.Dir1, "c:\\Docs");
       if (picker.File1.path() == "c:\\Docs") picker.okButton.click();
       if (!picker.isOpen()) picker.load();
     });
@@ -89,7 +89,7 @@ void shredFolder(World& world, const Paths&) {
 void changeDrives(World& world, const Paths&) {
   world.startConsole();
   for (const std::size_t drive : {1U, 0U}) world.console->Drive1.choose(drive);
-  World::open(*world.console, "C:\\Docs");
+  World::open(world.console->Dir1, "C:\\Docs");
   for (controls::FlatButton* button : {&world.console->cmdHelp, &world.console->cmdZero}) button->click();
   world.console->Picture1.click();
 }
@@ -105,7 +105,7 @@ void chooseExtensions(World& world, const Paths& chosen) {
   scanJunk(world, chosen);
 }
 
-constexpr const char* kJunk = R"(C:\J\a.tmp|C:\J\r.tmp|C:\J\Sub\a.tmp)";
+constexpr const char* kJunk = R"(C:\P\J\a.tmp|C:\P\J\r.tmp|C:\P\J\Sub\a.tmp)";
 constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
 constexpr const char* kSettings =
     R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
@@ -140,7 +140,7 @@ const Scenario kScenarios[] = {
     {.name = "zero bytes",
      .run =
          [](World& world, const Paths& chosen) {
-           World::open(*world.console, "C:\\Z");
+           World::open(world.console->Dir1, "C:\\Z");
            world.console->cmdZero.click();
            world.tick(world.console->ListView2, chosen);
            world.console->cmdZeroDelete.click();
@@ -214,7 +214,7 @@ int numberFrom(const char* variable, int otherwise) {
 World::World() {
   machine.disk().addDrive('D', "BACKUP");
   stock();
-  machine.disk().addLink("C:\\J\\Link", "C:\\Outside");
+  machine.disk().addLink("C:\\P\\J\\Link", "C:\\Outside");
   machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
   machine.environment().setVariable("TEMP", "C:\\Temp");
   machine.environment().setVariable("Temp", "C:\\Temp");
@@ -268,6 +268,13 @@ Paths World::harmed(const Snapshot& before, const Snapshot& now, const Paths& ma
     if (isNewFile && !isAllowed(mayGo, path) && !path.ends_with(".tmp")) paths.push_back("new: " + path);
   }
   return paths;
+}
+
+void World::open(controls::DirList& list, const std::string& folder) {
+  list.open(0);
+  for (std::size_t i = 0; i < list.entries().size(); ++i) {
+    if ((folder + '\\').starts_with(list.entries()[i].path + '\\')) list.open(i);
+  }
 }
 
 controls::ListView* World::front() {
