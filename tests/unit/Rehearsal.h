@@ -23,7 +23,7 @@ struct World {
   void stock();
   void startConsole();
 
-  Snapshot everything() const;
+  Snapshot everything();
   // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
   // or what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has
   // renamed may come.

@@ -104,29 +104,4 @@ TEST_F(CachePage, DeletesTheTickedEntriesAndAtLastLeavesThePageIdle) {
   EXPECT_EQ(machine.urlCache().urls().size(), 2U);
 }
 
-// Every platform call of a scan fails once, one after the other: the list shows entries that are there, or nothing.
-TEST_F(CachePage, SurvivesAnyFailingCall) {
-  addPages(3);
-  form.Del_Cache.click();
-  const Paths good = rowsOf(form.lvCache);
-  const std::size_t blocks = machine.urlCache().blocks();
-  withEachCallFailing({"findFirstUrlCacheEntry", "findNextUrlCacheEntry", "findCloseUrlCache", "localAlloc",
-                       "fileTimeToSystemTime", "localFree"},
-                      [&](const std::string& call) {
-                        form.Del_Cache.click();
-                        const bool failed = !machine.faults().left();
-                        EXPECT_TRUE(form.Del_Cache.visible()) << call;
-                        EXPECT_TRUE(failed ? form.lvCache.rowCount() <= 3 : rowsOf(form.lvCache) == good) << call;
-                        EXPECT_LE(machine.urlCache().blocks(), blocks) << call;
-                        EXPECT_EQ(machine.openHandles(), 0U) << call;
-                      });
-  // Without memory the first row is what is left of the entry before; its texts went with their block.
-  machine.failAt("localAlloc");
-  form.Del_Cache.click();
-  EXPECT_EQ(rowsOf(form.lvCache), Paths{"||1/1/1601|1/1/1601"});
-  form.cmdSelect.click();
-  press(form.cmdCleanCache, {Answer::kYes});
-  EXPECT_EQ(machine.urlCache().urls().size(), 3U);
-}
-
 }  // namespace

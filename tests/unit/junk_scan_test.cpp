@@ -170,17 +170,4 @@ TEST_F(JunkScan, OwnExtensionsAreKeptWhenAllBoxesAreEmptied) {
   EXPECT_EQ(choose({"", "png", "001", "", "x"}, true), (finder::CustomExtensions{"", "png", "001", "", "x"}));
 }
 
-// Every platform call of a scan fails once, one after the other: the scan must end, and list nothing that is not there.
-TEST_F(JunkScan, SurvivesAnyFailingCall) {
-  addFiles("C:\\J", {"a.tmp", "Sub\\b.tmp"});
-  machine.addFolder("C:\\J\\no file.tmp");
-  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileSize", "folderExists"},
-                      [&](const std::string& what) {
-                        scan({kTypeTmp}, "C:\\J");
-                        EXPECT_TRUE(form.Scan.acceptsInput()) << what;
-                        for (const std::string& path : paths()) EXPECT_TRUE(machine.contents(path)) << what << path;
-                      });
-  EXPECT_EQ(form.ListView1.rowCount(), 2U);
-}
-
 }  // namespace

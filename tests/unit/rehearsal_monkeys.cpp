@@ -192,7 +192,8 @@ class Monkey {
     switch (control.kind()) {
       case Kind::kButton:
         if (&control == &console.Scan && !console.Check[3].ticked()) console.Check[3].click();
-        if (control.name() == "cmdAddFile") world_->machine.ui().chooseFile(oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\P\\J\\a.tmp");
+        if (control.name() == "cmdAddFile")
+          world_->machine.ui().chooseFile(oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\P\\J\\a.tmp");
         return static_cast<controls::FlatButton&>(control).click();
       case Kind::kCheckBox:
         return static_cast<controls::CheckBox&>(control).click();
@@ -246,7 +247,6 @@ TEST(Rehearsal, NoSeriesOfClicksDestroysWhatWasNotChosen) {
     deletions += monkey.deletions();
   }
   RecordProperty("deletions", deletions);
-  std::printf("deletions %d\n", deletions);
   EXPECT_GT(deletions, steps / 100);
 }
 

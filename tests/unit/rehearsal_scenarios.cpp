@@ -22,7 +22,7 @@ const Paths kFiles = parts(
     R"(C:\P\J\a.tmp=a|C:\P\J\b.tmp=b|C:\P\J\r.tmp=r|C:\P\J\Sub\a.tmp=a|C:\P\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
     R"(C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
     R"(C:\Windows\Temp\Sub\a=t|C:\Documents and Settings\Ann\Cookies\a=t|C:\Windows\Prefetch\a=p|)"
-    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=a|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
+    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=plans|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
     R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
 
 void scanJunk(World& world, const Paths& chosen) {
@@ -59,6 +59,9 @@ void shred(World& world, const Paths& chosen) {
     shredder.cmdShred.click();
     EXPECT_TRUE(shredder.cmdShred.enabled() || shredder.ListView1.empty());
     EXPECT_FALSE(shredder.lblBlue.visible());
+    for (const std::string& path : world.machine.filesBelow("C:\\")) {
+      EXPECT_TRUE(world.machine.contents(path) != "plans" || world.machine.disk().writes().empty()) << path;
+    }
     EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
   });
   world.console->cmdFurnace.click();
@@ -214,6 +217,7 @@ int numberFrom(const char* variable, int otherwise) {
 World::World() {
   machine.disk().addDrive('D', "BACKUP");
   stock();
+  machine.addFolder("C:\\P\\J\\folder.tmp");
   machine.disk().addLink("C:\\P\\J\\Link", "C:\\Outside");
   machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
   machine.environment().setVariable("TEMP", "C:\\Temp");
@@ -242,16 +246,14 @@ void World::startConsole() {
   console->load();
 }
 
-Snapshot World::everything() const {
+Snapshot World::everything() {
   Snapshot all;
-  const platform::memory::MemoryMachine& real = machine;
   for (const char* root : {"C:\\", "D:\\"}) {
-    for (const std::string& path : real.filesBelow(root)) all.emplace(path, real.contents(path).value());
+    for (const std::string& path : machine.filesBelow(root)) all.emplace(path, machine.contents(path).value());
   }
-  auto& changing = const_cast<platform::memory::MemoryMachine&>(machine);
-  for (const std::string& url : changing.urlCache().urls()) all.emplace(url, "");
+  for (const std::string& url : machine.urlCache().urls()) all.emplace(url, "");
   for (const std::string root : {"HKCU\\", "HKLM\\"}) {
-    for (const std::string& line : changing.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
+    for (const std::string& line : machine.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
   }
   return all;
 }
@@ -272,8 +274,11 @@ Paths World::harmed(const Snapshot& before, const Snapshot& now, const Paths& ma
 
 void World::open(controls::DirList& list, const std::string& folder) {
   list.open(0);
-  for (std::size_t i = 0; i < list.entries().size(); ++i) {
-    if ((folder + '\\').starts_with(list.entries()[i].path + '\\')) list.open(i);
+  for (std::size_t i = 1; i < list.entries().size(); ++i) {
+    const std::string path = list.entries()[i].path;
+    if (!(folder + '\\').starts_with(path + '\\')) continue;
+    list.open(i);
+    if (list.path() == path) i = list.current();
   }
 }
 

@@ -90,7 +90,6 @@ TEST(Rehearsal, WhatAnotherProgramPutsInTheWayIsNotDestroyed) {
   }
   RecordProperty("done", outcomes[Outcome::kDone]);
   RecordProperty("refused", outcomes[Outcome::kRefused]);
-  std::printf("done %d refused %d\n", outcomes[Outcome::kDone], outcomes[Outcome::kRefused]);
   EXPECT_GT(outcomes[Outcome::kDone], 200);
   EXPECT_GT(outcomes[Outcome::kRefused], 5);
 }

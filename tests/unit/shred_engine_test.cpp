@@ -136,26 +136,4 @@ TEST_F(ShredEngine, ReadOnlyLockedAndHugeFilesKeepTheirBytes) {
   EXPECT_TRUE(machine.disk().writes().empty());
 }
 
-// Each platform call of a run fails once: the run goes on, nothing stays open, the neighbour is unharmed, and the old
-// bytes are gone. A failed renaming leaves the file, because the next one looks for it under the new name.
-TEST_F(ShredEngine, AnyFailureIsPassedOverAndTheOldBytesAreGone) {
-  const std::string neighbour = "C:\\Docs\\neighbour.txt";
-  machine.addFile(neighbour, "neighbour");
-  withEachCallFailing({"fileSize", "freeFile", "openBinary", "putBytesAt", "flushFileBuffers", "closeFile",
-                       "getFullPathName", "moveFile", "remove"},
-                      [&](const std::string& call) {
-                        machine.addFile("C:\\Docs\\a.txt", "s");
-                        shred("C:\\Docs\\a.txt", 3);
-                        EXPECT_EQ(machine.openHandles(), 0U) << call;
-                        EXPECT_EQ(machine.contents(neighbour), "neighbour");
-                        const bool mayStay =
-                            !machine.faults().left() && (call[0] == 'g' || call[0] == 'm' || call[0] == 'r');
-                        for (const std::string& path : machine.filesBelow("C:\\")) {
-                          if (path == neighbour) continue;
-                          EXPECT_TRUE(mayStay && machine.contents(path)->size() == 2) << call;
-                          ASSERT_TRUE(machine.files().remove(path));
-                        }
-                      });
-}
-
 }  // namespace

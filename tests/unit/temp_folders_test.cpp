@@ -172,24 +172,4 @@ TEST_F(TempFolders, WalksCollectFilesByNumberFromOne) {
   EXPECT_EQ(pathsOf(form.ListView2), (Paths{"C:\\T\\Sub", "C:\\T\\Sub"}));
 }
 
-// Each platform call of a run fails once: nothing outside its folders goes, and it ends with its closing message.
-TEST_F(TempFolders, AnyFailureTouchesNothingElse) {
-  addFiles("C:", {"Outside\\kept", "root", "Windows\\kept"});
-  const Paths kept = everyFile();
-  machine.environment().setVariable("username", "Ann");
-  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "folderExists", "getFile",
-                       "deleteFile", "deleteFolder", "getEnvironmentVariable", "anyFileMatches", "createFile"},
-                      [&](const std::string& call) {
-                        addFiles("C:", {"Temp\\Sub\\a", "Temp\\b", "Windows\\Temp\\Sub\\c"});
-                        if (!machine.exists("C:\\Temp\\Sub\\Link")) {
-                          machine.disk().addLink("C:\\Temp\\Sub\\Link", "C:\\Outside");
-                        }
-                        EXPECT_EQ(clean().back(), kDone) << call;
-                        const bool failed = !machine.faults().left();
-                        const Paths left = everyFile();
-                        EXPECT_TRUE(failed ? std::ranges::includes(left, kept) : left == kept) << call;
-                        EXPECT_EQ(machine.openHandles(), 0U) << call;
-                      });
-}
-
 }  // namespace

@@ -108,20 +108,4 @@ TEST_F(ZeroByteFiles, ARowWithoutAFileEndsTheDeletionAndTheProgramGoesOn) {
   }
 }
 
-// Each platform call of a scan and of a deletion fails once: only empty files are ever listed, only ticked ones go.
-TEST_F(ZeroByteFiles, AnyFailureListsNoFullFileAndDeletesNoOtherOne) {
-  addFiles("C:\\Z\\Sub", {"full"});
-  withEachCallFailing({"findFirstFile", "findNextFile", "findClose", "getFileAttributes", "fileSize", "folderExists",
-                       "getFile", "anyFileMatches", "createFile", "fileOperation"},
-                      [&](const std::string& what) {
-                        addFiles("C:\\Z", {"a", "b", "Sub\\c"}, "");
-                        find();
-                        EXPECT_EQ(std::ranges::count(zeros(), "C:\\Z\\Sub\\full"), 0) << what;
-                        tick(form.ListView2, {"a", "c"});
-                        if (form.ListView2.tickedCount() > 0) press(form.cmdZeroDelete, {Answer::kYes});
-                        EXPECT_TRUE(machine.exists("C:\\Z\\b") && machine.exists("C:\\Z\\Sub\\full")) << what;
-                        EXPECT_TRUE(machine.openHandles() == 0 && form.cmdZero.acceptsInput()) << what;
-                      });
-}
-
 }  // namespace
