@@ -23,7 +23,7 @@ struct World {
   void stock();
   void startConsole();
 
-  Snapshot everything() const;
+  Snapshot everything();
   // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
   // or what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has
   // renamed may come.
@@ -33,14 +33,8 @@ struct World {
   controls::ListView* front();
   // Answers a box, by its first button or by its last.
   void answer(const platform::memory::ShownBox& box, bool agrees);
-  // Opens a folder directly below a root, from the root's line of the folder list.
-  template <typename Window>
-  static void open(Window& window, const std::string& folder) {
-    window.Dir1.open(0);
-    for (std::size_t i = 0; i < window.Dir1.entries().size(); ++i) {
-      if (window.Dir1.entries()[i].path == folder) window.Dir1.open(i);
-    }
-  }
+  // Opens the root's line of a folder list, and from there line by line the folder.
+  static void open(controls::DirList& list, const std::string& folder);
   void tick(controls::ListView& list, const Paths& texts);
 
   // Nothing is open, and the user can go on with every tool.

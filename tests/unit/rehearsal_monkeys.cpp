@@ -141,7 +141,7 @@ class Monkey {
   // Of a path through a folder that was a link when the user chose it, the target's file.
   void allow(std::string path) {
     path[0] = path[0] == 'c' ? 'C' : path[0];
-    for (const std::string link : {"C:\\J\\Link", "C:\\Temp\\Link"}) {
+    for (const std::string link : {"C:\\P\\J\\Link", "C:\\Temp\\Link"}) {
       if (path.starts_with(link + '\\')) path.replace(0, link.size(), "C:\\Outside");
     }
     mayGo_.push_back(path);
@@ -179,7 +179,8 @@ class Monkey {
       const bool isOfLists = control->frame() == &console.Frame2 || control == &console.Scan ||
                              control == &console.cmdZero || (control == &console.Dir1 && oneIn(4));
       const bool isFrequent = control->kind() == Kind::kListView || control == &console.Delete ||
-                              control == &console.cmdZeroDelete || control == &console.cmdCleanCache;
+                              control == &console.cmdZeroDelete || control == &console.cmdCleanCache ||
+                              control->name() == "cmdAddFile" || control->name() == "cmdShred";
       const bool isChosen = control->acceptsInput() && (anywhere || isOfLists || &form != &console);
       usable.insert(usable.end(), isChosen ? (isFrequent ? 4 : 1) : 0, control);
     }
@@ -192,7 +193,7 @@ class Monkey {
       case Kind::kButton:
         if (&control == &console.Scan && !console.Check[3].ticked()) console.Check[3].click();
         if (control.name() == "cmdAddFile")
-          world_->machine.ui().chooseFile(oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\J\\a.tmp");
+          world_->machine.ui().chooseFile(oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\P\\J\\a.tmp");
         return static_cast<controls::FlatButton&>(control).click();
       case Kind::kCheckBox:
         return static_cast<controls::CheckBox&>(control).click();
@@ -206,7 +207,7 @@ class Monkey {
         return static_cast<controls::DriveList&>(control).choose(oneIn(4) ? below(3) : 0);
       case Kind::kDirList: {
         auto& folders = static_cast<controls::DirList&>(control);
-        if (&folders == &console.Dir1 && !oneIn(8)) return World::open(console, oneIn(2) ? "C:\\J" : "C:\\Z");
+        if (&folders == &console.Dir1 && !oneIn(8)) return World::open(folders, oneIn(2) ? "C:\\P\\J" : "C:\\Z");
         return folders.open(below(folders.entries().size() + 1));
       }
       case Kind::kFileList:
@@ -246,7 +247,6 @@ TEST(Rehearsal, NoSeriesOfClicksDestroysWhatWasNotChosen) {
     deletions += monkey.deletions();
   }
   RecordProperty("deletions", deletions);
-  std::printf("deletions %d\n", deletions);
   EXPECT_GT(deletions, steps / 100);
 }
 

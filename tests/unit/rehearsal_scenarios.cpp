@@ -19,15 +19,15 @@ const std::string kRestoreKey = "HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentV
 // By name and contents; those that begin with "r" are read-only. Outside has a file of each name that is deleted
 // somewhere, for links to it.
 const Paths kFiles = parts(
-    R"(C:\J\a.tmp=a|C:\J\b.tmp=b|C:\J\r.tmp=r|C:\J\Sub\a.tmp=a|C:\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
+    R"(C:\P\J\a.tmp=a|C:\P\J\b.tmp=b|C:\P\J\r.tmp=r|C:\P\J\Sub\a.tmp=a|C:\P\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
     R"(C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
     R"(C:\Windows\Temp\Sub\a=t|C:\Documents and Settings\Ann\Cookies\a=t|C:\Windows\Prefetch\a=p|)"
-    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=a|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
-    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\root.tmp=r|D:\Old\d=d)");
+    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=plans|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
+    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
 
 void scanJunk(World& world, const Paths& chosen) {
   frmFind& console = *world.console;
-  World::open(console, "C:\\J");
+  World::open(console.Dir1, "C:\\P\\J");
   if (!console.Check[kTypeTmp].ticked()) console.Check[kTypeTmp].click();
   console.Scan.click();
   world.tick(console.ListView1, chosen);
@@ -59,6 +59,9 @@ void shred(World& world, const Paths& chosen) {
     shredder.cmdShred.click();
     EXPECT_TRUE(shredder.cmdShred.enabled() || shredder.ListView1.empty());
     EXPECT_FALSE(shredder.lblBlue.visible());
+    for (const std::string& path : world.machine.filesBelow("C:\\")) {
+      EXPECT_TRUE(world.machine.contents(path) != "plans" || world.machine.disk().writes().empty()) << path;
+    }
     EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
   });
   world.console->cmdFurnace.click();
@@ -70,7 +73,7 @@ void shredFolder(World& world, const Paths&) {
     inModal(world, [](controls::Form& opened) {
       auto& picker = dynamic_cast<frmFolder&>(opened);
       picker.Drive1.choose(0);
-      World::open(picker, "c:\\Docs");
+      World::open(picker.Dir1, "c:\\Docs");
       if (picker.File1.path() == "c:\\Docs") picker.okButton.click();
       if (!picker.isOpen()) picker.load();
     });
@@ -89,7 +92,7 @@ void shredFolder(World& world, const Paths&) {
 void changeDrives(World& world, const Paths&) {
   world.startConsole();
   for (const std::size_t drive : {1U, 0U}) world.console->Drive1.choose(drive);
-  World::open(*world.console, "C:\\Docs");
+  World::open(world.console->Dir1, "C:\\Docs");
   for (controls::FlatButton* button : {&world.console->cmdHelp, &world.console->cmdZero}) button->click();
   world.console->Picture1.click();
 }
@@ -105,7 +108,7 @@ void chooseExtensions(World& world, const Paths& chosen) {
   scanJunk(world, chosen);
 }
 
-constexpr const char* kJunk = R"(C:\J\a.tmp|C:\J\r.tmp|C:\J\Sub\a.tmp)";
+constexpr const char* kJunk = R"(C:\P\J\a.tmp|C:\P\J\r.tmp|C:\P\J\Sub\a.tmp)";
 constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
 constexpr const char* kSettings =
     R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
@@ -140,7 +143,7 @@ const Scenario kScenarios[] = {
     {.name = "zero bytes",
      .run =
          [](World& world, const Paths& chosen) {
-           World::open(*world.console, "C:\\Z");
+           World::open(world.console->Dir1, "C:\\Z");
            world.console->cmdZero.click();
            world.tick(world.console->ListView2, chosen);
            world.console->cmdZeroDelete.click();
@@ -214,7 +217,8 @@ int numberFrom(const char* variable, int otherwise) {
 World::World() {
   machine.disk().addDrive('D', "BACKUP");
   stock();
-  machine.disk().addLink("C:\\J\\Link", "C:\\Outside");
+  machine.addFolder("C:\\P\\J\\folder.tmp");
+  machine.disk().addLink("C:\\P\\J\\Link", "C:\\Outside");
   machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
   machine.environment().setVariable("TEMP", "C:\\Temp");
   machine.environment().setVariable("Temp", "C:\\Temp");
@@ -242,16 +246,14 @@ void World::startConsole() {
   console->load();
 }
 
-Snapshot World::everything() const {
+Snapshot World::everything() {
   Snapshot all;
-  const platform::memory::MemoryMachine& real = machine;
   for (const char* root : {"C:\\", "D:\\"}) {
-    for (const std::string& path : real.filesBelow(root)) all.emplace(path, real.contents(path).value());
+    for (const std::string& path : machine.filesBelow(root)) all.emplace(path, machine.contents(path).value());
   }
-  auto& changing = const_cast<platform::memory::MemoryMachine&>(machine);
-  for (const std::string& url : changing.urlCache().urls()) all.emplace(url, "");
+  for (const std::string& url : machine.urlCache().urls()) all.emplace(url, "");
   for (const std::string root : {"HKCU\\", "HKLM\\"}) {
-    for (const std::string& line : changing.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
+    for (const std::string& line : machine.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
   }
   return all;
 }
@@ -268,6 +270,16 @@ Paths World::harmed(const Snapshot& before, const Snapshot& now, const Paths& ma
     if (isNewFile && !isAllowed(mayGo, path) && !path.ends_with(".tmp")) paths.push_back("new: " + path);
   }
   return paths;
+}
+
+void World::open(controls::DirList& list, const std::string& folder) {
+  list.open(0);
+  for (std::size_t i = 1; i < list.entries().size(); ++i) {
+    const std::string path = list.entries()[i].path;
+    if (!(folder + '\\').starts_with(path + '\\')) continue;
+    list.open(i);
+    if (list.path() == path) i = list.current();
+  }
 }
 
 controls::ListView* World::front() {
