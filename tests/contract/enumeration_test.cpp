@@ -27,6 +27,7 @@ TEST_F(Enumeration, FindsWhatMatchesAsOnDosAndTheTwoDotEntries) {
                                                  {"?.bak", {"B.BAK", "a.bak"}},
                                                  {"a*", {"a.bak", "a.bak.txt"}},
                                                  {"~*.*", {"~x.doc", "~y"}},
+                                                 {"a.b*.*", {"a.bak", "a.bak.txt"}},
                                                  {"*Twain*.mtx", {"MyTwain_1.mtx"}},
                                                  {"*.db$", {"x.db$"}},
                                                  {"*.---", {"o.---"}},
