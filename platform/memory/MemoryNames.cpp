@@ -41,7 +41,9 @@ bool NameOrder::operator()(std::string_view a, std::string_view b) const {
 
 bool matchesPattern(std::string_view pattern, std::string_view name) {
   pattern = pattern.substr(0, pattern.find_last_not_of(' ') + 1);
-  if (!name.contains('.')) {
+  if (pattern.ends_with("*.*")) {
+    pattern.remove_suffix(2);
+  } else if (!name.contains('.')) {
     if (pattern.ends_with(".*")) pattern.remove_suffix(2);
     if (pattern.ends_with('.')) pattern.remove_suffix(1);
   }

@@ -18,7 +18,7 @@ struct NameOrder {
 };
 
 // Whether a file name matches a pattern with the wildcards * and ?. As on DOS, a closing ".*" also matches a name
-// without a dot, and a closing dot only such a name.
+// without a dot, a closing "*.*" also one without a further dot, and a closing dot only a name without a dot.
 bool matchesPattern(std::string_view pattern, std::string_view name);
 
 }  // namespace platform::memory

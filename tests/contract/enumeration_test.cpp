@@ -19,6 +19,7 @@ TEST_F(Enumeration, FindsWhatMatchesAsOnDosAndTheTwoDotEntries) {
                                                  {"*.bak", {"B.BAK", "a.bak"}},
                                                  {"*.bak ", {"B.BAK", "a.bak"}},
                                                  {"~*.*", {"~x.doc", "~y"}},
+                                                 {"a.b*.*", {"a.bak", "a.bak.txt"}},
                                                  {"*Twain*.mtx", {"MyTwain_1.mtx"}},
                                                  {"*.db$", {"x.db$"}},
                                                  {"thumbs.db", {"Thumbs.db"}},
