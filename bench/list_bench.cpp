@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "controls/Form.h"
-#include "controls/ListView.h"
+#include "console/frmFind.h"
+#include "platform/memory/MemoryMachine.h"
 
 namespace {
 
@@ -48,6 +48,28 @@ BENCHMARK(tickAllAndInvert)
     ->Unit(benchmark::kMillisecond)
     ->RangeMultiplier(10)
     ->Range(10'000, 1'000'000)
+    ->Complexity(benchmark::oN);
+
+// As the user does it, with all that follows each tick in the console.
+void selectAllInTheConsole(benchmark::State& state) {
+  platform::memory::MemoryMachine machine;
+  const platform::ScopedMachine use(machine);
+  frmFind form;
+  form.load();
+  fill(form.ListView1, state.range(0));
+  form.Select_All.enable();
+  for (auto _ : state) {
+    form.Select_All.click();
+    state.PauseTiming();
+    form.Select_All.click();
+    state.ResumeTiming();
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(selectAllInTheConsole)
+    ->Unit(benchmark::kMillisecond)
+    ->RangeMultiplier(10)
+    ->Range(1'000, 1'000'000)
     ->Complexity(benchmark::oN);
 
 void removeEverySecondRow(benchmark::State& state) {

@@ -158,9 +158,8 @@ void deleteTempFile(const std::string& path, bool (*countsAsReadOnly)(std::uint3
   if (!file) return;
   const bool force = countsAsReadOnly(file->attributes);
   if (force && !mayDeleteReadOnly(file->path)) return;
-  if (finder::isInUse(file->path)) return;
   // While the question was open, the path may have become something else.
-  if (!finder::isDeletable(path)) return;
+  if (!finder::isDeletable(path) || finder::isLocked(path)) return;
   static_cast<void>(objects.deleteFile(path, force));
 }
 

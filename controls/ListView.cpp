@@ -10,7 +10,7 @@ void ListView::add(std::string text, std::vector<std::string> subItems) {
 }
 
 void ListView::add(Row row) {
-  if (keyOf_) keys_.insert(keyOf_(row.text));
+  if (keyOf_) keyHashes_.insert(std::hash<std::string>()(keyOf_(row.text)));
   const bool ticked = row.ticked;
   if (ticked) ++tickedCount_;
   rows_.push_back(std::move(row));
@@ -18,8 +18,13 @@ void ListView::add(Row row) {
   if (ticked) raiseItemCheck();
 }
 
+bool ListView::containsKey(const std::string& key) const {
+  if (!keyHashes_.contains(std::hash<std::string>()(key))) return false;
+  return std::ranges::any_of(rows_, [&](const Row& row) { return keyOf_(row.text) == key; });
+}
+
 void ListView::forget(const Row& row) {
-  if (keyOf_) keys_.erase(keys_.find(keyOf_(row.text)));
+  if (keyOf_) keyHashes_.erase(keyHashes_.find(std::hash<std::string>()(keyOf_(row.text))));
   if (row.ticked) --tickedCount_;
 }
 
@@ -52,7 +57,7 @@ void ListView::removeRows(std::vector<std::size_t> indices) {
 void ListView::clear() {
   const bool hadTicks = tickedCount_ > 0;
   rows_.clear();
-  keys_.clear();
+  keyHashes_.clear();
   tickedCount_ = 0;
   selected_.reset();
   notify(Change::kRows);

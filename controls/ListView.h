@@ -73,7 +73,7 @@ class ListView final : public Control {
   // Files rows under `keyOf(text)` from now on, so that `containsKey` knows without walking whether a row with a key
   // is listed. To be called while the list is empty.
   void indexBy(std::function<std::string(std::string_view)> keyOf) { keyOf_ = std::move(keyOf); }
-  bool containsKey(const std::string& key) const { return keys_.contains(key); }
+  bool containsKey(const std::string& key) const;
 
  private:
   // Takes a row that is about to go out of the counts.
@@ -88,7 +88,7 @@ class ListView final : public Control {
   std::size_t tickedCount_ = 0;
   std::optional<std::size_t> selected_;
   std::function<std::string(std::string_view)> keyOf_;
-  std::unordered_multiset<std::string> keys_;
+  std::unordered_multiset<std::size_t> keyHashes_;  // takes less memory than the keys
 };
 
 }  // namespace controls

@@ -70,8 +70,11 @@ bool countsAsReadOnly(std::uint32_t attributes) {
 }
 
 bool isInUse(const std::string& path) {
+  return platform::machine().files().anyFileMatches(path, kAnyFile) && isLocked(path);
+}
+
+bool isLocked(const std::string& path) {
   platform::FileSystem& files = platform::machine().files();
-  if (!files.anyFileMatches(path, kAnyFile)) return false;
   const platform::Handle file = files.createFile(path, {.access = platform::kGenericRead,
                                                         .share = platform::kShareNone,
                                                         .disposition = platform::kOpenExisting,
@@ -108,9 +111,12 @@ platform::Result<Deletion> deleteThroughShell(const std::string& path, std::int3
   const platform::Result<platform::FileObject> file = platform::machine().fileObjects().getFile(path);
   if (!file) return std::unexpected(file.error());
   if (countsAsReadOnly(file->attributes) && !questions.mayDeleteReadOnly(path)) return Deletion::kReadOnlyKept;
-  if (questions.isInUse(path)) return Deletion::kInUse;
-  // While a question was open, the path may have become a folder, which the shell would delete with all its contents.
+  // While the question was open, the path may have become a folder, which the shell would delete with all its contents.
   if (!(questions.isStillWanted ? questions.isStillWanted(path) : isDeletable(path))) return Deletion::kChanged;
+  if (isLocked(path)) {
+    questions.reportInUse(path);
+    return Deletion::kInUse;
+  }
   std::string source = path;
   shellDelete(source, flags);
   return Deletion::kDone;
@@ -121,8 +127,8 @@ platform::Result<Deletion> wipe(const std::string& path) {
   const platform::Result<platform::FileObject> file = objects.getFile(path);
   if (!file) return std::unexpected(file.error());
   if (isNeverWiped(file->attributes)) return Deletion::kReadOnlyKept;
-  if (isInUse(path)) return Deletion::kInUse;
   if (!isOverwritable(path)) return Deletion::kChanged;
+  if (isLocked(path)) return Deletion::kInUse;
   if (const auto overwritten = overwriteStart(path); !overwritten) return std::unexpected(overwritten.error());
   if (const auto removed = objects.deleteFile(path, true); !removed) return std::unexpected(removed.error());
   return Deletion::kDone;

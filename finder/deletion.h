@@ -21,6 +21,9 @@ bool countsAsReadOnly(std::uint32_t attributes);
 // Whether another program holds the file at `path` open; false when there is no such file. CreateFileA.
 bool isInUse(const std::string& path);
 
+// The same for a file that is known to be there.
+bool isLocked(const std::string& path);
+
 // Whether there is nothing of exactly that path. FindFirstFileA, GetFileAttributesA.
 bool isGone(const std::string& path);
 
@@ -37,11 +40,11 @@ void shellDelete(std::string& path, std::int32_t flags);
 // What has become of a file: handed to the shell or removed, or left for one of the reasons.
 enum class Deletion { kDone, kReadOnlyKept, kInUse, kChanged };
 
-// What a deletion asks about a file, each with its full path.
+// What a deletion asks and tells about a file, each with its full path.
 struct DeletionQuestions {
   std::function<bool(const std::string&)> mayDeleteReadOnly;
-  std::function<bool(const std::string&)> isInUse;  // may tell the user
-  // Asked last, right before the file goes; when not set, isDeletable is asked.
+  std::function<void(const std::string&)> reportInUse;
+  // Asked last, right before the deletion; when not set, isDeletable is asked.
   std::function<bool(const std::string&)> isStillWanted = {};
 };
 

@@ -16,6 +16,10 @@ bool userDeletesReadOnly(const std::string& path) {
          Answer::kYes;
 }
 
+void reportInUse(const std::string& path) {
+  messageBox(path + " is in use by Windows and can not be deleted.", platform::kBoxOk, "File Deletion Error");
+}
+
 }  // namespace
 
 void frmFind::bindDelete() {
@@ -26,7 +30,7 @@ void frmFind::bindDelete() {
 
 bool frmFind::FileIsOpen(const std::string& path) {
   if (!finder::isInUse(path)) return false;
-  messageBox(path + " is in use by Windows and can not be deleted.", platform::kBoxOk, "File Deletion Error");
+  reportInUse(path);
   return true;
 }
 
@@ -42,8 +46,7 @@ platform::Result<void> frmFind::DeleteFile(const std::string& path) {
 std::int32_t frmFind::chosenFlags() const { return optRecycle.ticked() ? finder::kToRecycleBin : finder::kForGood; }
 
 finder::DeletionQuestions frmFind::deletionQuestions() {
-  return {.mayDeleteReadOnly = userDeletesReadOnly,
-          .isInUse = [this](const std::string& path) { return FileIsOpen(path); }};
+  return {.mayDeleteReadOnly = userDeletesReadOnly, .reportInUse = reportInUse};
 }
 
 void frmFind::Delete_Click() {
