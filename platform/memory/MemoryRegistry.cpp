@@ -84,7 +84,7 @@ std::optional<RegistryValue> MemoryRegistry::value(const std::string& path, cons
 
 std::vector<std::string> MemoryRegistry::contents(const std::string& path) const {
   std::vector<std::string> lines;
-  for (auto key = keys_.find(path); key != endOf(path); ++key) {
+  for (auto key = keys_.find(path), end = endOf(path); key != end; ++key) {
     const std::string below = key->first.size() == path.size() ? "" : key->first.substr(path.size() + 1) + '\\';
     if (!below.empty()) lines.push_back(below);
     for (const auto& [name, value] : key->second) {

@@ -2,28 +2,43 @@
 #include <algorithm>
 #include <memory>
 #include <random>
+#include <set>
 
 #include "controls/TextBox.h"
-#include "shredder/frmFolder.h"
 #include "shredder/frmMain.h"
 #include "tests/unit/Rehearsal.h"
 
+using controls::Form;
 using controls::Kind;
+using platform::memory::ShownBox;
 
 namespace {
 
-// What tools change without a question.
+// What tools change without a question, and after their questions.
 constexpr const char* kUnasked = "HKCU\\Software\\|HKLM\\";
+constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
+constexpr const char* kPrefetch = R"(C:\Windows\Prefetch\)";
+
+// Buttons that are pressed more often than others.
+const std::set<std::string> kFrequent = {"Delete", "cmdZeroDelete", "cmdCleanCache", "cmdAddFile", "cmdShred"};
+
+// The control itself, or null when it is of another kind.
+template <typename Type>
+Type* as(controls::Control& control, Kind kind) {
+  return control.kind() == kind ? static_cast<Type*>(&control) : nullptr;
+}
 
 class Monkey {
  public:
   explicit Monkey(unsigned seed) : random_(seed) { restart(); }
 
+  int deletions() const { return deletions_; }
+
   void step() {
     if (oneIn(4)) interfere();
-    const ListStates lists = listStates();
-    mayGo_ = parts(kUnasked);
+    const auto ticks = ticksBehind();
     behindIsUsed_ = false;
+    mayGo_ = parts(kUnasked);
     try {
       act(*world_->console);
     } catch (const platform::memory::Ended&) {
@@ -31,20 +46,20 @@ class Monkey {
     }
     world_->machine.faults().clear();
     Snapshot now = world_->everything();
-    EXPECT_EQ(World::harmed(before_, now, mayGo_), Paths{});
+    EXPECT_EQ(harmed(before_, now, mayGo_), Paths{});
     before_ = std::move(now);
     EXPECT_EQ(world_->machine.openHandles(), 0U);
     EXPECT_NE(world_->machine.ui().pointer(), platform::Pointer::kHourglass);
-    // A list that is not seen before and after an action keeps its ticks or is emptied.
-    const ListStates after = listStates();
-    for (std::size_t i = 0; i < lists.size(); ++i) {
-      if (lists[i].inFront || after[i].inFront || lists[i].rows != after[i].rows || behindIsUsed_) continue;
-      EXPECT_EQ(lists[i].ticks, after[i].ticks) << "list " << i;
+    // A list that is behind another one before and after an action keeps its ticks, or gets other rows.
+    const auto after = ticksBehind();
+    for (const auto& [rows, ticked] : ticks) {
+      EXPECT_TRUE(behindIsUsed_ || !after.contains(rows) || after.at(rows) == ticked) << rows[0];
     }
   }
 
   // After all that, an undisturbed user gets what he wants.
   void finish() {
+    isCalm_ = true;
     world_->stock();
     for (const std::string& path : world_->machine.filesBelow("C:\\")) world_->machine.disk().unlock(path);
     frmFind& console = *world_->console;
@@ -54,22 +69,11 @@ class Monkey {
     console.optWipe.setTicked(false);
     world_->expectUsable(true);
     const Scenario& junk = scenarios().front();
-    mayGo_.clear();
-    isCalm_ = true;
-    junk.run(*world_, parts(junk.mayGo));
-    for (const std::string& path : parts(junk.mayGo)) EXPECT_FALSE(world_->machine.exists(path)) << path;
+    junk.run(*world_);
+    for (const std::string& path : junk.chosen()) EXPECT_FALSE(world_->machine.exists(path)) << path;
   }
 
-  int deletions() const { return deletions_; }
-
  private:
-  struct ListState {
-    bool inFront = false;
-    Paths rows = {};
-    std::vector<bool> ticks = {};
-  };
-  using ListStates = std::vector<ListState>;
-
   std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_); }
   bool oneIn(std::size_t count) { return below(count) == 0; }
 
@@ -77,85 +81,85 @@ class Monkey {
     world_.reset();
     world_ = std::make_unique<World>();
     shredder_ = nullptr;
-    world_->machine.ui().onBox([this](const auto& box) { answer(box); });
-    world_->machine.ui().everyServing([this] {
-      noteShredder();
-      if (!isCalm_ && oneIn(25)) act(*window_);
-    });
     window_ = &*world_->console;
     before_ = world_->everything();
-    expectModal();
+    world_->machine.ui().onBox([this](const ShownBox& box) { answer(box); });
+    world_->machine.ui().everyServing([this] {
+      allowShredderRows();
+      if (!isCalm_ && oneIn(25)) act(*window_);
+    });
+    expectWindow();
   }
 
-  ListStates listStates() {
-    ListStates states;
+  // The ticks of the lists that are not in front, by the list's number and rows.
+  std::map<Paths, std::vector<bool>> ticksBehind() {
+    std::map<Paths, std::vector<bool>> ticks;
     frmFind& console = *world_->console;
-    for (controls::ListView* list : {&console.ListView1, &console.ListView2, &console.lvCache}) {
-      ListState state{.inFront = list == world_->front()};
+    for (const controls::ListView* list : {&console.ListView1, &console.ListView2, &console.lvCache}) {
+      if (list == world_->front()) continue;
+      Paths rows = {list->name()};
+      std::vector<bool> ticked;
       for (std::size_t i = 0; i < list->rowCount(); ++i) {
-        state.rows.push_back(list->text(i));
-        state.ticks.push_back(list->ticked(i));
+        rows.push_back(list->text(i));
+        ticked.push_back(list->ticked(i));
       }
-      states.push_back(std::move(state));
+      ticks.emplace(std::move(rows), std::move(ticked));
     }
-    return states;
+    return ticks;
   }
 
   // What other programs do, or the system.
   void interfere() {
-    if (oneIn(3)) {
-      world_->stock();
-      before_ = world_->everything();
-    }
+    if (oneIn(3)) world_->stock();
+    before_ = world_->everything();
     const Paths files = world_->machine.filesBelow("C:\\");
     const std::string& file = files[below(files.size())];
-    (oneIn(2) ? world_->machine.disk().lock(file) : world_->machine.disk().unlock(file));
+    oneIn(2) ? world_->machine.disk().lock(file) : world_->machine.disk().unlock(file);
     constexpr std::int32_t kNumbers[] = {53, 61, 70, 75, 76, 429};
     if (oneIn(2)) world_->machine.faults().failCall(static_cast<int>(below(80)) + 1, kNumbers[below(6)]);
   }
 
-  // What the answer allows to go.
-  void answer(const platform::memory::ShownBox& box) {
-    noteShredder();
+  void answer(const ShownBox& box) {
+    allowShredderRows();
     const bool agrees = isCalm_ || !oneIn(3);
     world_->answer(box, agrees);
     const bool ofCache = box.text.starts_with("Delete Selected Cache");
-    if (!ofCache && !box.text.starts_with("Confirm file")) {
-      if (agrees && box.text == kWarnTemps) {
-        for (const std::string& path : parts(R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)")) {
-          mayGo_.push_back(path);
-        }
-      }
-      if (agrees && box.text.contains("Prefetch Folder")) mayGo_.push_back("C:\\Windows\\Prefetch\\");
-      return;
-    }
-    controls::ListView* const list = world_->front();
+    if (ofCache || box.text.starts_with("Confirm file")) return allowTicked(ofCache, agrees);
+    if (!agrees) return;
+    if (box.text == kWarnTemps) std::ranges::copy(parts(kTemps), std::back_inserter(mayGo_));
+    if (box.text.contains("Prefetch Folder")) allow(kPrefetch);
+  }
+
+  void allowTicked(bool ofCache, bool agrees) {
+    const controls::ListView* const list = world_->front();
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(list->tickedCount() > 0 && ofCache == (list == &world_->console->lvCache));
+    deletions_ += agrees ? 1 : 0;
     for (std::size_t i = 0; agrees && i < list->rowCount(); ++i) {
       if (list->ticked(i)) allow(ofCache ? list->row(i).subItems[0] : list->text(i));
     }
-    deletions_ += agrees ? 1 : 0;
   }
 
-  // Of a path through a folder that was a link when the user chose it, the target's file.
+  void allowShredderRows() {
+    for (std::size_t i = 0; shredder_ != nullptr && i < shredder_->ListView1.rowCount(); ++i) {
+      allow(shredder_->ListView1.text(i));
+    }
+  }
+
+  // A path through a folder that was a link when the user chose it stands for the target's file.
   void allow(std::string path) {
-    path[0] = path[0] == 'c' ? 'C' : path[0];
-    for (const std::string link : {"C:\\P\\J\\Link", "C:\\Temp\\Link"}) {
-      if (path.starts_with(link + '\\')) path.replace(0, link.size(), "C:\\Outside");
+    if (path.starts_with("c:")) path[0] = 'C';
+    for (const std::string link : {"C:\\P\\J\\Link\\", "C:\\Temp\\Link\\"}) {
+      if (path.starts_with(link)) path.replace(0, link.size(), "C:\\Outside\\");
     }
     mayGo_.push_back(path);
   }
 
-  void noteShredder() {
-    if (shredder_ == nullptr) return;
-    for (std::size_t i = 0; i < shredder_->ListView1.rowCount(); ++i) allow(shredder_->ListView1.text(i));
-  }
-
-  void expectModal() {
-    world_->machine.ui().whenModal([this](controls::Form& form) {
-      expectModal();
-      controls::Form* const owner = std::exchange(window_, &form);
+  // The user does some things in the next window that opens, and closes it.
+  void expectWindow() {
+    world_->machine.ui().whenModal([this](Form& form) {
+      expectWindow();
+      Form* const owner = std::exchange(window_, &form);
       frmMain* const outer = shredder_;
       if (auto* const shredder = dynamic_cast<frmMain*>(&form)) shredder_ = shredder;
       for (std::size_t left = below(12); left > 0 && form.isOpen(); --left) act(form);
@@ -166,56 +170,44 @@ class Monkey {
   }
 
   // One action of the user on a window, on the console mostly in the lists and their commands.
-  void act(controls::Form& form) {
+  void act(Form& form) {
     if (oneIn(200)) return form.closeRequested();
     if (oneIn(20)) {
       controls::FlatButton* const key = oneIn(2) ? form.cancelButton() : form.defaultButton();
-      return key == nullptr ? void() : key->click();
+      if (key != nullptr) key->click();
+      return;
     }
     frmFind& console = *world_->console;
+    const bool anywhere = &form != &console || oneIn(4);
     std::vector<controls::Control*> usable;
-    const bool anywhere = oneIn(4);
     for (controls::Control* control : form.controls()) {
       const bool isOfLists = control->frame() == &console.Frame2 || control == &console.Scan ||
                              control == &console.cmdZero || (control == &console.Dir1 && oneIn(4));
-      const bool isFrequent = control->kind() == Kind::kListView || control == &console.Delete ||
-                              control == &console.cmdZeroDelete || control == &console.cmdCleanCache ||
-                              control->name() == "cmdAddFile" || control->name() == "cmdShred";
-      const bool isChosen = control->acceptsInput() && (anywhere || isOfLists || &form != &console);
-      usable.insert(usable.end(), isChosen ? (isFrequent ? 4 : 1) : 0, control);
+      const bool isFrequent = control->kind() == Kind::kListView || kFrequent.contains(control->name());
+      if (control->acceptsInput() && (anywhere || isOfLists)) usable.insert(usable.end(), isFrequent ? 4 : 1, control);
     }
     if (!usable.empty()) use(*usable[below(usable.size())]);
   }
 
   void use(controls::Control& control) {
     frmFind& console = *world_->console;
-    switch (control.kind()) {
-      case Kind::kButton:
-        if (&control == &console.Scan && !console.Check[3].ticked()) console.Check[3].click();
-        if (control.name() == "cmdAddFile")
-          world_->machine.ui().chooseFile(oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\P\\J\\a.tmp");
-        return static_cast<controls::FlatButton&>(control).click();
-      case Kind::kCheckBox:
-        return static_cast<controls::CheckBox&>(control).click();
-      case Kind::kListView: {
-        auto& list = static_cast<controls::ListView&>(control);
-        behindIsUsed_ = behindIsUsed_ || &list != world_->front();  // with the keyboard
-        if (oneIn(4)) return list.clickRow(below(list.rowCount() + 1));
-        return list.clickTick(below(list.rowCount() + 1));
-      }
-      case Kind::kDriveList:
-        return static_cast<controls::DriveList&>(control).choose(oneIn(4) ? below(3) : 0);
-      case Kind::kDirList: {
-        auto& folders = static_cast<controls::DirList&>(control);
-        if (&folders == &console.Dir1 && !oneIn(8)) return World::open(folders, oneIn(2) ? "C:\\P\\J" : "C:\\Z");
-        return folders.open(below(folders.entries().size() + 1));
-      }
-      case Kind::kFileList:
-        return static_cast<controls::FileList&>(control).click(below(3));
-      case Kind::kTextBox:
-        return static_cast<controls::TextBox&>(control).type(oneIn(2) ? "txt" : "");
-      default:
-        return;
+    if (auto* const button = as<controls::FlatButton>(control, Kind::kButton)) {
+      if (button == &console.Scan && !console.Check[3].ticked()) console.Check[3].click();
+      const char* const file = oneIn(2) ? "C:\\Docs\\a.txt" : "C:\\P\\J\\a.tmp";
+      if (button->name() == "cmdAddFile") world_->machine.ui().chooseFile(file);
+      button->click();
+    } else if (auto* const list = as<controls::ListView>(control, Kind::kListView)) {
+      behindIsUsed_ = behindIsUsed_ || list != world_->front();  // with the keyboard
+      oneIn(4) ? list->clickRow(below(list->rowCount() + 1)) : list->clickTick(below(list->rowCount() + 1));
+    } else if (auto* const folders = as<controls::DirList>(control, Kind::kDirList)) {
+      if (oneIn(8)) return folders->open(below(folders->entries().size() + 1));
+      World::open(*folders, oneIn(2) ? "C:\\P\\J" : "C:\\Z");
+    } else if (auto* const drives = as<controls::DriveList>(control, Kind::kDriveList)) {
+      drives->choose(oneIn(4) ? 1 : 0);
+    } else if (auto* const box = as<controls::CheckBox>(control, Kind::kCheckBox)) {
+      box->click();
+    } else if (auto* const text = as<controls::TextBox>(control, Kind::kTextBox)) {
+      text->type(oneIn(2) ? "txt" : "");
     }
   }
 
@@ -223,7 +215,7 @@ class Monkey {
   std::unique_ptr<World> world_;
   Snapshot before_;
   Paths mayGo_;
-  controls::Form* window_ = nullptr;  // the one in front
+  Form* window_ = nullptr;  // the one in front
   frmMain* shredder_ = nullptr;
   bool isCalm_ = false;
   bool behindIsUsed_ = false;

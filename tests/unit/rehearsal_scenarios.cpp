@@ -8,74 +8,110 @@
 #include "shredder/frmMain.h"
 #include "tests/unit/Rehearsal.h"
 
+using controls::Form;
 using platform::Answer;
 
 namespace {
 
-constexpr std::size_t kTypeTmp = 3;
-const std::string kPageKey = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management";
-const std::string kRestoreKey = "HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore";
-
 // By name and contents; those that begin with "r" are read-only. Outside has a file of each name that is deleted
 // somewhere, for links to it.
 const Paths kFiles = parts(
-    R"(C:\P\J\a.tmp=a|C:\P\J\b.tmp=b|C:\P\J\r.tmp=r|C:\P\J\Sub\a.tmp=a|C:\P\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|C:\Z\Sub\a=|)"
-    R"(C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
+    R"(C:\P\J\a.tmp=a|C:\P\J\b.tmp=b|C:\P\J\r.tmp=r|C:\P\J\Sub\a.tmp=a|C:\P\J\Sub\b.tmp=b|C:\Z\a=|C:\Z\b=|C:\Z\r=|)"
+    R"(C:\Z\Sub\a=|C:\Z\full=f|C:\Temp\a=t|C:\Temp\r=t|C:\Temp\Sub\a=t|C:\Windows\Temp\a=t|C:\Windows\Temp\r=t|)"
     R"(C:\Windows\Temp\Sub\a=t|C:\Documents and Settings\Ann\Cookies\a=t|C:\Windows\Prefetch\a=p|)"
-    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=plans|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
-    R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
+    R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=plans|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|)"
+    R"(C:\Outside\r.tmp=o|C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|)"
+    R"(C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
+// Texts by key and name.
+const Paths kTexts = parts(R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs=url1|HKCU\Software\WinRAR=keep|)"
+                           R"(HKCU\Software\Microsoft\Internet Explorer=keep|HKCU\Software\WinRAR\ArcHistory=0|)"
+                           R"(HKLM\SOFTWARE\Microsoft=keep)");
+
+constexpr const char* kJunk = R"(C:\P\J\a.tmp|C:\P\J\r.tmp|C:\P\J\Sub\a.tmp)";
+constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
+constexpr const char* kSettings =
+    R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
+
+void tick(controls::ListView& list, const Paths& texts) {
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    if (!list.ticked(i) && std::ranges::count(texts, list.text(i)) > 0) list.clickTick(i);
+  }
+}
+
+void nothing(World&, const Paths&) {}
 
 void scanJunk(World& world, const Paths& chosen) {
   frmFind& console = *world.console;
   World::open(console.Dir1, "C:\\P\\J");
-  if (!console.Check[kTypeTmp].ticked()) console.Check[kTypeTmp].click();
+  if (!console.Check[3].ticked()) console.Check[3].click();
   console.Scan.click();
-  world.tick(console.ListView1, chosen);
+  tick(console.ListView1, chosen);
 }
 
-void inModal(World& world, std::function<void(controls::Form&)> action) {
-  world.machine.ui().whenModal([action = std::move(action)](controls::Form& form) {
-    action(form);
-    EXPECT_TRUE(form.acceptsInput());
+void scanForGood(World& world, const Paths& chosen) {
+  scanJunk(world, chosen);
+  world.console->optRecycle.click();
+}
+
+void scanToWipe(World& world, const Paths& chosen) {
+  scanJunk(world, chosen);
+  world.console->optWipe.click();
+}
+
+void scanZeros(World& world, const Paths& chosen) {
+  World::open(world.console->Dir1, "C:\\Z");
+  world.console->cmdZero.click();
+  tick(world.console->ListView2, chosen);
+}
+
+void scanCache(World& world, const Paths& chosen) {
+  world.console->Del_Cache.click();
+  tick(world.console->lvCache, chosen);
+}
+
+void selectCache(World& world, const Paths&) {
+  world.console->Del_Cache.click();
+  world.console->cmdSelect.click();
+}
+
+// In the next window that opens.
+template <typename Window>
+void inWindow(World& world, std::function<void(Window&)> action) {
+  world.machine.ui().whenModal([action = std::move(action)](Form& form) {
+    action(dynamic_cast<Window&>(form));
     form.close();
   });
 }
 
 template <typename Window>
-void toggle(World& world, controls::FlatButton& button) {
-  world.machine.registry().setNumber(kPageKey, "ClearPageFileAtShutdown", 0);
-  world.machine.registry().setNumber(kRestoreKey, "DisableSR", 0);
-  inModal(world, [](controls::Form& form) { dynamic_cast<Window&>(form).cmdToggle.click(); });
-  button.click();
+void toggle(World& world, const Paths&) {
+  platform::memory::MemoryRegistry& registry = world.machine.registry();
+  registry.setNumber("HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management",
+                     "ClearPageFileAtShutdown", 0);
+  registry.setNumber("HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore", "DisableSR", 0);
+  inWindow<Window>(world, [](Window& window) { window.cmdToggle.click(); });
 }
 
-void shred(World& world, const Paths& chosen) {
-  inModal(world, [&](controls::Form& form) {
-    auto& shredder = dynamic_cast<frmMain&>(form);
-    for (const std::string& path : chosen) {
-      world.machine.ui().chooseFile(path);
-      shredder.cmdAddFile.click();
-    }
+void shredFile(World& world, const Paths& chosen) {
+  inWindow<frmMain>(world, [&world, chosen](frmMain& shredder) {
+    world.machine.ui().chooseFile(chosen[0]);
+    shredder.cmdAddFile.click();
     shredder.cmdShred.click();
     EXPECT_TRUE(shredder.cmdShred.enabled() || shredder.ListView1.empty());
-    EXPECT_FALSE(shredder.lblBlue.visible());
+    EXPECT_TRUE(!shredder.lblBlue.visible() && shredder.acceptsInput());
+    EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
     for (const std::string& path : world.machine.filesBelow("C:\\")) {
       EXPECT_TRUE(world.machine.contents(path) != "plans" || world.machine.disk().writes().empty()) << path;
     }
-    EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
   });
-  world.console->cmdFurnace.click();
 }
 
-void shredFolder(World& world, const Paths&) {
-  inModal(world, [&](controls::Form& form) {
-    auto& shredder = dynamic_cast<frmMain&>(form);
-    inModal(world, [](controls::Form& opened) {
-      auto& picker = dynamic_cast<frmFolder&>(opened);
+void addFolderToShred(World& world, const Paths&) {
+  inWindow<frmMain>(world, [&world](frmMain& shredder) {
+    inWindow<frmFolder>(world, [](frmFolder& picker) {
       picker.Drive1.choose(0);
       World::open(picker.Dir1, "c:\\Docs");
       if (picker.File1.path() == "c:\\Docs") picker.okButton.click();
-      if (!picker.isOpen()) picker.load();
     });
     shredder.cmdAddFolder.click();
     EXPECT_EQ(shredder.cmdShred.enabled(), !shredder.ListView1.empty());
@@ -84,125 +120,48 @@ void shredFolder(World& world, const Paths&) {
       shredder.ListView1.clickRow(i);
       shredder.cmdRemoveFile.click();
     }
-    EXPECT_TRUE(shredder.ListView1.empty());
   });
-  world.console->cmdFurnace.click();
 }
 
-void changeDrives(World& world, const Paths&) {
+void startAndChangeDrives(World& world, const Paths&) {
   world.startConsole();
   for (const std::size_t drive : {1U, 0U}) world.console->Drive1.choose(drive);
   World::open(world.console->Dir1, "C:\\Docs");
-  for (controls::FlatButton* button : {&world.console->cmdHelp, &world.console->cmdZero}) button->click();
   world.console->Picture1.click();
 }
 
 void chooseExtensions(World& world, const Paths& chosen) {
-  inModal(world, [](controls::Form& form) {
-    auto& window = dynamic_cast<frmChoose&>(form);
+  inWindow<frmChoose>(world, [](frmChoose& window) {
     window.txtChoose[0].type("tmp");
     window.cmdAccept.click();
-    window.load();
   });
   world.console->cmdChoose.click();
   scanJunk(world, chosen);
 }
 
-constexpr const char* kJunk = R"(C:\P\J\a.tmp|C:\P\J\r.tmp|C:\P\J\Sub\a.tmp)";
-constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
-constexpr const char* kSettings =
-    R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
-
 const Scenario kScenarios[] = {
-    {.name = "junk to the bin",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->Delete.click();
-         },
-     .mayGo = kJunk,
-     .pairs = true},
-    {.name = "junk for good",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->optRecycle.click();
-           world.console->Delete.click();
-         },
-     .mayGo = kJunk},
-    {.name = "junk wiped",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->optWipe.click();
-           world.console->Delete.click();
-         },
-     .mayGo = kJunk,
-     .spares = "file to link",
-     .pairs = true},
-    {.name = "zero bytes",
-     .run =
-         [](World& world, const Paths& chosen) {
-           World::open(world.console->Dir1, "C:\\Z");
-           world.console->cmdZero.click();
-           world.tick(world.console->ListView2, chosen);
-           world.console->cmdZeroDelete.click();
-         },
-     .mayGo = R"(C:\Z\a|C:\Z\r|C:\Z\Sub\a)",
-     .spares = "made again",
-     .pairs = true},
-    {.name = "temps",
-     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
-     .mayGo = kTemps,
-     .mayDisableScan = true},
-    {.name = "temps refused",
-     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
-     .refused = "This will clear",
-     .mayDisableScan = true},
-    {.name = "cache",
-     .run =
-         [](World& world, const Paths& chosen) {
-           world.console->Del_Cache.click();
-           world.tick(world.console->lvCache, chosen);
-           world.console->cmdCleanCache.click();
-         },
-     .mayGo = "http://h/1|http://h/2"},
-    {.name = "cache emptied",
-     .run =
-         [](World& world, const Paths&) {
-           world.console->Del_Cache.click();
-           world.console->cmdSelect.click();
-           world.console->cmdCleanCache.click();
-         },
-     .mayGo = "http://h/0|http://h/1|http://h/2|http://h/3"},
-    {.name = "history", .run = [](World& world, const Paths&) { world.console->Del_History.click(); }},
-    {.name = "recent", .run = [](World& world, const Paths&) { world.console->Del_Recent.click(); }},
-    {.name = "bin", .run = [](World& world, const Paths&) { world.console->Del_Recycle.click(); }},
-    {.name = "typed URLs",
-     .run = [](World& world, const Paths&) { world.console->cmdMRU.click(); },
-     .mayGo = R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\)"},
-    {.name = "lists",
-     .run = [](World& world, const Paths&) { world.console->cmdLists.click(); },
-     .mayGo = R"(HKCU\Software\WinRAR\ArcHistory\)"},
-    {.name = "index files", .run = [](World& world, const Paths&) { world.console->cmdIndex.click(); }},
-    {.name = "prefetch",
-     .run = [](World& world, const Paths&) { world.console->cmdPrefetch.click(); },
-     .mayGo = R"(C:\Windows\Prefetch\a|C:\Windows\Prefetch\b)",
-     .pairs = true},
-    {.name = "page file",
-     .run = [](World& world, const Paths&) { toggle<frmPage>(world, world.console->cmdSwap); },
-     .mayGo = kSettings},
-    {.name = "restore, points deleted",
-     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
-     .mayGo = kSettings},
-    {.name = "restore, points kept",
-     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
-     .mayGo = kSettings,
-     .refused = "Do you want to delete all"},
-    {.name = "shredder", .run = shred, .mayGo = R"(C:\Docs\a.txt)", .spares = "file to link", .pairs = true},
-    {.name = "shredder's folder", .run = shredFolder},
-    {.name = "extensions", .run = chooseExtensions},
-    {.name = "start-up and drives", .run = changeDrives},
+    {"junk to the bin", scanJunk, &frmFind::Delete, kJunk, true},
+    {"junk for good", scanForGood, &frmFind::Delete, kJunk},
+    {"junk wiped", scanToWipe, &frmFind::Delete, kJunk, true, "file to link"},
+    {"zero bytes", scanZeros, &frmFind::cmdZeroDelete, R"(C:\Z\a|C:\Z\r|C:\Z\Sub\a)", true, "made again"},
+    {"temps", nothing, &frmFind::Del_Temps, kTemps},
+    {"temps refused", nothing, &frmFind::Del_Temps, "", false, "", "This will clear"},
+    {"cache", scanCache, &frmFind::cmdCleanCache, "http://h/1|http://h/2"},
+    {"cache emptied", selectCache, &frmFind::cmdCleanCache, "http://h/0|http://h/1|http://h/2|http://h/3"},
+    {"history", nothing, &frmFind::Del_History},
+    {"recent", nothing, &frmFind::Del_Recent},
+    {"bin", nothing, &frmFind::Del_Recycle},
+    {"typed URLs", nothing, &frmFind::cmdMRU, R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\)"},
+    {"lists", nothing, &frmFind::cmdLists, R"(HKCU\Software\WinRAR\ArcHistory\)"},
+    {"index files", nothing, &frmFind::cmdIndex},
+    {"prefetch", nothing, &frmFind::cmdPrefetch, R"(C:\Windows\Prefetch\a|C:\Windows\Prefetch\b)", true},
+    {"page file", toggle<frmPage>, &frmFind::cmdSwap, kSettings},
+    {"restore, points deleted", toggle<frmSR>, &frmFind::cmdSysrestore, kSettings},
+    {"restore, points kept", toggle<frmSR>, &frmFind::cmdSysrestore, kSettings, false, "", "Do you want to delete"},
+    {"shredder", shredFile, &frmFind::cmdFurnace, R"(C:\Docs\a.txt)", true, "file to link"},
+    {"shredder's folder", addFolderToShred, &frmFind::cmdFurnace},
+    {"extensions", chooseExtensions, &frmFind::Invert},
+    {"start-up and drives", startAndChangeDrives, &frmFind::cmdHelp},
 };
 
 }  // namespace
@@ -214,22 +173,38 @@ int numberFrom(const char* variable, int otherwise) {
   return text == nullptr ? otherwise : std::atoi(text);
 }
 
+bool isAllowed(const Paths& mayGo, const std::string& path) {
+  return std::ranges::any_of(mayGo, [&path](const std::string& one) {
+    return path == one || ((one.ends_with('\\') || one.ends_with('=')) && path.starts_with(one));
+  });
+}
+
+Paths harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo) {
+  Paths paths;
+  for (const auto& [path, contents] : before) {
+    const auto found = now.find(path);
+    const bool same = found != now.end() && found->second == contents;
+    if (!same && !isAllowed(mayGo, path)) paths.push_back(path);
+  }
+  for (const auto& [path, contents] : now) {
+    const bool isNewFile = path[1] == ':' && !before.contains(path);
+    if (isNewFile && !isAllowed(mayGo, path) && !path.ends_with(".tmp")) paths.push_back("new: " + path);
+  }
+  return paths;
+}
+
 World::World() {
   machine.disk().addDrive('D', "BACKUP");
   stock();
   machine.addFolder("C:\\P\\J\\folder.tmp");
-  machine.disk().addLink("C:\\P\\J\\Link", "C:\\Outside");
-  machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
-  machine.environment().setVariable("TEMP", "C:\\Temp");
-  machine.environment().setVariable("Temp", "C:\\Temp");
+  for (const char* link : {"C:\\P\\J\\Link", "C:\\Temp\\Link"}) machine.disk().addLink(link, "C:\\Outside");
+  for (const char* variable : {"TEMP", "Temp"}) machine.environment().setVariable(variable, "C:\\Temp");
   machine.environment().setVariable("username", "Ann");
   for (const char* url : {"http://h/0", "http://h/1", "http://h/2", "http://h/3"}) machine.urlCache().add({.url = url});
-  platform::memory::MemoryRegistry& registry = machine.registry();
-  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer\\TypedURLs", "url1", "u");
-  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer", "keep", "k");
-  registry.setText("HKCU\\Software\\WinRAR\\ArcHistory", "0", "a.rar");
-  registry.setText("HKCU\\Software\\WinRAR", "keep", "k");
-  registry.setText("HKLM\\SOFTWARE\\Microsoft", "keep", "k");
+  for (const std::string& text : kTexts) {
+    const std::size_t end = text.find('=');
+    machine.registry().setText(text.substr(0, end), text.substr(end + 1), "text");
+  }
   startConsole();
 }
 
@@ -252,34 +227,10 @@ Snapshot World::everything() {
     for (const std::string& path : machine.filesBelow(root)) all.emplace(path, machine.contents(path).value());
   }
   for (const std::string& url : machine.urlCache().urls()) all.emplace(url, "");
-  for (const std::string root : {"HKCU\\", "HKLM\\"}) {
-    for (const std::string& line : machine.registry().contents(root.substr(0, 4))) all.emplace(root + line, "");
+  for (const std::string root : {"HKCU", "HKLM"}) {
+    for (const std::string& line : machine.registry().contents(root)) all.emplace(root + '\\' + line, "");
   }
   return all;
-}
-
-Paths World::harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo) {
-  Paths paths;
-  for (const auto& [path, contents] : before) {
-    const auto found = now.find(path);
-    const bool same = found != now.end() && found->second == contents;
-    if (!same && !isAllowed(mayGo, path)) paths.push_back(path);
-  }
-  for (const auto& [path, contents] : now) {
-    const bool isNewFile = path[1] == ':' && !before.contains(path);
-    if (isNewFile && !isAllowed(mayGo, path) && !path.ends_with(".tmp")) paths.push_back("new: " + path);
-  }
-  return paths;
-}
-
-void World::open(controls::DirList& list, const std::string& folder) {
-  list.open(0);
-  for (std::size_t i = 1; i < list.entries().size(); ++i) {
-    const std::string path = list.entries()[i].path;
-    if (!(folder + '\\').starts_with(path + '\\')) continue;
-    list.open(i);
-    if (list.path() == path) i = list.current();
-  }
 }
 
 controls::ListView* World::front() {
@@ -295,9 +246,13 @@ void World::answer(const platform::memory::ShownBox& box, bool agrees) {
   machine.answer(agrees || !canCancel ? Answer::kOk : Answer::kCancel);
 }
 
-void World::tick(controls::ListView& list, const Paths& texts) {
-  for (std::size_t i = 0; i < list.rowCount(); ++i) {
-    if (!list.ticked(i) && std::ranges::count(texts, list.text(i)) > 0) list.clickTick(i);
+void World::open(controls::DirList& list, const std::string& folder) {
+  list.open(0);
+  for (std::size_t i = 1; i < list.entries().size(); ++i) {
+    const std::string path = list.entries()[i].path;
+    if (!(folder + '\\').starts_with(path + '\\')) continue;
+    list.open(i);
+    if (list.path() == path) i = list.current();
   }
 }
 
@@ -315,7 +270,6 @@ void World::expectUsable(bool scanToo) {
   console->Invert.click();
   EXPECT_NE(console->Check[0].ticked(), ticked) << "a tool seems to run";
   console->Invert.click();
-  if (front() == &console->ListView1) {
-    EXPECT_EQ(console->Delete.acceptsInput(), console->ListView1.tickedCount() > 0);
-  }
+  if (front() != &console->ListView1) return;
+  EXPECT_EQ(console->Delete.acceptsInput(), console->ListView1.tickedCount() > 0);
 }
