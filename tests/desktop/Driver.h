@@ -99,6 +99,8 @@ class Window {
   List list(const Texts& columns) const;
   // The lines of the list of folders ("Dir1") or of files ("File1").
   Texts lines(const std::string& list) const;
+  // Clicks a folder's line, which highlights it.
+  void clickFolder(const std::string& line, int times = 1) const;
   // Double-clicks a folder's line and waits until the list has changed.
   void openFolder(const std::string& line) const;
   // The texts of the visible labels.
