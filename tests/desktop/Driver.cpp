@@ -29,6 +29,15 @@ LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
   return static_cast<LRESULT>(answer);
 }
 
+// The text that a message gives, in UTF-8. In wide characters, because Wine answers across processes in them anyway.
+std::string askedText(HWND window, UINT message = WM_GETTEXT, WPARAM w = kTextRoom) {
+  std::array<wchar_t, kTextRoom> wide{};
+  ask(window, message, w, reinterpret_cast<LPARAM>(wide.data()));
+  std::array<char, kTextRoom> text{};
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), -1, text.data(), kTextRoom, nullptr, nullptr);
+  return text.data();
+}
+
 // The window text that the system knows, without the mark of the access key. The window may close meanwhile.
 std::string textOf(HWND window) {
   std::array<char, kTextRoom> buffer{};
@@ -269,15 +278,20 @@ Texts Window::lines(const std::string& name) const {
   return texts;
 }
 
-void Window::openFolder(const std::string& line) const {
+void Window::clickFolder(const std::string& line, int times) const {
   const HWND list = control("Dir1").handle();
-  const Texts before = lines("Dir1");
-  const auto index = static_cast<WPARAM>(std::ranges::find(before, line) - before.begin());
-  if (index == before.size()) throw Failed("the folder list does not show \"" + line + "\"");
+  const Texts all = lines("Dir1");
+  const auto index = static_cast<WPARAM>(std::ranges::find(all, line) - all.begin());
+  if (index == all.size()) throw Failed("the folder list does not show \"" + line + "\"");
   ask(list, LB_SETTOPINDEX, index);
   RECT at = {};
   ask(list, LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&at));
-  clickAt(centreOf(onScreen(list, at)), 2);
+  clickAt(centreOf(onScreen(list, at)), times);
+}
+
+void Window::openFolder(const std::string& line) const {
+  const Texts before = lines("Dir1");
+  clickFolder(line, 2);
   waitUntil("the folder list of \"" + line + "\"", [&] { return lines("Dir1") != before; });
 }
 

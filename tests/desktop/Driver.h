@@ -82,6 +82,8 @@ class Window : public Control {
   List list(const std::string& name) const { return List(control(name)); }
   // The lines of the list of folders ("Dir1") or of files ("File1").
   Texts lines(const std::string& name) const;
+  // Clicks a folder's line, which highlights it.
+  void clickFolder(const std::string& line, int times = 1) const;
   // Double-clicks a folder's line and waits until the list has changed.
   void openFolder(const std::string& line) const;
   // The texts of the visible labels.

@@ -1,0 +1,159 @@
+// Exactly what was chosen goes: names of other scripts beside similar plain ones, names that differ in case only, the
+// folder that is highlighted, and questions closed with Esc.
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+#include "tests/desktop/ConsoleTest.h"
+#include "tests/support/HostLink.h"
+
+namespace desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr DWORD kShredding = 60000;  // milliseconds that a run may take
+
+// Texts are UTF-8, the program's code page.
+const Texts kChosen = {"A.tmp", "ą.tmp", "отчёт.tmp", "表＼x.tmp", "😀.tmp"};
+const Texts kKept = {"a.tmp", "x.tmp", "ａ.tmp"};
+
+fs::path widePath(const std::string& text) { return std::u8string(text.begin(), text.end()); }
+
+std::string narrowText(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+class NamesTest : public ConsoleTest {
+ protected:
+  // Makes all files in a subfolder, `size` bytes of one letter in each. Only the host makes names that differ in case
+  // only.
+  void makeAll(const std::string& subfolder, std::size_t size) {
+    const std::string path = folder() + subfolder;
+    fs::create_directories(path);
+    for (const Texts& names : {kChosen, kKept}) {
+      for (const std::string& name : names) {
+        std::ofstream(widePath(path + '\\' + (name == "A.tmp" ? "second" : name))) << std::string(size, name[0]);
+      }
+    }
+    support::startHostProgram(path, "mv", "second A.tmp");
+    require(support::waitForPath(path + "\\second", false), "make A.tmp");
+  }
+
+  void expectOnlyKept(const std::string& subfolder, std::size_t size) {
+    Texts names;
+    for (const auto& entry : fs::directory_iterator(folder() + subfolder)) {
+      names.push_back(narrowText(entry.path().filename()));
+      std::ifstream file(entry.path(), std::ios::binary);
+      EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), std::string(size, names.back()[0]));
+    }
+    std::ranges::sort(names);
+    EXPECT_EQ(names, kKept) << subfolder;
+  }
+
+  // Leaves ticks at the chosen names of the subfolder only.
+  void tickChosen(const List& list, const std::string& subfolder) {
+    const Texts rows = list.texts();
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      const bool isWanted = std::ranges::any_of(
+          kChosen, [&](const std::string& name) { return rows[row] == folder() + subfolder + '\\' + name; });
+      if (list.ticked(static_cast<int>(row)) != isWanted) list.flip(rows[row]);
+    }
+  }
+};
+
+TEST_F(NamesTest, OnlyTheTickedTwinIsDeletedOrWiped) {
+  for (const char* subfolder : {"bin", "now", "wiped"}) makeAll(subfolder, 300);
+  makeAll("zero", 0);
+  console().openFolder(folderName());
+  const List zeros = console().list("ListView2");
+  use("Find 0 Byte Files", {{"Warning!", "Use extreme caution when deleting 0 byte files - see help for details"}});
+  waitForResults("Results: " + std::to_string(kChosen.size() + kKept.size()) + " 0 Byte files found in ");
+  tickChosen(zeros, "zero");
+  console().control("Delete", "0 byte files:").click();
+  answer({"Confirm Deletion", "Confirm file deletion?", "Yes"});
+  answer({"Files Deleted", "The selected 0 Byte files have been deleted to the Recycle Bin"});
+  expectOnlyKept("zero", 0);
+
+  console().control(".tmp").flip();
+  use("Scan");
+  waitForResults("Results: " + std::to_string(3 * kChosen.size() + 4 * kKept.size()) + " files found in ");
+  const std::pair<const char*, const char*> ways[] = {
+      {"bin", ""}, {"now", "Delete to Recycle Bin"}, {"wiped", "Shred Files?"}};
+  for (const auto& [subfolder, box] : ways) {
+    tickChosen(junk(), subfolder);
+    if (*box != '\0') console().control(box).flip();
+    const int rows = junk().rowCount();
+    use("Delete Files", {{"Confirm Deletion", "Confirm file deletion?", "Yes"}});
+    if (subfolder == std::string("wiped")) {
+      answer({"Files Shredded", "All files that are not locked have been shredded."});
+    }
+    waitUntil("the rows to go", [&] { return junk().rowCount() == rows - static_cast<int>(kChosen.size()); });
+    expectOnlyKept(subfolder, 300);
+  }
+}
+
+TEST_F(NamesTest, OnlyTheListedTwinIsShredded) {
+  makeAll("shred", 300);
+  make("beside\\a.tmp");
+  use("Shredder");
+  const Window shredder = window("Scrubhaven Pro - Shredder");
+  shredder.control("Add Folder").click();
+  const Window picker = window("Add folder contents");
+  picker.openFolder(folderName());
+  picker.openFolder("shred");
+  EXPECT_EQ(picker.lines("File1").size(), kChosen.size() + kKept.size());
+  picker.closeWith("OK");
+  const List list = shredder.list("ListView1");
+  for (const std::string& name : kKept) {
+    list.select(folder() + "shred\\" + name);
+    shredder.control("Remove File").click();
+  }
+  waitUntil("the chosen files alone", [&] { return list.rowCount() == static_cast<int>(kChosen.size()); });
+  shredder.control("Shred Files").click();
+  answer({"Scrubhaven Pro",
+          "Are you certain you want to shred these files?\r\nData recovery by any means will be impossible!", "Yes"});
+  answer({"Scrubhaven Pro", "The selected files have been shredded."}, kShredding);
+  expectOnlyKept("shred", 300);
+}
+
+TEST_F(ConsoleTest, TheHighlightedFolderIsScannedAndEscapeIsNo) {
+  const std::string one = make("one\\file.bak");
+  const std::string prefetched = "C:\\windows\\prefetch\\a.pf";
+  makeFile(prefetched, "x");
+  make("two\\file.bak");
+  console().openFolder(folderName());
+  console().clickFolder("one");
+  console().control(".bak").flip();
+  use("Scan");
+  waitForResults("Results: 1 files found in ");
+  EXPECT_EQ(junk().texts(), Texts{one});
+  junk().flip(one);
+
+  const std::string runOnce = "HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce";
+  const Texts scheduled = contentsOf(runOnce);
+  const std::pair<const char*, const char*> questions[] = {{"Delete Files", "Confirm Deletion"},
+                                                           {"Wipe Index Files", "Index.dat File Deletion"},
+                                                           {"Clear Prefetch", "Clear Prefetch Folder"}};
+  for (const auto& [tool, title] : questions) {
+    use(tool);
+    const Window question = window(title);
+    waitUntil("the question's keyboard", [&] { return question.focused().handle() != nullptr; });
+    pressKey(VK_ESCAPE);
+    waitUntil("the question to close", [&] { return !question.isOpen(); });
+    waitForConsole();
+  }
+  EXPECT_TRUE(isUntouched(one) && exists(prefetched));
+
+  setNumber("HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore", "DisableSR", 0);
+  use("System Restore");
+  window("Toggle System Restore").control("Disable").click();
+  window("Delete Restore Point", true);
+  pressKey(VK_ESCAPE);
+  answer({"System Restore Disabled", "System Restore has been disabled."});
+  EXPECT_EQ(contentsOf(runOnce), scheduled);
+}
+
+}  // namespace
+}  // namespace desktop
