@@ -30,7 +30,7 @@ LRESULT ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
 }
 
 // The text that a message gives, in UTF-8. In wide characters, because Wine answers across processes in them anyway.
-std::string askedText(HWND window, UINT message = WM_GETTEXT, WPARAM w = kTextRoom) {
+std::string askedText(HWND window, UINT message, WPARAM w) {
   std::array<wchar_t, kTextRoom> wide{};
   ask(window, message, w, reinterpret_cast<LPARAM>(wide.data()));
   std::array<char, kTextRoom> text{};
@@ -267,14 +267,7 @@ Texts Window::lines(const std::string& name) const {
   const HWND list = control(name).handle();
   Texts texts;
   const auto count = static_cast<WPARAM>(ask(list, LB_GETCOUNT));
-  for (WPARAM i = 0; i < count; ++i) {
-    // Wine answers across processes in wide characters.
-    std::array<wchar_t, kTextRoom> wide{};
-    std::array<char, kTextRoom> text{};
-    ask(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(wide.data()));
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, text.data(), kTextRoom, nullptr, nullptr);
-    texts.emplace_back(text.data());
-  }
+  for (WPARAM i = 0; i < count; ++i) texts.push_back(askedText(list, LB_GETTEXT, i));
   return texts;
 }
 

@@ -149,7 +149,7 @@ TEST_F(ConsoleTest, TheHighlightedFolderIsScannedAndEscapeIsNo) {
   setNumber("HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\SystemRestore", "DisableSR", 0);
   use("System Restore");
   window("Toggle System Restore").control("Disable").click();
-  window("Delete Restore Point", true);
+  window("Delete Restore Point");
   pressKey(VK_ESCAPE);
   answer({"System Restore Disabled", "System Restore has been disabled."});
   EXPECT_EQ(contentsOf(runOnce), scheduled);
