@@ -1,7 +1,7 @@
 // Times the shred engine as built for the program, on Windows or Wine, and prints the result:
 //
 //   shred_file keystream MEGABYTES   bytes of keystream per second of processor time
-//   shred_file shred PATH            elapsed seconds for shredding the file, which is deleted
+//   shred_file shred PATH [ROUNDS]   elapsed seconds for shredding the file, which is deleted
 #include <windows.h>
 
 #include <chrono>
@@ -44,12 +44,12 @@ int timeKeystream(int megabytes) {
   return EXIT_SUCCESS;
 }
 
-int timeShredding(const std::string& path) {
+int timeShredding(const std::string& path, std::int16_t rounds) {
   SetCurrentDirectoryA(path.substr(0, path.rfind('\\') + 1).c_str());
   platform::win32::Win32Machine machine(std::make_unique<platform::win32::Win32Ui>());
   const platform::ScopedMachine use(machine);
   const auto start = std::chrono::steady_clock::now();
-  ShredFile(path, SHRED_ROUNDS, [](std::int16_t) {});
+  ShredFile(path, rounds, [](std::int16_t) {});
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
   std::printf("%.3f\n", elapsed.count());
   return GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -58,9 +58,10 @@ int timeShredding(const std::string& path) {
 }  // namespace
 
 int main(int count, char** arguments) {
-  const std::string_view what = count == 3 ? arguments[1] : "";
+  const std::string_view what = count == 3 || count == 4 ? arguments[1] : "";
   if (what == "keystream") return timeKeystream(std::atoi(arguments[2]));
-  if (what == "shred") return timeShredding(arguments[2]);
-  std::puts("usage: shred_file keystream MEGABYTES | shred PATH");
+  const auto rounds = static_cast<std::int16_t>(count == 4 ? std::atoi(arguments[3]) : SHRED_ROUNDS);
+  if (what == "shred") return timeShredding(arguments[2], rounds);
+  std::puts("usage: shred_file keystream MEGABYTES | shred PATH [ROUNDS]");
   return EXIT_FAILURE;
 }

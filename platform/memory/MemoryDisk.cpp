@@ -293,12 +293,15 @@ void MemoryDisk::write(Handle handle, std::optional<std::uint64_t> position, std
   opened.position = position.value_or(opened.position);
   if (bytes.empty()) return;
   Contents& contents = opened.file->contents;
-  if (notesWrites_) {
+  if (notesBytes_) {
     contents.write(opened.position, bytes);
-    writes_.push_back(Write{pathOf(*opened.file), opened.position, std::string(bytes)});
   } else {
     contents.size = std::max(contents.size, opened.position + bytes.size());
   }
+  writes_.push_back(Write{.path = pathOf(*opened.file),
+                          .position = opened.position,
+                          .size = bytes.size(),
+                          .bytes = notesBytes_ ? std::string(bytes) : std::string()});
   opened.position += bytes.size();
 }
 

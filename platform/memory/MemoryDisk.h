@@ -51,7 +51,8 @@ struct Node {
 struct Write {
   std::string path;            // full path, as the file is named
   std::uint64_t position = 0;  // 0-based
-  std::string bytes;
+  std::uint64_t size = 0;
+  std::string bytes;  // empty after forgetWrites
 };
 
 class MemoryDisk {
@@ -95,8 +96,8 @@ class MemoryDisk {
   std::vector<std::string> namesIn(const std::string& folder) const;
   // Every write since the start. Writing nothing is none.
   const std::vector<Write>& writes() const { return writes_; }
-  // From now on writes are neither noted nor stored: they only change the size of the file.
-  void forgetWrites() { notesWrites_ = false; }
+  // From now on the bytes of writes are neither noted nor stored: they only change the size of the file.
+  void forgetWrites() { notesBytes_ = false; }
   std::size_t openFiles() const { return open_.size(); }
 
   // --- Drives
@@ -171,7 +172,7 @@ class MemoryDisk {
   std::map<Handle, OpenFile> open_;
   Handle lastHandle_ = 0;
   std::vector<Write> writes_;
-  bool notesWrites_ = true;
+  bool notesBytes_ = true;
   std::vector<std::string> recycleBin_;
 };
 
