@@ -21,7 +21,6 @@ struct World {
   World();
   // Puts back every file that is missing or changed.
   void stock();
-  void startConsole();
 
   Snapshot everything();
   // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
@@ -52,10 +51,12 @@ struct Scenario {
   bool mayDisableScan = false;
 };
 
+// What Delete Temps may delete.
+inline constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
+
 std::span<const Scenario> scenarios();
 
-// The number in an environment variable, or `otherwise`.
-int numberFrom(const char* variable, int otherwise);
+inline Paths textsOf(const controls::ListView& list) { return rowsOf(list, false); }
 
 inline bool isAllowed(const Paths& mayGo, const std::string& path) {
   return std::ranges::any_of(mayGo, [&path](const std::string& one) {

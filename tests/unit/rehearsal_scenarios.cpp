@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdlib>
 
 #include "finder/frmChoose.h"
 #include "settings/frmPage.h"
@@ -25,6 +24,10 @@ const Paths kFiles = parts(
     R"(C:\Windows\Prefetch\b=p|C:\Windows\kept=w|C:\Docs\a.txt=plans|C:\Docs\b.txt=b|C:\Outside\a.tmp=o|C:\Outside\r.tmp=o|)"
     R"(C:\Outside\a=|C:\Outside\b=o|C:\Outside\r=|C:\Outside\a.txt=o|C:\Outside\J\a.tmp=o|C:\Outside\J\r.tmp=o|C:\root.tmp=r|D:\Old\d=d)");
 
+const Paths kValues =
+    parts(R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\url1|HKCU\Software\Microsoft\Internet Explorer\keep|)"
+          R"(HKCU\Software\WinRAR\ArcHistory\0|HKCU\Software\WinRAR\keep|HKLM\SOFTWARE\Microsoft\keep)");
+
 void scanJunk(World& world, const Paths& chosen) {
   frmFind& console = *world.console;
   World::open(console.Dir1, "C:\\P\\J");
@@ -33,25 +36,40 @@ void scanJunk(World& world, const Paths& chosen) {
   world.tick(console.ListView1, chosen);
 }
 
-void inModal(World& world, std::function<void(controls::Form&)> action) {
-  world.machine.ui().whenModal([action = std::move(action)](controls::Form& form) {
-    action(form);
+using Tool = controls::FlatButton frmFind::*;
+
+template <Tool tool>
+void use(World& world, const Paths&) {
+  (world.console.value().*tool).click();
+}
+
+template <controls::CheckBox frmFind::*way>
+void deleteJunk(World& world, const Paths& chosen) {
+  scanJunk(world, chosen);
+  if constexpr (way != nullptr) (world.console.value().*way).click();
+  use<&frmFind::Delete>(world, chosen);
+}
+
+// Opens the window by the tool, acts in it and closes it.
+template <typename Window>
+void inModal(World& world, controls::FlatButton& tool, std::function<void(Window&)> act) {
+  world.machine.ui().whenModal([act = std::move(act)](controls::Form& form) {
+    act(dynamic_cast<Window&>(form));
     EXPECT_TRUE(form.acceptsInput());
     form.close();
   });
+  tool.click();
 }
 
-template <typename Window>
-void toggle(World& world, controls::FlatButton& button) {
+template <typename Window, Tool tool>
+void toggle(World& world, const Paths&) {
   world.machine.registry().setNumber(kPageKey, "ClearPageFileAtShutdown", 0);
   world.machine.registry().setNumber(kRestoreKey, "DisableSR", 0);
-  inModal(world, [](controls::Form& form) { dynamic_cast<Window&>(form).cmdToggle.click(); });
-  button.click();
+  inModal<Window>(world, world.console.value().*tool, [](Window& window) { window.cmdToggle.click(); });
 }
 
 void shred(World& world, const Paths& chosen) {
-  inModal(world, [&](controls::Form& form) {
-    auto& shredder = dynamic_cast<frmMain&>(form);
+  inModal<frmMain>(world, world.console->cmdFurnace, [&](frmMain& shredder) {
     for (const std::string& path : chosen) {
       world.machine.ui().chooseFile(path);
       shredder.cmdAddFile.click();
@@ -64,20 +82,16 @@ void shred(World& world, const Paths& chosen) {
     }
     EXPECT_EQ(world.machine.ui().pointer(), platform::Pointer::kDefault);
   });
-  world.console->cmdFurnace.click();
 }
 
 void shredFolder(World& world, const Paths&) {
-  inModal(world, [&](controls::Form& form) {
-    auto& shredder = dynamic_cast<frmMain&>(form);
-    inModal(world, [](controls::Form& opened) {
-      auto& picker = dynamic_cast<frmFolder&>(opened);
+  inModal<frmMain>(world, world.console->cmdFurnace, [&](frmMain& shredder) {
+    inModal<frmFolder>(world, shredder.cmdAddFolder, [](frmFolder& picker) {
       picker.Drive1.choose(0);
       World::open(picker.Dir1, "c:\\Docs");
       if (picker.File1.path() == "c:\\Docs") picker.okButton.click();
       if (!picker.isOpen()) picker.load();
     });
-    shredder.cmdAddFolder.click();
     EXPECT_EQ(shredder.cmdShred.enabled(), !shredder.ListView1.empty());
     for (std::size_t i = shredder.ListView1.rowCount(); i-- > 0;) {
       EXPECT_TRUE(shredder.ListView1.text(i).starts_with("c:\\Docs\\"));
@@ -86,11 +100,10 @@ void shredFolder(World& world, const Paths&) {
     }
     EXPECT_TRUE(shredder.ListView1.empty());
   });
-  world.console->cmdFurnace.click();
 }
 
 void changeDrives(World& world, const Paths&) {
-  world.startConsole();
+  world.console.emplace().load();
   for (const std::size_t drive : {1U, 0U}) world.console->Drive1.choose(drive);
   World::open(world.console->Dir1, "C:\\Docs");
   for (controls::FlatButton* button : {&world.console->cmdHelp, &world.console->cmdZero}) button->click();
@@ -98,107 +111,59 @@ void changeDrives(World& world, const Paths&) {
 }
 
 void chooseExtensions(World& world, const Paths& chosen) {
-  inModal(world, [](controls::Form& form) {
-    auto& window = dynamic_cast<frmChoose&>(form);
+  inModal<frmChoose>(world, world.console->cmdChoose, [](frmChoose& window) {
     window.txtChoose[0].type("tmp");
     window.cmdAccept.click();
     window.load();
   });
-  world.console->cmdChoose.click();
   scanJunk(world, chosen);
 }
 
+void deleteEmpty(World& world, const Paths& chosen) {
+  World::open(world.console->Dir1, "C:\\Z");
+  use<&frmFind::cmdZero>(world, chosen);
+  world.tick(world.console->ListView2, chosen);
+  use<&frmFind::cmdZeroDelete>(world, chosen);
+}
+
+void cleanCache(World& world, const Paths& chosen) {
+  use<&frmFind::Del_Cache>(world, chosen);
+  if (chosen.size() == 4) use<&frmFind::cmdSelect>(world, chosen);
+  world.tick(world.console->lvCache, chosen);
+  use<&frmFind::cmdCleanCache>(world, chosen);
+}
+
 constexpr const char* kJunk = R"(C:\P\J\a.tmp|C:\P\J\r.tmp|C:\P\J\Sub\a.tmp)";
-constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
+constexpr const char* kEmpty = R"(C:\Z\a|C:\Z\r|C:\Z\Sub\a)";
+constexpr const char* kPrefetched = R"(C:\Windows\Prefetch\a|C:\Windows\Prefetch\b)";
+constexpr const char* kTyped = R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\)";
 constexpr const char* kSettings =
     R"(HKLM\SYSTEM\|HKLM\SOFTWARE\Microsoft\Windows NT\CurrentVersion\SystemRestore\DisableSR=)";
+constexpr auto kRestore = toggle<frmSR, &frmFind::cmdSysrestore>;
 
 const Scenario kScenarios[] = {
-    {.name = "junk to the bin",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->Delete.click();
-         },
-     .mayGo = kJunk,
-     .pairs = true},
-    {.name = "junk for good",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->optRecycle.click();
-           world.console->Delete.click();
-         },
-     .mayGo = kJunk},
+    {.name = "junk to the bin", .run = deleteJunk<nullptr>, .mayGo = kJunk, .pairs = true},
+    {.name = "junk for good", .run = deleteJunk<&frmFind::optRecycle>, .mayGo = kJunk},
     {.name = "junk wiped",
-     .run =
-         [](World& world, const Paths& chosen) {
-           scanJunk(world, chosen);
-           world.console->optWipe.click();
-           world.console->Delete.click();
-         },
+     .run = deleteJunk<&frmFind::optWipe>,
      .mayGo = kJunk,
      .spares = "file to link",
      .pairs = true},
-    {.name = "zero bytes",
-     .run =
-         [](World& world, const Paths& chosen) {
-           World::open(world.console->Dir1, "C:\\Z");
-           world.console->cmdZero.click();
-           world.tick(world.console->ListView2, chosen);
-           world.console->cmdZeroDelete.click();
-         },
-     .mayGo = R"(C:\Z\a|C:\Z\r|C:\Z\Sub\a)",
-     .spares = "made again",
-     .pairs = true},
-    {.name = "temps",
-     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
-     .mayGo = kTemps,
-     .mayDisableScan = true},
-    {.name = "temps refused",
-     .run = [](World& world, const Paths&) { world.console->Del_Temps.click(); },
-     .refused = "This will clear",
-     .mayDisableScan = true},
-    {.name = "cache",
-     .run =
-         [](World& world, const Paths& chosen) {
-           world.console->Del_Cache.click();
-           world.tick(world.console->lvCache, chosen);
-           world.console->cmdCleanCache.click();
-         },
-     .mayGo = "http://h/1|http://h/2"},
-    {.name = "cache emptied",
-     .run =
-         [](World& world, const Paths&) {
-           world.console->Del_Cache.click();
-           world.console->cmdSelect.click();
-           world.console->cmdCleanCache.click();
-         },
-     .mayGo = "http://h/0|http://h/1|http://h/2|http://h/3"},
-    {.name = "history", .run = [](World& world, const Paths&) { world.console->Del_History.click(); }},
-    {.name = "recent", .run = [](World& world, const Paths&) { world.console->Del_Recent.click(); }},
-    {.name = "bin", .run = [](World& world, const Paths&) { world.console->Del_Recycle.click(); }},
-    {.name = "typed URLs",
-     .run = [](World& world, const Paths&) { world.console->cmdMRU.click(); },
-     .mayGo = R"(HKCU\Software\Microsoft\Internet Explorer\TypedURLs\)"},
-    {.name = "lists",
-     .run = [](World& world, const Paths&) { world.console->cmdLists.click(); },
-     .mayGo = R"(HKCU\Software\WinRAR\ArcHistory\)"},
-    {.name = "index files", .run = [](World& world, const Paths&) { world.console->cmdIndex.click(); }},
-    {.name = "prefetch",
-     .run = [](World& world, const Paths&) { world.console->cmdPrefetch.click(); },
-     .mayGo = R"(C:\Windows\Prefetch\a|C:\Windows\Prefetch\b)",
-     .pairs = true},
-    {.name = "page file",
-     .run = [](World& world, const Paths&) { toggle<frmPage>(world, world.console->cmdSwap); },
-     .mayGo = kSettings},
-    {.name = "restore, points deleted",
-     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
-     .mayGo = kSettings},
-    {.name = "restore, points kept",
-     .run = [](World& world, const Paths&) { toggle<frmSR>(world, world.console->cmdSysrestore); },
-     .mayGo = kSettings,
-     .refused = "Do you want to delete all"},
+    {.name = "zero bytes", .run = deleteEmpty, .mayGo = kEmpty, .spares = "made again", .pairs = true},
+    {.name = "temps", .run = use<&frmFind::Del_Temps>, .mayGo = kTemps, .mayDisableScan = true},
+    {.name = "temps refused", .run = use<&frmFind::Del_Temps>, .refused = "This will clear", .mayDisableScan = true},
+    {.name = "cache", .run = cleanCache, .mayGo = "http://h/1|http://h/2"},
+    {.name = "cache emptied", .run = cleanCache, .mayGo = "http://h/0|http://h/1|http://h/2|http://h/3"},
+    {.name = "history", .run = use<&frmFind::Del_History>},
+    {.name = "recent", .run = use<&frmFind::Del_Recent>},
+    {.name = "bin", .run = use<&frmFind::Del_Recycle>},
+    {.name = "typed URLs", .run = use<&frmFind::cmdMRU>, .mayGo = kTyped},
+    {.name = "lists", .run = use<&frmFind::cmdLists>, .mayGo = R"(HKCU\Software\WinRAR\ArcHistory\)"},
+    {.name = "index files", .run = use<&frmFind::cmdIndex>},
+    {.name = "prefetch", .run = use<&frmFind::cmdPrefetch>, .mayGo = kPrefetched, .pairs = true},
+    {.name = "page file", .run = toggle<frmPage, &frmFind::cmdSwap>, .mayGo = kSettings},
+    {.name = "restore, points deleted", .run = kRestore, .mayGo = kSettings},
+    {.name = "restore, points kept", .run = kRestore, .mayGo = kSettings, .refused = "Do you want to delete all"},
     {.name = "shredder", .run = shred, .mayGo = R"(C:\Docs\a.txt)", .spares = "file to link", .pairs = true},
     {.name = "shredder's folder", .run = shredFolder},
     {.name = "extensions", .run = chooseExtensions},
@@ -209,28 +174,19 @@ const Scenario kScenarios[] = {
 
 std::span<const Scenario> scenarios() { return kScenarios; }
 
-int numberFrom(const char* variable, int otherwise) {
-  const char* const text = std::getenv(variable);
-  return text == nullptr ? otherwise : std::atoi(text);
-}
-
 World::World() {
   machine.disk().addDrive('D', "BACKUP");
   stock();
   machine.addFolder("C:\\P\\J\\folder.tmp");
-  machine.disk().addLink("C:\\P\\J\\Link", "C:\\Outside");
-  machine.disk().addLink("C:\\Temp\\Link", "C:\\Outside");
-  machine.environment().setVariable("TEMP", "C:\\Temp");
-  machine.environment().setVariable("Temp", "C:\\Temp");
+  for (const char* link : {"C:\\P\\J\\Link", "C:\\Temp\\Link"}) machine.disk().addLink(link, "C:\\Outside");
+  for (const char* name : {"TEMP", "Temp"}) machine.environment().setVariable(name, "C:\\Temp");
   machine.environment().setVariable("username", "Ann");
   for (const char* url : {"http://h/0", "http://h/1", "http://h/2", "http://h/3"}) machine.urlCache().add({.url = url});
-  platform::memory::MemoryRegistry& registry = machine.registry();
-  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer\\TypedURLs", "url1", "u");
-  registry.setText("HKCU\\Software\\Microsoft\\Internet Explorer", "keep", "k");
-  registry.setText("HKCU\\Software\\WinRAR\\ArcHistory", "0", "a.rar");
-  registry.setText("HKCU\\Software\\WinRAR", "keep", "k");
-  registry.setText("HKLM\\SOFTWARE\\Microsoft", "keep", "k");
-  startConsole();
+  for (const std::string& line : kValues) {
+    const std::size_t name = line.rfind('\\');
+    machine.registry().setText(line.substr(0, name), line.substr(name + 1), "kept or not");
+  }
+  console.emplace().load();
 }
 
 void World::stock() {
@@ -239,11 +195,6 @@ void World::stock() {
     const bool isReadOnly = path[path.rfind('\\') + 1] == 'r';
     machine.addFile(path, line.substr(path.size() + 1), isReadOnly ? platform::kReadOnly : platform::kArchive);
   }
-}
-
-void World::startConsole() {
-  console.emplace();
-  console->load();
 }
 
 Snapshot World::everything() {
@@ -283,13 +234,13 @@ void World::open(controls::DirList& list, const std::string& folder) {
 }
 
 controls::ListView* World::front() {
-  for (controls::ListView* list : {&console->lvCache, &console->ListView1, &console->ListView2}) {
-    if (list->visible()) return list;
-  }
-  return nullptr;
+  const auto lists = {&console->lvCache, &console->ListView1, &console->ListView2};
+  const auto shown = std::ranges::find_if(lists, &controls::ListView::visible);
+  return shown == lists.end() ? nullptr : *shown;
 }
 
 void World::answer(const platform::memory::ShownBox& box, bool agrees) {
+  expectKnown(box);
   if ((box.style & platform::kBoxYesNo) != 0) return machine.answer(agrees ? Answer::kYes : Answer::kNo);
   const bool canCancel = (box.style & platform::kBoxOkCancel) != 0;
   machine.answer(agrees || !canCancel ? Answer::kOk : Answer::kCancel);
@@ -315,7 +266,6 @@ void World::expectUsable(bool scanToo) {
   console->Invert.click();
   EXPECT_NE(console->Check[0].ticked(), ticked) << "a tool seems to run";
   console->Invert.click();
-  if (front() == &console->ListView1) {
-    EXPECT_EQ(console->Delete.acceptsInput(), console->ListView1.tickedCount() > 0);
-  }
+  const bool canDelete = console->ListView1.tickedCount() > 0;
+  EXPECT_TRUE(front() != &console->ListView1 || console->Delete.acceptsInput() == canDelete);
 }

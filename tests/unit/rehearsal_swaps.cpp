@@ -88,8 +88,6 @@ TEST(Rehearsal, WhatAnotherProgramPutsInTheWayIsNotDestroyed) {
       }
     }
   }
-  RecordProperty("done", outcomes[Outcome::kDone]);
-  RecordProperty("refused", outcomes[Outcome::kRefused]);
   EXPECT_GT(outcomes[Outcome::kDone], 200);
   EXPECT_GT(outcomes[Outcome::kRefused], 5);
 }
