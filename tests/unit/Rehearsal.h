@@ -1,5 +1,5 @@
 // Whole runs of every tool, through its windows as a user makes them, on a machine that has something for each tool.
-// The rehearsals repeat them with failing calls, with other programs that exchange files meanwhile, and at random.
+// The rehearsals repeat them with failing calls, with other programs that change files meanwhile, and at random.
 #pragma once
 
 #include <map>
@@ -13,12 +13,6 @@
 // Everything that a tool could destroy, by path: files with their contents, URLs of the cache, registry values.
 using Snapshot = std::map<std::string, std::string>;
 
-// What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path, or
-// what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has renamed
-// may come.
-Paths harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo);
-bool isAllowed(const Paths& mayGo, const std::string& path);
-
 struct World {
   platform::memory::MemoryMachine machine;
   platform::ScopedMachine use{machine};
@@ -27,38 +21,45 @@ struct World {
   World();
   // Puts back every file that is missing or changed.
   void stock();
-  void startConsole();
+
   Snapshot everything();
-  // The list that the user sees; null when there is none.
+  // What of `before` has gone or changed, and which files have come, although no path of `mayGo` allows it: that path,
+  // or what lies below it when it ends in a backslash (or "=", for a registry value). Files that the shredder has
+  // renamed may come.
+  static Paths harmed(const Snapshot& before, const Snapshot& now, const Paths& mayGo);
+
+  // The list that the user sees.
   controls::ListView* front();
   // Answers a box, by its first button or by its last.
   void answer(const platform::memory::ShownBox& box, bool agrees);
   // Opens the root's line of a folder list, and from there line by line the folder.
   static void open(controls::DirList& list, const std::string& folder);
+  void tick(controls::ListView& list, const Paths& texts);
+
   // Nothing is open, and the user can go on with every tool.
   void expectUsable(bool scanToo);
 };
 
 struct Scenario {
   const char* name;
-  // What the user does first. `chosen` is what he ticks or adds: the paths of `mayGo`.
-  void (*prepare)(World& world, const Paths& chosen);
-  controls::FlatButton frmFind::*button;
-  const char* mayGo = "";     // see harmed(), with "|" between the paths
-  bool pairs = false;         // two calls in a row fail too
-  const char* spares = "";    // the exchange (by name) that keeps a file from being deleted
-  const char* refused = "-";  // how the text begins of the box that the user answers with its last button
-
-  Paths chosen() const { return parts(mayGo); }
-  void run(World& world) const {
-    prepare(world, chosen());
-    (*world.console.*button).click();
-  }
-  // A refused or cancelled deletion of temporary files leaves the scan disabled.
-  bool mayDisableScan() const { return button == &frmFind::Del_Temps; }
+  // `chosen` is what the user ticks or adds: the paths of `mayGo`.
+  void (*run)(World& world, const Paths& chosen);
+  const char* mayGo = "";        // see harmed(), with "|" between the paths
+  const char* refused = "none";  // how the text begins of the box that the user answers with its last button
+  const char* spares = "";       // the exchange (by name) of a file that keeps it from being deleted
+  bool pairs = false;            // two calls in a row fail too
+  bool mayDisableScan = false;
 };
+
+// What Delete Temps may delete.
+inline constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
 
 std::span<const Scenario> scenarios();
 
-// The number in an environment variable, or `otherwise`.
-int numberFrom(const char* variable, int otherwise);
+inline Paths textsOf(const controls::ListView& list) { return rowsOf(list, false); }
+
+inline bool isAllowed(const Paths& mayGo, const std::string& path) {
+  return std::ranges::any_of(mayGo, [&path](const std::string& one) {
+    return path == one || ((one.ends_with('\\') || one.ends_with('=')) && path.starts_with(one));
+  });
+}

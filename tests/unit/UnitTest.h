@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <initializer_list>
 #include <sstream>
 #include <string>
@@ -21,6 +22,12 @@ inline Paths parts(const std::string& text) {
   std::istringstream in(text);
   for (std::string part; std::getline(in, part, '|');) all.push_back(part);
   return all;
+}
+
+// The number in an environment variable, or `otherwise`.
+inline int numberFrom(const char* variable, int otherwise) {
+  const char* const text = std::getenv(variable);
+  return text == nullptr ? otherwise : std::atoi(text);
 }
 
 // A message box; "*" in its text stands for any characters.
@@ -46,7 +53,7 @@ inline constexpr const char* kAskShred =
 inline constexpr const char* kUnreadable = "The registry has reported that this key does not exist or is corrupted.";
 inline constexpr const char* kApp = "Scrubhaven Pro";
 
-// Every test checks the boxes that it has caused against this table.
+// Every test and rehearsal checks the boxes that it has caused against this table.
 inline const KnownBox kKnownBoxes[] = {
     {"Run-time error '*", kApp, 16},
     {"No file types selected.", kApp, 0},
@@ -94,15 +101,27 @@ inline const KnownBox kKnownBoxes[] = {
     {"The selected files have been shredded.", kApp, 64},
 };
 
+// A list's rows: "text|second column|third column", or the first column alone.
+inline Paths rowsOf(const controls::ListView& list, bool wholeRows = true) {
+  Paths rows;
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    rows.push_back(list.text(i));
+    for (const std::string& cell : wholeRows ? list.row(i).subItems : Paths()) rows.back() += '|' + cell;
+  }
+  return rows;
+}
+
+inline void expectKnown(const platform::memory::ShownBox& box) {
+  const auto* known = std::ranges::find_if(kKnownBoxes, [&](const auto& one) { return one.matches(box.text); });
+  ASSERT_NE(known, std::end(kKnownBoxes)) << box.text;
+  EXPECT_EQ(box.title, known->title) << box.text;
+  EXPECT_EQ(box.style, known->style) << box.text;
+}
+
 class UnitTest : public MachineTest {
  protected:
   void TearDown() override {
-    for (const platform::memory::ShownBox& box : machine.boxes()) {
-      const auto* known = std::ranges::find_if(kKnownBoxes, [&](const auto& one) { return one.matches(box.text); });
-      ASSERT_NE(known, std::end(kKnownBoxes)) << box.text;
-      EXPECT_EQ(box.title, known->title) << box.text;
-      EXPECT_EQ(box.style, known->style) << box.text;
-    }
+    for (const platform::memory::ShownBox& box : machine.boxes()) expectKnown(box);
     MachineTest::TearDown();
   }
 
@@ -114,16 +133,6 @@ class UnitTest : public MachineTest {
     button.click();
     const Paths all = boxTexts();
     return {all.begin() + before, all.end()};
-  }
-
-  // A list's rows: "text|second column|third column", or the first column alone.
-  static Paths rowsOf(const controls::ListView& list, bool wholeRows = true) {
-    Paths rows;
-    for (std::size_t i = 0; i < list.rowCount(); ++i) {
-      rows.push_back(list.text(i));
-      for (const std::string& cell : wholeRows ? list.row(i).subItems : Paths()) rows.back() += '|' + cell;
-    }
-    return rows;
   }
 
   void addFiles(const std::string& folder, std::initializer_list<const char*> names, const std::string& bytes = "x") {

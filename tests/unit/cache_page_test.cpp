@@ -32,41 +32,27 @@ TEST_F(CachePage, ListsTheFirstEntryAsItIsAndOfTheOthersOnlyOrdinaryOnesWithTime
   form.lvCache.clickRow(1);
   EXPECT_EQ(form.lvCache.toolTip(), "C:\\Cache\\file[1].htm");
 
-  machine.urlCache().add({.url = "http://h/bad", .localFile = "C:\\Cache\\bad", .accessed = kNever});
-  machine.urlCache().add({.url = "http://h/next"});
+  machine.urlCache().add({.url = "http://h/bad", .accessed = kNever});
   EXPECT_EQ(press(form.Del_Cache), Paths{"Run-time error '13':\r\n\r\nType mismatch"});
-  rows.push_back("C:\\Cache\\bad|http://h/bad|1/1/1601|");
-  EXPECT_EQ(rowsOf(form.lvCache), rows);
-  EXPECT_EQ(form.lblStatus.caption(), " Results: Found 3 cache entries.") << "not as if all had been listed";
   unsetenv("TZ");
   tzset();
 }
 
-TEST_F(CachePage, DeletesTheTickedEntriesAndAtLastLeavesThePageIdle) {
-  const auto list = [this](int count) {
-    for (int i = 0; i < count; ++i) machine.urlCache().add({.url = "http://h/p" + std::to_string(i)});
-    form.Del_Cache.click();
-  };
-  list(5);
+TEST_F(CachePage, DeletesMoreEntriesThanItRemovesAtOnceAndAtLastLeavesThePageIdle) {
+  for (int i = 0; i < 600; ++i) machine.urlCache().add({.url = "http://h/p" + std::to_string(i)});
+  form.Del_Cache.click();
   machine.urlCache().use("http://h/p3");
-  tick(form.lvCache, {"p1", "p3"});
-  EXPECT_EQ(press(form.cmdCleanCache, {Answer::kYes}),
-            (Paths{"Delete Selected Cache Items?", "All selected cache items have been cleaned."}));
-  EXPECT_EQ(machine.urlCache().urls(), (Paths{"http://h/p0", "http://h/p2", "http://h/p3", "http://h/p4"}));
-  EXPECT_EQ(pathsOf(form.lvCache), (Paths{"", "http://h/p2", "http://h/p4"})) << "in use or not";
-  EXPECT_TRUE(form.cmdCleanCache.enabled() && !form.Scan.enabled());
+  form.cmdSelect.click();
+  form.lvCache.clickTick(300);
+  press(form.cmdCleanCache, {Answer::kYes});
+  EXPECT_EQ(machine.urlCache().urls().size(), 2U);
+  EXPECT_EQ(form.lvCache.rowCount(), 1U) << "in use or not";
+  EXPECT_FALSE(form.Scan.enabled());
   form.cmdSelect.click();
   press(form.cmdCleanCache, {Answer::kYes});
   EXPECT_EQ(machine.urlCache().urls(), Paths{"http://h/p3"});
   EXPECT_TRUE(form.Scan.enabled() && form.lvCache.toolTip().empty());
   EXPECT_FALSE(form.cmdSelect.enabled() || form.cmdCleanCache.enabled() || form.lblStatus.visible());
-
-  list(600);  // more rows than are removed at once
-  form.cmdSelect.click();
-  form.lvCache.clickTick(300);
-  press(form.cmdCleanCache, {Answer::kYes});
-  EXPECT_EQ(form.lvCache.rowCount(), 1U);
-  EXPECT_EQ(machine.urlCache().urls().size(), 2U);
 }
 
 }  // namespace

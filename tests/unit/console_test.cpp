@@ -13,49 +13,37 @@ TEST_F(Console, StartsAtTheRootAndAChosenDriveShowsTheWayToItsCurrentFolder) {
   EXPECT_EQ(form.Dir1.path(), "C:\\");
   machine.disk().addDrive('D', "BACKUP");
   machine.addFolder("D:\\Old\\Deep\\Below");
-  machine.addFolder("D:\\Old\\Deep\\hidden", platform::kHidden);
   machine.disk().setCurrentFolder("D:\\Old\\Deep");
   machine.disk().addDrive('E', "", false);
   form.Drive1.reload();
-  ASSERT_EQ(form.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
+  EXPECT_EQ(form.Drive1.items(), (Paths{"c:", "d: [BACKUP]", "e:"}));
   form.Drive1.choose(1);
-  Paths entries;
-  for (const controls::DirEntry& entry : form.Dir1.entries()) {
-    entries.push_back(std::to_string(entry.depth) + entry.text + '=' + entry.path);
-  }
-  EXPECT_EQ(entries, (Paths{"0D:\\=D:\\", "1Old=D:\\Old", "2Deep=D:\\Old\\Deep", "3Below=D:\\Old\\Deep\\Below"}));
-  form.Dir1.open(1);
+  std::string entries;
+  for (const controls::DirEntry& entry : form.Dir1.entries()) entries += entry.text + '=' + entry.path + ' ';
+  EXPECT_EQ(entries, "D:\\=D:\\ Old=D:\\Old Deep=D:\\Old\\Deep Below=D:\\Old\\Deep\\Below ");
   form.Drive1.choose(2);
-  EXPECT_EQ(form.Dir1.path(), "D:\\Old");
   EXPECT_EQ(boxTexts(), Paths{"Run-time error '68':\r\n\r\nDevice unavailable"});
   form.Drive1.choose(0);
   EXPECT_EQ(form.Dir1.path(), "C:\\Program Files\\Scrubhaven") << "its text is not the root but \"c:\"";
 }
 
-TEST_F(Console, HelpAndWebSiteReachTheShellAsTexts) {
-  form.cmdHelp.click();
-  form.Picture1.click();
-  const platform::ShellCommand& help = machine.shell().commands().at(0);
-  EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
-  EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
-  const platform::ShellCommand& web = machine.shell().commands().at(1);
-  EXPECT_FALSE(web.verb || web.parameters || web.folder || web.showCommand != 0);
-  EXPECT_TRUE(web.file.starts_with("http://"));
-}
-
 TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
   addFiles("C:\\J", {"a.tmp", "Sub\\b.tmp"});
+  form.Picture1.click();
+  const platform::ShellCommand web = machine.shell().commands().at(0);
+  EXPECT_FALSE(web.verb || web.parameters || web.folder || web.showCommand != 0 || !web.file.starts_with("http://"));
   machine.whenServing([&] {
     form.cmdMRU.enable();
     EXPECT_EQ(press(form.cmdMRU), Paths{});
     form.cmdHelp.enable();
     form.cmdHelp.click();
-    EXPECT_EQ(machine.shell().commands().size(), 1U);
     EXPECT_THROW(form.closeRequested(), Ended);
     form.cmdAbort.click();
   });
   EXPECT_EQ(scan({kTypeTmp}, "C:\\J"), Paths{"    Scan Aborted"});
-  EXPECT_EQ(press(form.cmdMRU).size(), 1U);
+  const platform::ShellCommand& help = machine.shell().commands().at(1);
+  EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
+  EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
   EXPECT_THROW(form.cmdExit.click(), Ended);
 }
 
@@ -147,21 +135,16 @@ TEST_F(Pages, OnlyAbortActsDuringAScanWhichItEndsLikeItsNormalEnd) {
     scanFor(form, page);
     EXPECT_EQ(form.Label6.caption(), std::string("Results: 3") + found + "2 seconds.") << "halves go to the even one";
     EXPECT_EQ(form.lblFile.caption(), "C:\\J\\Sub\\c.tmp");
-    const std::string atEnd = shown(form);
-    const Paths usableAtEnd = usableCommands();
+    const auto state = [&] { return shown(form) + testing::PrintToString(usableCommands()); };
+    const std::string atEnd = state();
 
     // After the first folder.
     machine.whenServing([&] { form.cmdAbort.click(); });
-    machine.ui().onBox([&](const auto& box) {
-      if (box.title == "Scan Aborted") machine.environment().advance(3500);
-    });
+    machine.ui().onBox([&](const auto& box) { machine.environment().advance(box.title == "Scan Aborted" ? 3500 : 0); });
     EXPECT_THAT(scanFor(form, page), testing::Contains("    Scan Aborted"));
     EXPECT_EQ(pathsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
     EXPECT_EQ(form.Label6.caption(), std::string("Results: 2") + found + "4 seconds.") << "the box's time counts";
-    EXPECT_EQ(shown(form), atEnd);
-    EXPECT_EQ(usableCommands(), usableAtEnd);
-    scanFor(form, page);
-    EXPECT_EQ(list.rowCount(), 3U);
+    EXPECT_EQ(state(), atEnd);
   }
 }
 
@@ -201,11 +184,8 @@ TEST_F(Pages, TicksEnableTheCommandsAndTheCaptionFollows) {
     EXPECT_EQ(after([&] { list.clickTick(0); }), "-xx enabled Clear All");
     EXPECT_EQ(after([&] { invert.click(); }), "x-- enabled Select All") << "the caption follows the last row";
     EXPECT_EQ(after([&] { invert.click(); }), "-xx enabled Clear All");
-    EXPECT_EQ(press(erase).size(), 1U);
-    select.show();
-    EXPECT_EQ(after([&] { select.click(); }), "--- disabled Select All") << "No is the default";
-    EXPECT_EQ(after([&] { list.clickTick(2); }), "--x enabled Clear All");
-    list.clickTick(2);
+    EXPECT_EQ(after([&] { press(erase); }), "-xx enabled Clear All") << "No is the default";
+    EXPECT_EQ(after([&] { select.click(); }), "--- disabled Select All");
     erase.enable();
     EXPECT_EQ(press(erase), Paths{"Nothing Selected"});
     list.clear();
