@@ -177,20 +177,26 @@ class Monkey {
     if (!usable.empty()) use(*usable[below(usable.size())]);
   }
 
+  template <typename Of>
+  static Of* as(controls::Control& control, Kind kind) {
+    return control.kind() == kind ? static_cast<Of*>(&control) : nullptr;
+  }
+
   void use(controls::Control& control) {
     frmFind& console = *world_->console;
     if (&control == &console.Scan && !console.Check[3].ticked()) console.Check[3].click();
     if (control.name() == "cmdAddFile") world_->machine.ui().chooseFile(parts(kChosen)[below(2)]);
-    if (auto* button = dynamic_cast<controls::FlatButton*>(&control)) return button->click();
-    if (auto* box = dynamic_cast<controls::CheckBox*>(&control)) return box->click();
-    if (auto* drives = dynamic_cast<controls::DriveList*>(&control)) return drives->choose(oneIn(4) ? below(3) : 0);
-    if (auto* files = dynamic_cast<controls::FileList*>(&control)) return files->click(below(3));
-    if (auto* text = dynamic_cast<controls::TextBox*>(&control)) return text->type(oneIn(2) ? "txt" : "");
-    if (auto* folders = dynamic_cast<controls::DirList*>(&control)) {
+    if (auto* button = as<controls::FlatButton>(control, Kind::kButton)) return button->click();
+    if (auto* box = as<controls::CheckBox>(control, Kind::kCheckBox)) return box->click();
+    if (auto* drives = as<controls::DriveList>(control, Kind::kDriveList))
+      return drives->choose(oneIn(4) ? below(3) : 0);
+    if (auto* files = as<controls::FileList>(control, Kind::kFileList)) return files->click(below(3));
+    if (auto* text = as<controls::TextBox>(control, Kind::kTextBox)) return text->type(oneIn(2) ? "txt" : "");
+    if (auto* folders = as<controls::DirList>(control, Kind::kDirList)) {
       if (folders == &console.Dir1 && !oneIn(8)) return World::open(*folders, oneIn(2) ? "C:\\P\\J" : "C:\\Z");
       return folders->open(below(folders->entries().size() + 1));
     }
-    auto* const list = dynamic_cast<controls::ListView*>(&control);
+    auto* const list = as<controls::ListView>(control, Kind::kListView);
     if (list == nullptr) return;
     behindIsUsed_ = behindIsUsed_ || list != world_->front();  // with the keyboard
     const std::size_t row = below(list->rowCount() + 1);
