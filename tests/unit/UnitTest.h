@@ -99,6 +99,7 @@ inline const KnownBox kKnownBoxes[] = {
     {"System Restore has been disabled.", "System Restore Disabled", 64},
     {kAskShred, kApp, 20},
     {"The selected files have been shredded.", kApp, 64},
+    {"The name of this file*The file has not been added.", kApp, 48},
 };
 
 // A list's rows: "text|second column|third column", or the first column alone.

@@ -33,9 +33,8 @@ TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndFilesInUseAreNamed) {
   EXPECT_EQ(erase({"1.tmp", "2.tmp", "3.tmp", "4.tmp"}, {Answer::kYes, Answer::kNo, Answer::kYes}),
             (Paths{kConfirm, "C:\\J\\1.tmp" + ask, "C:\\J\\2.tmp" + ask,
                    "C:\\J\\4.tmp is in use by Windows and can not be deleted."}));
-  const Paths left = {"C:\\J\\1.tmp", "C:\\J\\4.tmp", "C:\\J\\5.tmp"};
-  EXPECT_EQ(machine.filesBelow("C:\\J"), left);
-  EXPECT_EQ(paths(), left);
+  EXPECT_EQ(paths(), (Paths{"C:\\J\\1.tmp", "C:\\J\\4.tmp", "C:\\J\\5.tmp"}));
+  EXPECT_EQ(machine.filesBelow("C:\\J"), paths());
 }
 
 TEST_F(DeleteFiles, AFileIsInUseHoweverItIsShared) {
@@ -48,13 +47,11 @@ TEST_F(DeleteFiles, AFileIsInUseHoweverItIsShared) {
 }
 
 TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndTheChoicesExcludeEachOther) {
-  addFiles("C:\\J", {"a.tmp"}, "untouched");
+  addFiles("C:\\J", {"a.tmp", "d.tmp", "s.tmp"}, "short");
   machine.addFile("C:\\J\\b.tmp", std::string(1000, 'o'));
-  addFiles("C:\\J", {"d.tmp"}, "short");
   machine.addFile("C:\\J\\r.tmp", "kept", kReadOnly);
-  addFiles("C:\\J", {"s.tmp"}, "locked");
   machine.disk().lock("C:\\J\\s.tmp");
-  form.optWipe.click();
+  form.optWipe.setTicked(true);
   EXPECT_EQ(erase({"b.tmp", "d.tmp", "r.tmp", "s.tmp"}), (Paths{kConfirm, kWiped}));
   std::string pattern;
   for (const int value : {85, 170, 74, 99, 71, 92, 101, 112, 1, 61, 97, 119, 86, 79, 109, 72, 90, 0, 255, 212}) {
@@ -69,6 +66,8 @@ TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndTheChoicesExcludeEachOther) {
   EXPECT_EQ(written["C:\\J\\d.tmp"], pattern) << "a short file is made longer first";
   EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\r.tmp", "C:\\J\\s.tmp"}));
   EXPECT_EQ(machine.filesBelow("C:\\J"), paths());
+  form.optWipe.setTicked(false);
+  form.optWipe.click();
   EXPECT_TRUE(form.optWipe.ticked() && !form.optRecycle.ticked());
   form.optRecycle.click();
   EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());

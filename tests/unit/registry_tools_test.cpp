@@ -72,10 +72,11 @@ TEST_F(RegistryTools, ReadingAndWritingByPathEndInDeletionToo) {
   machine.registry().setText("HKCU\\K", "v", "the value");
   std::string text;
   form.ReadWriteDeleteRegistry2(path, text, 1);
-  form.ReadWriteDeleteRegistry(path, "data", 2);
+  for (const std::int16_t mode : {1, 2}) form.ReadWriteDeleteRegistry(path, "data", mode);
   EXPECT_TRUE(text == "the value" && !machine.registry().value("HKCU\\K", "v"));
-  EXPECT_EQ(boxTexts(), (Paths{"the value", "\"" + path + "\\data\" has been written To the registry.",
-                               "All Recent URL's Cleared"}));
+  EXPECT_EQ(boxTexts(),
+            (Paths{"the value", "All Recent URL's Cleared", "\"" + path + "\\data\" has been written To the registry.",
+                   "All Recent URL's Cleared"}));
 }
 
 TEST_F(RegistryTools, EachMruListIsEmptiedAndMadeAgainWithTheValueThatItsApplicationExpects) {
