@@ -111,10 +111,7 @@ void frmFind::ShowCacheTip() { showSelectedTip(lvCache); }
 void frmFind::cmdCleanCache_Click() {
   if (!anythingToDelete(lvCache)) return;
   if (messageBox("Delete Selected Cache Items?", platform::kBoxAsk) != Answer::kYes) return;
-
-  platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   deleteTickedCacheEntries();
-  platform::machine().ui().setPointer(platform::Pointer::kDefault);
   messageBox("All selected cache items have been cleaned.", platform::kBoxInformation, "Cache Cleaned");
   if (lvCache.empty()) {
     leaveEmptyCachePage();

@@ -4,6 +4,7 @@
 
 #include "finder/deletion.h"
 #include "finder/tree_walk.h"
+#include "platform/Names.h"
 #include "platform/Paths.h"
 #include "platform/Platform.h"
 
@@ -22,11 +23,6 @@ constexpr const char* kFixedFolders[] = {
 };
 
 bool isOnlyDots(std::string_view name) { return name.find_first_not_of(" .") == std::string_view::npos; }
-
-// Whether the text can be the name of one folder: no character in it has a meaning in a path.
-bool isFolderName(std::string_view name) {
-  return !isOnlyDots(name) && name.find_first_of("\\/:*?\"<>|") == std::string_view::npos;
-}
 
 // Whether the folder exists and is no link to another place.
 bool mayBeEmptied(const std::string& folder) {
@@ -132,7 +128,8 @@ bool isBelowRoot(std::string_view path) {
 std::vector<std::string> fixedFolders() {
   std::vector<std::string> folders(std::begin(kFixedFolders), std::end(kFixedFolders));
   const std::string user = platform::machine().environment().getEnvironmentVariable("username");
-  if (isFolderName(user)) folders.push_back("C:\\Documents and Settings\\" + user + "\\Cookies");
+  if (platform::isUsableName(user) && !isOnlyDots(user))
+    folders.push_back("C:\\Documents and Settings\\" + user + "\\Cookies");
   std::erase_if(folders, [](const std::string& folder) { return !finder::isFolder(folder) || !mayBeEmptied(folder); });
   return folders;
 }
