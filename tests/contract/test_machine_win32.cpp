@@ -21,7 +21,13 @@ void removeTree(const std::string& folder) {
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder, error)) {
     std::filesystem::permissions(entry.path(), std::filesystem::perms::all, error);
   }
+  // A host program that was started in the folder may hold it for a moment after it has ended.
+  constexpr int kTries = 100;
   std::filesystem::remove_all(folder, error);
+  for (int n = 1; n < kTries && std::filesystem::exists(folder); ++n) {
+    Sleep(20);
+    std::filesystem::remove_all(folder, error);
+  }
   require(!std::filesystem::exists(folder), "remove " + folder);
 }
 
