@@ -15,7 +15,7 @@ done
 icotool --create --output=application.ico "$WORK"/few-{16,32,48}.png "$WORK"/full-{16,24,32,48}.png
 
 # In percent of the size at 96 dots per inch.
-for percent in 100 150 200; do
+for percent in 75 100 150 200; do
   rsvg-convert -z "$(awk "BEGIN { print $percent / 100 }")" logo.svg -o "$WORK/logo.png"
   convert "$WORK/logo.png" -alpha off -colors 255 -type palette -compress none "BMP3:logo-$percent.bmp"
 done

@@ -54,7 +54,7 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
     files.push_back(support::cachePage(std::string("http://desktop.example/") + page, kAfternoon));
   }
   const List cache = console().list("lvCache");
-  const Control clean = console().control("Clean", "Internet cache:");
+  const Control clean = console().control("Clean", "Cache:");
   const auto cleanWith = [&](const std::string& button) {
     clean.click();
     answer({kTitle, "Delete Selected Cache Items?", button});
@@ -75,7 +75,7 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
   EXPECT_TRUE(exists(files[0]) && !exists(files[1]));
   use("IE Cache/Cookies");
   waitForResults(" Results: Found 1 cache entries.");
-  console().control("Select All", "Internet cache:").click();
+  console().control("Select All", "Cache:").click();
   waitUntil("ticked rows", [&] { return clean.enabled(); });
   cleanWith("Yes");
   EXPECT_FALSE(exists(files[0]));

@@ -13,6 +13,7 @@
 #include "platform/win32/ui/ControlPeer.h"
 #include "platform/win32/ui/KeyNavigation.h"
 #include "platform/win32/ui/ScreenMetrics.h"
+#include "platform/win32/ui/StatusBarPeer.h"
 #include "platform/win32/ui/ToolTips.h"
 
 namespace platform::win32 {
@@ -55,10 +56,28 @@ class FormWindow final : public controls::Peer {
   LRESULT receivePointer(HWND under, LPARAM details);
   LRESULT receiveActivation(WPARAM first, LPARAM second);
   LRESULT receiveSizeLimits(MINMAXINFO& limits) const;
+  // WM_HSCROLL or WM_VSCROLL: `bar` is SB_HORZ or SB_VERT, `action` is SB_LINEUP ...
+  LRESULT receiveScroll(int bar, int action);
+  LRESULT receiveWheel(int delta);
 
   void createControls();
+  // The peers of the controls in the layout, in its order.
+  std::vector<ControlPeer*> tabOrder() const;
+  // Takes over the layout of the controls that are visible now.
+  void rearrange();
+  // Places all controls in the window, which may be scrolled, and the status bar below them.
   void arrange();
+  void moveControls(const std::unordered_map<HWND, controls::Rect>& places);
+  void showScrollBar(int bar, bool shown, const controls::Scrolling& scrolling) const;
+  // The inside of the window without scroll bars.
+  controls::Size room() const;
+  int statusHeight() const;
+  // After the focus may have moved: scrolls the control that has it into view. The status bar shows the tooltip of a
+  // control that has been reached by a key.
+  void followFocus(bool byKey);
   controls::Size wholeSize(controls::Size inside) const;
+  // The least size of the window, without scroll bars.
+  controls::Size leastWholeSize() const;
   // The rectangle in which the window opens, in screen coordinates.
   controls::Rect initialPlace() const;
   void repaintNow();
@@ -79,6 +98,13 @@ class FormWindow final : public controls::Peer {
   std::unordered_map<HWND, std::unique_ptr<ControlPeer>> peers_;
   std::optional<KeyNavigation> keys_;
   ControlPeer* hovered_ = nullptr;
+  StatusBarPeer* status_ = nullptr;  // null for a form without a status bar
+  ControlPeer* focused_ = nullptr;   // when followFocus() last looked
+  controls::Scrolling across_;
+  controls::Scrolling down_;
+  std::unordered_map<HWND, controls::Rect> placed_;  // where the native windows are
+  bool arranging_ = false;
+  bool rearrange_ = false;
   bool changed_ = true;
   bool repaint_ = false;
   DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
