@@ -38,20 +38,23 @@ Box frmFind::layout() {
   const Box helpAndClose = row({command(cmdHelp).stretch(1, 0), command(cmdExit).stretch(1, 0)});
   const Box tools = column({files, privacy, system, helpAndClose}).apart(kApart).stretch(0, 1);
 
+  // The boxes stand in columns of the same width.
+  std::vector<std::string> captions;
+  for (const controls::CheckBox& box : Check) captions.push_back(box.caption());
   std::vector<Box> typeRows;
   for (std::size_t first = 0; first < Check.size(); first += kBoxesPerRow) {
     std::vector<Box> boxes;
-    for (std::size_t i = first; i < first + kBoxesPerRow; ++i) boxes.push_back(place(Check[i]).atLeast(31, 0));
+    for (std::size_t i = first; i < first + kBoxesPerRow; ++i) boxes.push_back(place(Check[i]).reserve(captions));
     typeRows.push_back(row(std::move(boxes)).apart(2));
   }
   const Box types = framed(Specials, column(std::move(typeRows)).apart(kClose));
   const Box typeCommands =
       row({toggleButton(Select_Check).stretch(1, 0), command(Invert).atLeast(22, 0), command(cmdChoose).stretch(1, 0)})
           .apart(kApart);
-  const Box fileTypes = framed(Frame1, column({types, typeCommands}).apart(kApart));
+  const Box fileTypes = framed(Frame1, column({types, typeCommands}).apart(kApart)).stretch(0, 0);
 
   const Box selectors =
-      column({place(Label4), place(Drive1), space(0, 1), place(Label1), place(Dir1).atLeast(98, 36).stretch(1, 1)})
+      column({place(Label4), place(Drive1), space(0, 1), place(Label1), place(Dir1).atLeast(80, 36).stretch(1, 1)})
           .apart(kClose);
   // One of the two is visible at a time.
   const Box scanOrAbort = stack({place(Scan).atLeast(52, 36), place(cmdAbort)});

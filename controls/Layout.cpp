@@ -13,9 +13,11 @@ namespace {
 constexpr int kWindowMargin = 5;
 constexpr int kButtonPadding = 5;  // left and right of a caption
 constexpr int kButtonHeight = 14;
+constexpr int kLowButtonPadding = 4;
 constexpr int kLowButtonHeight = 13;
-constexpr int kPictureRoom = 24;  // a picture of 16 pixels at 96 dots per inch, a small mark, and the gaps beside them
-constexpr int kCheckMark = 12;    // the box and the gap after it
+constexpr int kPictureRoom = 22;  // a picture of 16 pixels at 96 dots per inch, a small mark, and the gaps beside them
+constexpr int kCheckMark = 14;    // the box and the gap after it
+constexpr int kTextSlack = 1;     // some fonts draw a little more than they measure
 constexpr int kLineHeight = 9;
 constexpr int kCheckBoxHeight = 10;
 constexpr int kEditHeight = 13;
@@ -141,13 +143,13 @@ class Measure {
   Size controlSize(const Box& box) const {
     switch (box.control->kind()) {
       case Kind::kButton:
-        return {widestCaption(box) + x(2 * kButtonPadding + box.besideText),
+        return {widestCaption(box) + x(2 * (box.low ? kLowButtonPadding : kButtonPadding) + box.besideText),
                 y(box.low ? kLowButtonHeight : kButtonHeight)};
       case Kind::kCheckBox:
         return {widestCaption(box) + x(kCheckMark), y(kCheckBoxHeight)};
       case Kind::kLabel:
         // A text that may wrap or be shortened does not determine the width.
-        return {box.lines == 1 && !box.shortened ? widestCaption(box) : 0, y(kLineHeight * box.lines)};
+        return {box.lines == 1 && !box.shortened ? widestCaption(box) + x(kTextSlack) : 0, y(kLineHeight * box.lines)};
       case Kind::kTextBox:
       case Kind::kDriveList:
         return {x(kListWidth), y(kEditHeight)};

@@ -57,7 +57,7 @@ struct Box {
   int stretchY = 0;                    // share of the left-over height
   int gap = kGap;                      // dialog units between the parts
   int besideText = 0;                  // dialog units beside a button's caption, for its picture
-  bool low = false;                    // a button that is a little lower than usual
+  bool low = false;                    // a button that is a little smaller than usual
   int lines = 1;                       // of a label's text
   bool shortened = false;              // a label whose text is shortened when it does not fit
   std::vector<std::string> alsoShows;  // other captions that the control will show and that must fit

@@ -23,7 +23,8 @@ void frmFind::makeFileTypeBoxes() {
 
 void frmFind::bindJunkScan() {
   ListView1.indexBy(rowKey);
-  ListView1.weighBy([](const controls::Row& row) { return finder::bytesOf(row.subItems.front()); });
+  ListView1.weighBy(
+      [](const controls::Row& row) { return row.subItems.empty() ? 0 : finder::bytesOf(row.subItems.front()); });
   ListView1.onItemCheck = [this] { ListView1_ItemCheck(); };
   ListView1.onItemClick = [this] { showSelectedTip(ListView1); };
   bindTool(Scan, &frmFind::Scan_Click);

@@ -106,6 +106,10 @@ TEST_F(ConsoleTest, EmptyFilesAreListedAndTheTickedOnesDeleted) {
 
   const std::size_t recycled = recycledItems();
   for (const std::string& file : {readOnly, hidden}) zeros.flip(file);
+  waitUntil("the status bar to count", [this] {
+    const Texts texts = console().statusTexts();
+    return texts.size() == 3 && texts[1] == "3 rows" && texts[2] == "2 ticked";
+  });
   console().control("Delete", "0 byte files:").click();
   window("Confirm Deletion").closeWith("Yes");
   answer({"Delete File", readOnly + "\r\nis a read only file - OK to delete?", "No"});

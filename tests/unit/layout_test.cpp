@@ -17,40 +17,39 @@ using controls::Size;
 
 namespace {
 
-// A font of the user's settings: the dots per inch, the pixels of four dialog units across and of eight down, and the
-// widths of the characters from the blank on, as digits that go on behind "9" in the order of ASCII.
+// A font of the user's settings: the dots per inch, the height of a line in pixels, and the widths of the characters
+// from the blank on, as digits that go on behind "9" in the order of ASCII.
 struct Font {
   const char* name;
   int dotsPerInch;
-  int baseWidth;
-  int baseHeight;
+  int height;
   const char* widths;
 };
 
 // As measured under Wine; the second font has no glyphs for 192 dots per inch and is drawn there in double size.
 constexpr Font kFonts[] = {
-    {"Tahoma", 96, 6, 13,
+    {"Tahoma", 96, 13,
      R"(33586<83447934346666666666348885:7777667845769886876777:677444866766774773363976674547585565559)"},
-    {"Tahoma", 120, 7, 16,
-     R"(45598=93557945357777777777549996<888977995676:9:8:88898<878555977787884873463;788857476:667757:)"},
-    {"Tahoma", 144, 9, 19,
-     R"(557<9@;4669;5646999999999966<=<8?::;;98;;7798<;<9<9::::>99:667<99998:96:94584>9:9:68698<888868<)"},
-    {"Tahoma", 192, 12, 25,
-     R"(779>;D?588;@7868;;;;;;;;;;77???;C===?<<>?89=<A??<@=<=>=C<<<988?<;;<:<<7<;57:4A;<;<8:8;:@::::8:?)"},
-    {"MS Sans Serif", 96, 6, 13,
+    {"Tahoma", 120, 17,
+     R"(456:8>:3558:4655888888888855:::6=889:87:96687:9;8;89898=889556:88887885883473;898857687:777757;)"},
+    {"Tahoma", 144, 21,
+     R"(567<:A<4769<5656999999999966===8?::;;99<;78:8=;=9=::;;:?:::667<:9::9::6::4584>::9:797:8=889878<)"},
+    {"Tahoma", 192, 27,
+     R"(779A<E?588<A7868<<<<<<<<<<87@@@;D=>>?=<?@89=<B?@=@>=>?=D=<=989@<<<<;==8=<57;5B;=<=8;9<;@;;;:8;@)"},
+    {"MS Sans Serif", 96, 13,
      R"(33576862334633356666666666336666;7778768835769887887787;777353663666663662262866663536685554247)"},
-    {"MS Sans Serif", 120, 8, 16,
+    {"MS Sans Serif", 120, 16,
      R"(33577<93445734347777777777337777>999:98::3787;::9::99:9=898444774887883873373;78884737796765359)"},
-    {"MS Sans Serif", 144, 9, 20,
+    {"MS Sans Serif", 144, 20,
      R"(44699>;3556945449999999999449999@;;;<;:=<58:9=;<:<<;9<;?;;:444795998995993383=999958597;7785559)"},
-    {"MS Sans Serif", 192, 12, 26,
+    {"MS Sans Serif", 192, 26,
      R"(66:><@<4668<666:<<<<<<<<<<66<<<<F>>>@><@@6:><B@@>@@>>@>F>>>6:6<<6<<<<<6<<44<4@<<<<6:6<<@:::848>)"},
 };
 
 struct FontMetrics : controls::Metrics {
   explicit FontMetrics(const Font& its) : font(its) {}
-  int pixelsX(int units) const override { return (units * font.baseWidth + 2) / 4; }
-  int pixelsY(int units) const override { return (units * font.baseHeight + 4) / 8; }
+  int pixelsX(int units) const override { return (units * lettersWidth + 104) / 208; }
+  int pixelsY(int units) const override { return (units * font.height + 4) / 8; }
   int textWidth(const std::string& text) const override {
     int sum = 0;
     for (const char letter : text) sum += font.widths[letter - ' '] - '0';
@@ -60,6 +59,7 @@ struct FontMetrics : controls::Metrics {
   int scaled(int pixels) const { return pixels * font.dotsPerInch / 96; }
 
   const Font& font;
+  int lettersWidth = textWidth("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
 };
 
 constexpr Size kScreens[] = {{640, 480}, {800, 600}, {1024, 768}, {1920, 1080}, {3840, 2160}};
@@ -138,9 +138,9 @@ class Look {
     if (control.kind() == Kind::kCheckBox || control.kind() == Kind::kFrame) around = kPicture;
     const bool isPath = control.name() == "lblFile";  // shortened in its middle
     const int needed = isPath ? metrics_.scaled(200) : metrics_.textWidth(control.caption()) + metrics_.scaled(around);
-    const int lines = control.kind() == Kind::kLabel ? std::max(1, place.height / metrics_.font.baseHeight) : 1;
+    const int lines = control.kind() == Kind::kLabel ? std::max(1, place.height / metrics_.font.height) : 1;
     check(place.width * lines >= needed, control.name(), "is too narrow");
-    check(place.height >= (isList(control) ? 5 : 1) * metrics_.font.baseHeight, control.name(), "is too low");
+    check(place.height >= (isList(control) ? 5 : 1) * metrics_.font.height, control.name(), "is too low");
   }
 
   bool isTool(const Control& control) const {

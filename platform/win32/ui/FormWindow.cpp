@@ -159,7 +159,8 @@ void FormWindow::flush() {
   for (const auto& [window, peer] : peers_) peer->flush();
   keys_->endChanges();
   followFocus(false);
-  if (repaint_) redrawAll();
+  // Without erasing first, because a scan repaints often.
+  if (repaint_) RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
   repaint_ = false;
 }
 
@@ -252,14 +253,16 @@ void FormWindow::arrange() {
   const controls::ScrollBars bars = controls::scrollBarsFor(content, inside, bar);
   if (bars.vertical) inside.width = std::max(0, inside.width - bar.width);
   if (bars.horizontal) inside.height = std::max(0, inside.height - bar.height);
-  across_ = {content.width, inside.width, across_.offset};
-  down_ = {content.height, inside.height, down_.offset};
+  across_.content = content.width;
+  across_.view = inside.width;
+  down_.content = content.height;
+  down_.view = inside.height;
   across_.scrollTo(across_.offset);
   down_.scrollTo(down_.offset);
   showScrollBar(SB_HORZ, bars.horizontal, across_);
   showScrollBar(SB_VERT, bars.vertical, down_);
 
-  std::unordered_map<HWND, controls::Rect> places;
+  NativePlaces places;
   const controls::Places inLayout = controls::arrange(layout_, metrics_, inside);
   for (const auto& [window, peer] : peers_) {
     if (peer.get() == status_) {
@@ -271,12 +274,21 @@ void FormWindow::arrange() {
     place.y -= down_.offset;
     places[window] = place;
   }
-  if (places != placed_) moveControls(places);
+  const int right = seenAcross_ - across_.offset;
+  const int down = seenDown_ - down_.offset;
+  seenAcross_ = across_.offset;
+  seenDown_ = down_.offset;
+  const bool isScrolled = right != 0 || down != 0;
+  if (isScrolled && places == shifted(right, down)) {
+    shiftControls(right, down);
+  } else if (places != placed_) {
+    moveControls(places);
+  }
   arranging_ = false;
 }
 
 // In one step. SWP_NOCOPYBITS, because the pixels at the old position may be those of another control.
-void FormWindow::moveControls(const std::unordered_map<HWND, controls::Rect>& places) {
+void FormWindow::moveControls(const NativePlaces& places) {
   HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
   for (const auto& [window, place] : places) {
     moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, place.width, place.height,
@@ -286,6 +298,29 @@ void FormWindow::moveControls(const std::unordered_map<HWND, controls::Rect>& pl
   placed_ = places;
   for (const auto& [window, peer] : peers_) peer->placed();
   redrawAll();
+}
+
+FormWindow::NativePlaces FormWindow::shifted(int right, int down) const {
+  NativePlaces places = placed_;
+  for (auto& [window, place] : places) {
+    if (status_ != nullptr && window == status_->handle()) continue;
+    place.x += right;
+    place.y += down;
+  }
+  return places;
+}
+
+// ScrollWindowEx moves only the controls that are seen.
+void FormWindow::shiftControls(int right, int down) {
+  placed_ = shifted(right, down);
+  const RECT view = {0, 0, across_.view, down_.view};
+  ScrollWindowEx(handle_, right, down, &view, &view, nullptr, nullptr, SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(placed_.size()));
+  for (const auto& [window, place] : placed_) {
+    moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, 0, 0,
+                           SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+  }
+  EndDeferWindowPos(moves);
 }
 
 void FormWindow::rearrange() {

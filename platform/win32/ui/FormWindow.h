@@ -67,7 +67,12 @@ class FormWindow final : public controls::Peer {
   void rearrange();
   // Places all controls in the window, which may be scrolled, and the status bar below them.
   void arrange();
-  void moveControls(const std::unordered_map<HWND, controls::Rect>& places);
+  using NativePlaces = std::unordered_map<HWND, controls::Rect>;
+  void moveControls(const NativePlaces& places);
+  // Shows the window's content moved by so many pixels, without painting again what was seen before.
+  void shiftControls(int right, int down);
+  // Where the native windows are after that.
+  NativePlaces shifted(int right, int down) const;
   void showScrollBar(int bar, bool shown, const controls::Scrolling& scrolling) const;
   // The inside of the window without scroll bars.
   controls::Size room() const;
@@ -102,7 +107,9 @@ class FormWindow final : public controls::Peer {
   ControlPeer* focused_ = nullptr;   // when followFocus() last looked
   controls::Scrolling across_;
   controls::Scrolling down_;
-  std::unordered_map<HWND, controls::Rect> placed_;  // where the native windows are
+  int seenAcross_ = 0;  // the offsets at which placed_ was computed
+  int seenDown_ = 0;
+  NativePlaces placed_;  // where the native windows are
   bool arranging_ = false;
   bool rearrange_ = false;
   bool changed_ = true;
