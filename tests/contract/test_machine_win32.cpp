@@ -4,7 +4,9 @@
 #define _WIN32_WINNT 0x0600
 #include <windows.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <memory>
 
 #include "platform/win32/Win32Machine.h"
 #include "tests/contract/TestMachine.h"
@@ -31,9 +33,26 @@ void removeTree(const std::string& folder) {
   require(!std::filesystem::exists(folder), "remove " + folder);
 }
 
+// A walk processes pending messages, of which a program without windows has none.
+class NoWindows final : public platform::Ui {
+ public:
+  platform::Answer messageBox(const std::string&, const std::string&, std::uint32_t) override {
+    return platform::Answer::kNo;
+  }
+  platform::Result<std::string> openFileDialog(const platform::OpenFileRequest&) override {
+    return platform::failure(platform::kDialogCancelled);
+  }
+  void serveEvents() override {}
+  void serveSystem() override {}
+  void setPointer(platform::Pointer) override {}
+  platform::Pointer pointer() const override { return platform::Pointer::kDefault; }
+  void runModal(controls::Form&, controls::Form*) override {}
+  [[noreturn]] void end() override { std::abort(); }
+};
+
 class Win32TestMachine final : public TestMachine {
  public:
-  Win32TestMachine() : machine_(nullptr) {
+  Win32TestMachine() : machine_(std::make_unique<NoWindows>()) {
     removeAll();
     for (const std::string& folder : {root(), onOtherDrive()}) makeFolder(folder);
   }
