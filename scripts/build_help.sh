@@ -1,6 +1,6 @@
 #!/bin/bash
-# build_help.sh [FOLDER]: compiles help/ with the pictures that it shows to FOLDER/scrubhaven.chm (default build/help), the
-# same bytes from the same sources. FOLDER/source has what the compiler read.
+# build_help.sh [FOLDER]: compiles help/ with the pictures that it shows to FOLDER/scrubhaven.chm (default build/help),
+# the same bytes from the same sources. FOLDER/source has what the compiler read.
 set -euo pipefail
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 # A copy of the tree may be given, for tests.

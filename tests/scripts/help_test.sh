@@ -1,7 +1,7 @@
 #!/bin/bash
-# help_test.sh [HELP]: the compiled help is complete and says what the program says: every tool, control and window has its
-# topic, every link, picture, entry and message is there, and the same sources give the same bytes. HELP is another folder
-# than help/.
+# help_test.sh [HELP]: the compiled help is complete and says what the program says: every tool, control and window has
+# its topic, every link, picture, entry and message is there, and the same sources give the same bytes. HELP is another
+# folder than help/.
 set -uo pipefail
 ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd -P)
 cd "$ROOT" || exit 1
@@ -27,7 +27,8 @@ TOPICS=$(grep -E '\.html$' <<<"$IN_CHM")
 mkdir -p "$OUT/pages" && (cd "$OUT/pages" && chmls extractall "$OUT/first/scrubhaven.chm" . >/dev/null 2>&1)
 
 while IFS= read -r link; do
-  grep -qxF -- "${link%%#*}" <<<"$IN_CHM" || complain "$link is linked and not in the help: $(grep -l "\"$link\"" "$OUT/pages"/*.h* | xargs -n1 basename | xargs)"
+  grep -qxF -- "${link%%#*}" <<<"$IN_CHM" ||
+    complain "$link is linked and not in the help: $(cd "$OUT/pages" && grep -l "\"$link\"" -- *.h* | xargs)"
 done < <(names "$OUT/pages"/*.html "$OUT/pages"/*.hh[ck] | grep -v '^http://')
 while IFS= read -r topic; do
   names "$OUT/pages/contents.hhc" | grep -qxF "$topic" || complain "the contents do not lead to $topic"
@@ -43,21 +44,21 @@ while IFS= read -r name; do
   topic=$(awk -v name="$name" '$1 == name { print $2 }' <<<"$MAP")
   [[ $topic ]] || complain "$name has no topic in topics.txt"
 done < <(
-  sed -nE 's/^  controls::(ControlArray<.*>|FlatButton|CheckBox|ListView|DirList|DriveList|PictureBox) (\w+);$/\2/p' console/frmFind.h
-  grep -rhoE '^class frm\w+ final : public' --include=frm*.h console finder shredder settings cleaners | awk '{ print $2 }'
+  sed -nE '/::(Label|Frame|Box) /d; s/^  controls::.* (\w+);$/\1/p' console/frmFind.h
+  grep -hoE '^class frm\w+ final : public' -- */frm*.h | awk '{ print $2 }'
 )
 while read -r name topic; do
   grep -qxF -- "$topic" <<<"$TOPICS" || complain "$name has the topic $topic, which is not in the help"
 done <<<"$MAP"
 
 # Every message box is explained, in its exact words.
-TEXT=$(cat "$OUT/pages"/*.html | perl -0777 -pe 's/<[^>]*>//g; s/&quot;/"/g; s/&amp;/&/g; s/&lt;/</g; s/&gt;/>/g; s/\s+/ /g')
+TEXT=$(cat "$OUT/pages"/*.html | sed 's/&quot;/"/g; s/&amp;/\&/g' | perl -0777 -pe 's/<[^>]*>//g; s/\s+/ /g')
 MESSAGES=$(sed -n '/kWarnTemps =/,/^};/p' tests/unit/UnitTest.h)
 [[ $(wc -l <<<"$MESSAGES") -gt 40 ]] || complain "the table of message boxes was not found"
 while IFS= read -r text; do
   [[ $TEXT == *"$text"* ]] || complain "no topic explains the message \"$text\""
-done < <(literals <<<"$MESSAGES" | grep -vE '^the value$|written To the registry|^Success$' | sed 's/\*/\n/g; s/\\r\\n/\n/g; s/\\"/"/g' |
-  sed 's/^ *//; s/ *$//' | grep -v '^"\?$')
+done < <(literals <<<"$MESSAGES" | grep -vE '^the value$|written To the registry|^Success$' |
+  sed 's/\*/\n/g; s/\\r\\n/\n/g; s/\\"/"/g' | sed 's/^ *//; s/ *$//' | grep -v '^"\?$')
 
 # The tables of what is searched for and deleted, in the help and in docs/what-it-deletes.md.
 DELETES=$(tr -s ' \n' ' ' <docs/what-it-deletes.md)
@@ -91,7 +92,8 @@ listed 'lists' 20 <"$OUT/keys"
 
 VERSION=$(scripts/version.sh)
 grep -q "version $VERSION" "$OUT/pages/about.html" || complain "the help's own version is another than $VERSION"
-[[ $(sed -nE 's/^## \[?([0-9.]+).*/\1/p' CHANGELOG.md | head -n 1) == "$VERSION" ]] || complain "CHANGELOG.md does not begin with $VERSION"
+[[ $(sed -nE 's/^## \[?([0-9.]+).*/\1/p' CHANGELOG.md | head -n 1) == "$VERSION" ]] ||
+  complain "CHANGELOG.md does not begin with $VERSION"
 
 ((FAILED == 0)) && echo "the help has $(wc -l <<<"$TOPICS") topics, all of them complete"
 exit "$FAILED"
