@@ -20,6 +20,13 @@ struct BinEmptying {
   bool operator==(const BinEmptying&) const = default;
 };
 
+// A page of a help file.
+struct HelpPage {
+  std::string file;
+  std::string topic;
+  bool operator==(const HelpPage&) const = default;
+};
+
 class MemoryShell final : public Shell {
  public:
   MemoryShell(MemoryDisk& disk, MemoryFaults& faults) : disk_(disk), faults_(faults) {}
@@ -52,6 +59,13 @@ class MemoryShell final : public Shell {
     const auto fault = faults_.nextFault("launchHidden", kFileNotFound);
     return fault ? failure(*fault) : Result<void>{};
   }
+  // Does not look for the topic in the file.
+  bool showHelp(const std::string& file, const std::string& topic) override {
+    if (faults_.nextFault("showHelp") || disk_.matches(file).empty()) return false;
+    helpPage_ = HelpPage{file, topic};
+    return true;
+  }
+  void closeHelp() override { helpPage_.reset(); }
   // Asks nothing and shows nothing, whatever the flags are. An empty bin is a failure, as it is on most systems.
   std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override {
     binEmptyings_.push_back({root, flags});
@@ -70,6 +84,8 @@ class MemoryShell final : public Shell {
   const std::vector<FileOperation>& fileOperations() const { return fileOperations_; }
   const std::vector<std::string>& launches() const { return launches_; }
   const std::vector<BinEmptying>& binEmptyings() const { return binEmptyings_; }
+  // What the help window shows; nothing while it is closed.
+  const std::optional<HelpPage>& helpPage() const { return helpPage_; }
   // The documents used, the latest last.
   const std::vector<std::string>& recentDocuments() const { return recentDocuments_; }
 
@@ -87,6 +103,7 @@ class MemoryShell final : public Shell {
   std::vector<std::string> launches_;
   std::vector<BinEmptying> binEmptyings_;
   std::vector<std::string> recentDocuments_;
+  std::optional<HelpPage> helpPage_;
 };
 
 }  // namespace platform::memory
