@@ -142,7 +142,7 @@ TEST_F(Pages, OnlyAbortActsDuringAScanWhichItEndsLikeItsNormalEnd) {
     machine.whenServing([&] { form.cmdAbort.click(); });
     machine.ui().onBox([&](const auto& box) { machine.environment().advance(box.title == "Scan Aborted" ? 3500 : 0); });
     EXPECT_THAT(scanFor(form, page), testing::Contains("    Scan Aborted"));
-    EXPECT_EQ(pathsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
+    EXPECT_EQ(textsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
     EXPECT_EQ(form.Label6.caption(), std::string("Results: 2") + found + "4 seconds.") << "the box's time counts";
     EXPECT_EQ(state(), atEnd);
   }
