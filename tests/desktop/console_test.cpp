@@ -54,7 +54,7 @@ void expectSoundLayout(const Window& window) {
       const RECT its = other->place();
       RECT common;
       const bool frames =
-          isButton(*one, BS_GROUPBOX) ? contains(at, its) : isButton(*other, BS_GROUPBOX) && contains(its, at);
+          (isButton(*one, BS_GROUPBOX) && contains(at, its)) || (isButton(*other, BS_GROUPBOX) && contains(its, at));
       EXPECT_TRUE(frames || !IntersectRect(&common, &at, &its))
           << one->text() << " and " << other->text() << " overlap";
     }
