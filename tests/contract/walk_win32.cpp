@@ -3,7 +3,7 @@
 
 #include "tests/contract/ContractTest.h"
 #include "tests/contract/PatternWalk.h"
-#include "tests/support/HostLink.h"
+#include "tests/support/WinFiles.h"
 
 namespace contract {
 namespace {

@@ -52,7 +52,7 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
 TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
   const auto topic = [this](const char* name) {
     form.openHelp(name);
-    return machine.shell().helpPage() ? machine.shell().helpPage()->topic : "none";
+    return machine.shell().helpPage() ? machine.shell().helpPage()->second : "none";
   };
   // Without HTML Help, or the file, it is what the Help button does.
   EXPECT_EQ(topic("cmdZero"), "none");
@@ -62,7 +62,7 @@ TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
             "zero-byte-files.htmljunk-files.htmljunk-files.html");
   EXPECT_EQ(topic("ListView1") + topic("ListView2"), "deleting.htmlzero-byte-files.html");
   EXPECT_EQ(topic("frmSR") + topic("Label6") + topic(""), "system-restore.htmloverview.htmloverview.html");
-  EXPECT_EQ(machine.shell().helpPage()->file, kHelpFile);
+  EXPECT_EQ(machine.shell().helpPage()->first, kHelpFile);
   EXPECT_THROW(form.cmdExit.click(), Ended);
   EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
 }
@@ -162,7 +162,7 @@ TEST_F(Pages, OnlyAbortActsDuringAScanWhichItEndsLikeItsNormalEnd) {
     machine.whenServing([&] { form.cmdAbort.click(); });
     machine.ui().onBox([&](const auto& box) { machine.environment().advance(box.title == "Scan Aborted" ? 3500 : 0); });
     EXPECT_THAT(scanFor(form, page), testing::Contains("    Scan Aborted"));
-    EXPECT_EQ(pathsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
+    EXPECT_EQ(textsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
     EXPECT_EQ(form.Label6.caption(), std::string("Results: 2") + found + "4 seconds.") << "the box's time counts";
     EXPECT_EQ(state(), atEnd);
   }

@@ -1,14 +1,16 @@
-// Names that the code page cannot hold, or that later calls would take for something else: only the real file system
-// has them, because only there do other programs make them with wide calls.
+// What the machine in memory cannot show. First of all names that the code page cannot hold, or that later calls would
+// take for something else: only on the real one do other programs make them with wide calls.
 #include <windows.h>
 
 #include <algorithm>
 #include <map>
+#include <sstream>
 #include <thread>
 
 #include "platform/Enumeration.h"
 #include "platform/Paths.h"
 #include "platform/win32/ui/Win32Ui.h"
+#include "shredder/modMain.h"
 #include "tests/contract/ContractTest.h"
 
 namespace contract {
@@ -19,40 +21,31 @@ using WideNames = std::vector<std::wstring>;
 // The Windows 95 family has narrow calls only, which give a letter without its accent for one that the code page lacks.
 bool hasWideCalls() { return (GetVersion() & 0x80000000) == 0; }
 
-// Names that no byte of the code page's text may make a path, a device, a pattern or another file of.
+// The parts of a text between its "|".
+WideNames wideParts(const std::wstring& text) {
+  WideNames all;
+  std::wistringstream in(text);
+  for (std::wstring part; std::getline(in, part, L'|');) all.push_back(part);
+  return all;
+}
+
+// Names that no byte of the code page's text may make a path, a device, a pattern or another file of. In code page 932
+// the second bytes of \x8868 and \x30DD are those of the backslash and the bar.
 WideNames foreignNames() {
-  WideNames names = {L"\x0430\x0431.bak",
-                     L"\x8868.bak",  // in code page 932 a character with the byte of the backslash
-                     L"\x30DD.bak",  // and one with that of the bar
-                     L"\xD83D\xDE00.bak",
-                     L"sub\xFF3Cown.bak",
-                     L"sub\xFF3C..\xFF3Cown.bak",
-                     L"\x00A5own.bak",
-                     L"\x2215own.bak",
-                     L"C\xFF1Aown.bak",
-                     L"\xFF0A.bak",
-                     L"tw\xFF1Fn.bak",
-                     L"\xFF1C\xFF1E\xFF5C\xFF02.bak",
-                     L"twin.bak ",
-                     L"twin.bak.",
-                     L"\x0431.bak  ",
-                     L"con",
-                     L"nul.bak",
-                     L"Aux.x.bak",
-                     L"com1.bak",
-                     L"LPT9 .bak",
-                     L"com\x00B9.bak",
-                     L"CONIN$",
-                     std::wstring(250, L'n') + L"1.bak",
-                     std::wstring(250, L'n') + L"2.bak",
-                     std::wstring(120, L'\x0431') + L".bak"};
+  WideNames names = wideParts(
+      L"\x0430\x0431.bak|\x8868.bak|\x30DD.bak|\xD83D\xDE00.bak|sub\xFF3Cown.bak|sub\xFF3C..\xFF3Cown.bak|"
+      L"\x00A5own.bak|\x2215own.bak|C\xFF1Aown.bak|\xFF0A.bak|tw\xFF1Fn.bak|\xFF1C\xFF1E\xFF5C\xFF02.bak|"
+      L"twin.bak |twin.bak.|\x0431.bak  |con|nul.bak|Aux.x.bak|com1.bak|LPT9 .bak|com\x00B9.bak|CONIN$");
+  for (const wchar_t last : {L'1', L'2'}) names.push_back(std::wstring(250, L'n') + last + L".bak");
+  names.push_back(std::wstring(120, L'\x0431') + L".bak");
   // An "a" with an ogonek, a broad one, a dotless "i", and the sign of the kelvin.
-  const WideNames likeLetters = {L"\x0105.bak", L"\xFF41.bak", L"\x0131.bak", L"\x212A.bak"};
-  if (hasWideCalls()) names.insert(names.end(), likeLetters.begin(), likeLetters.end());
+  for (const std::wstring& name : wideParts(L"\x0105.bak|\xFF41.bak|\x0131.bak|\x212A.bak")) {
+    if (hasWideCalls()) names.push_back(name);
+  }
   return names;
 }
 
-const WideNames kTwins = {L"a.bak", L"i.bak", L"k.bak", L"own.bak", L"twin.bak", L"sub\\own.bak"};
+const WideNames kTwins = wideParts(L"a.bak|i.bak|k.bak|own.bak|twin.bak|sub\\own.bak");
 
 class ForeignNames : public ContractTest {
  protected:
@@ -194,13 +187,9 @@ Result<std::string> choose(const std::wstring& path) {
 }
 
 TEST_F(ForeignNames, TextsThatComeInAreExactOrRefused) {
-  std::vector<const wchar_t*> foreign = {L"\x8868", L"\x30BD\x0431"};
-  if (hasWideCalls())
-    foreign.insert(foreign.end(), {L"\x0105",
-                                   L"sub\xFF3C"
-                                   L"a"});
+  const wchar_t* const foreign = hasWideCalls() ? L"\x8868|\x30BD\x0431|\x0105|sub\uFF3Ca" : L"\x8868|\x30BD\x0431";
   for (const char* name : {"a", "sub\\a"}) makeFile(std::string(name) + "\\own.bak");
-  for (const std::wstring name : foreign) {
+  for (const std::wstring& name : wideParts(foreign)) {
     makeForeignFolder(name);
     makeForeign(name + L"\\own.bak", kForeignSize);
     const std::wstring folder = wideAt(name).substr(4);
@@ -215,6 +204,29 @@ TEST_F(ForeignNames, TextsThatComeInAreExactOrRefused) {
     EXPECT_EQ(files().currentFolderOf('C').value(), here.empty() ? "C:\\" : here);
   }
   EXPECT_EQ(numberOf(choose(L"C:\\contract\\nul.bak")), kBadFileName);
+}
+
+// ---- A hidden launch, and the limits of a process of 32 bits
+
+class Launch : public ContractTest {};
+
+TEST_F(Launch, RunsTheCommandLineWithItsQuotedArguments) {
+  const std::string file = at("made by a command.txt");
+  EXPECT_TRUE(machine().shell().launchHidden("cmd /c echo x>\"" + file + "\""));
+  constexpr int kPatience = 200;
+  for (int i = 0; i < kPatience && !exists(file); ++i) Sleep(50);
+  EXPECT_TRUE(exists(file));
+  // The command may still hold its file open.
+  for (int i = 0; i < kPatience && !opensForReading(file, kShareNone); ++i) Sleep(50);
+  EXPECT_EQ(numberOf(machine().shell().launchHidden("no-such-program \"x\"")), kFileNotFound);
+}
+
+// Two gigabytes in one piece are more than such a process can get.
+TEST(MemoryLimit, RandomBytesThatDoNotFitLeaveTheKeystreamWhereItWas) {
+  SeedKeystream("limit");
+  const KeystreamState before = keystream();
+  EXPECT_EQ(numberOf(RandomBytes(0x7F000000)), platform::kOutOfMemory);
+  EXPECT_TRUE(keystream().S == before.S && keystream().i == before.i && keystream().j == before.j);
 }
 
 }  // namespace

@@ -1,10 +1,16 @@
+// The junk scan, the deletion of ticked files, and the finder of empty ones.
 #include <algorithm>
+#include <map>
 #include <tuple>
 
+#include "finder/deletion.h"
 #include "finder/frmChoose.h"
 #include "tests/unit/ConsoleTest.h"
 
+using platform::Answer;
+using platform::kArchive;
 using platform::kHidden;
+using platform::kReadOnly;
 using platform::kSystem;
 
 namespace {
@@ -125,6 +131,111 @@ TEST_F(JunkScan, TypesAreAllTickedAtOnceAndOwnExtensionsAreKeptWhenAllBoxesAreEm
   };
   const Paths chosen = {choose("001"), choose(""), choose("gif"), choose("png")};
   EXPECT_EQ(chosen, (Paths{"001", "001", "001", "png"}));
+}
+
+// ---- Deletion
+
+constexpr const char* kConfirm = "Confirm file deletion?";
+constexpr const char* kWiped = "All files that are not locked have been shredded.";
+
+class DeleteFiles : public ConsoleTest {
+ protected:
+  // Lists the .tmp files below C:\J, ticks those with these names and presses Delete.
+  Paths erase(const Paths& ticked, std::initializer_list<Answer> answers = {Answer::kYes}) {
+    scan({kTypeTmp}, "C:\\J");
+    tick(form.ListView1, ticked);
+    return press(form.Delete, answers);
+  }
+};
+
+TEST_F(DeleteFiles, ReadOnlyAsksOnlyForItsTwoAttributesAndFilesInUseAreNamed) {
+  machine.addFile("C:\\J\\1.tmp", "x", kReadOnly);
+  machine.addFile("C:\\J\\2.tmp", "x", kReadOnly | kArchive);
+  machine.addFile("C:\\J\\3.tmp", "x", kReadOnly | kArchive | kHidden);
+  addFiles("C:\\J", {"4.tmp", "5.tmp"});
+  machine.disk().lock("C:\\J\\4.tmp");
+  const std::string ask = "\r\nis a read only file - OK to delete?";
+  EXPECT_EQ(erase({"1.tmp", "2.tmp", "3.tmp", "4.tmp"}, {Answer::kYes, Answer::kNo, Answer::kYes}),
+            (Paths{kConfirm, "C:\\J\\1.tmp" + ask, "C:\\J\\2.tmp" + ask,
+                   "C:\\J\\4.tmp is in use by Windows and can not be deleted."}));
+  EXPECT_EQ(paths(), (Paths{"C:\\J\\1.tmp", "C:\\J\\4.tmp", "C:\\J\\5.tmp"}));
+  EXPECT_EQ(machine.filesBelow("C:\\J"), paths());
+}
+
+TEST_F(DeleteFiles, AFileIsInUseHoweverItIsShared) {
+  addFiles("C:\\J", {"a"});
+  const platform::Handle other = machine.files().createFile(
+      "C:\\J\\a", {.access = platform::kGenericRead, .share = platform::kShareRead | platform::kShareWrite});
+  EXPECT_TRUE(finder::isInUse("C:\\J\\a"));
+  machine.files().closeHandle(other);
+  for (const char* free : {"C:\\J\\a", "C:\\J\\gone", "C:\\J"}) EXPECT_FALSE(finder::isInUse(free)) << free;
+}
+
+TEST_F(DeleteFiles, WipesTheFirst200BytesInPlaceAndTheChoicesExcludeEachOther) {
+  addFiles("C:\\J", {"a.tmp", "d.tmp", "s.tmp"}, "short");
+  machine.addFile("C:\\J\\b.tmp", std::string(1000, 'o'));
+  machine.addFile("C:\\J\\r.tmp", "kept", kReadOnly);
+  machine.disk().lock("C:\\J\\s.tmp");
+  form.optWipe.setTicked(true);
+  EXPECT_EQ(erase({"b.tmp", "d.tmp", "r.tmp", "s.tmp"}), (Paths{kConfirm, kWiped}));
+  std::string pattern;
+  for (const int value : {85, 170, 74, 99, 71, 92, 101, 112, 1, 61, 97, 119, 86, 79, 109, 72, 90, 0, 255, 212}) {
+    pattern.append(10, static_cast<char>(value));
+  }
+  std::map<std::string, std::string> written;
+  for (const auto& write : machine.disk().writes()) {
+    EXPECT_TRUE(write.bytes.empty() || write.position == written[write.path].size());
+    written[write.path] += write.bytes;
+  }
+  EXPECT_EQ(written["C:\\J\\b.tmp"], pattern);
+  EXPECT_EQ(written["C:\\J\\d.tmp"], pattern) << "a short file is made longer first";
+  EXPECT_EQ(paths(), (Paths{"C:\\J\\a.tmp", "C:\\J\\r.tmp", "C:\\J\\s.tmp"}));
+  EXPECT_EQ(machine.filesBelow("C:\\J"), paths());
+  form.optWipe.setTicked(false);
+  form.optWipe.click();
+  EXPECT_TRUE(form.optWipe.ticked() && !form.optRecycle.ticked());
+  form.optRecycle.click();
+  EXPECT_TRUE(form.optRecycle.ticked() && !form.optWipe.ticked());
+}
+
+// ---- Empty files
+
+using ZeroByteFiles = ConsoleTest;
+
+TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
+  addFiles("C:\\Z", {"IO.SYS", "MSDOS.SYS", "WIN.INI", "SYSTEM.INI", "Desktop.ini", "Boot.ini"}, "");
+  addFiles("C:\\Z\\Case", {"io.sys", "MsDos.Sys", "win.ini", "System.ini", "desktop.ini", "BOOT.INI"}, "");
+  addFiles("C:\\Z", {"1 one byte"});
+  addFiles("C:\\Z\\Hidden", {"a", "b"}, "");
+  machine.disk().setAttributes("C:\\Z\\Hidden", kHidden | platform::kSystem);
+  machine.disk().setListedSize("C:\\Z\\1 one byte", 0);
+  machine.addSizedFile("C:\\Z\\Hidden\\low half is 0", 0x100000000ULL);
+  addFiles("C:\\Elsewhere", {"c"}, "");
+  machine.disk().addLink("C:\\Z\\Link", "C:\\Elsewhere");
+  EXPECT_TRUE(form.Dir1.setPath("C:\\Z"));
+  form.cmdZero.click();
+  EXPECT_EQ(textsOf(form.ListView2),
+            (Paths{"C:\\Z\\Case\\BOOT.INI", "C:\\Z\\Case\\desktop.ini", "C:\\Z\\Case\\io.sys", "C:\\Z\\Case\\MsDos.Sys",
+                   "C:\\Z\\Case\\System.ini", "C:\\Z\\Case\\win.ini", "C:\\Z\\Hidden\\a", "C:\\Z\\Hidden\\b"}));
+}
+
+TEST_F(ZeroByteFiles, DeletesFromTheLastRowOnAsTheBoxSaysAndAsksForReadOnly) {
+  addFiles("C:\\Z", {"1 plain", "6 in use"}, "");
+  machine.addFile("C:\\Z\\3 kept", "", kReadOnly);
+  machine.addFile("C:\\Z\\4 given up", "", kReadOnly | kArchive);
+  machine.addFile("C:\\Z\\5 hidden", "", kReadOnly | kHidden);
+  machine.disk().lock("C:\\Z\\6 in use");
+  EXPECT_TRUE(form.Dir1.setPath("C:\\Z"));
+  form.cmdZero.click();
+  form.cmdSelectAll.click();
+  const std::string ask = "\r\nis a read only file - OK to delete?";
+  EXPECT_EQ(press(form.cmdZeroDelete, {Answer::kYes, Answer::kOk, Answer::kYes, Answer::kNo}),
+            (Paths{kConfirm, "C:\\Z\\6 in use is in use by Windows and can not be deleted.", "C:\\Z\\4 given up" + ask,
+                   "C:\\Z\\3 kept" + ask, "The selected 0 Byte files have been deleted to the Recycle Bin"}));
+  EXPECT_EQ(machine.filesBelow("C:\\Z"), (Paths{"C:\\Z\\3 kept", "C:\\Z\\6 in use"}));
+  EXPECT_EQ(machine.disk().recycleBin(), (Paths{"C:\\Z\\5 hidden", "C:\\Z\\4 given up", "C:\\Z\\1 plain"}));
+  EXPECT_EQ(textsOf(form.ListView2), Paths{"C:\\Z\\3 kept"});
+  EXPECT_FALSE(form.cmdZeroDelete.enabled() || form.cmdSelectAll.visible() || form.Select_All.visible());
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
-// Every platform call of every tool's run fails once.
+// Every platform call of every tool's run fails once. Another program exchanges what a tool works on, each time that a
+// message box stands open or messages are processed.
 #include <algorithm>
 
 #include "tests/unit/Rehearsal.h"
+
+using platform::memory::MemoryDisk;
 
 namespace {
 
@@ -37,13 +40,11 @@ std::string runWithFault(const Scenario& scenario, int n, std::optional<std::int
   const Paths mayGo = parts(scenario.mayGo);
   controls::ListView& list = world.console->ListView1;
   Paths listed;
-  world.machine.ui().onBox([&](const auto& box) {
-    if (box.text.starts_with("Confirm")) listed = textsOf(list);
-    world.answer(box, !box.text.starts_with(scenario.refused));
-  });
   world.machine.faults().failCall(n, code, 1 + more);
-  scenario.run(world, mayGo);
-  const std::string operation = world.machine.faults().lastFailed();
+  world.play(scenario, [&](const auto& box) {
+    if (box.text.starts_with("Confirm")) listed = textsOf(list);
+  });
+  const std::string operation(world.machine.faults().lastFailed());
   world.machine.faults().clear();
 
   SCOPED_TRACE(std::string(scenario.name) + ", call " + std::to_string(n) + ' ' + operation + ' ' +
@@ -92,6 +93,92 @@ TEST(Rehearsal, AnyFailingCallHarmsNothingElseAndLeavesTheToolsUsable) {
     }
     EXPECT_FALSE(failures.empty()) << scenario.name;
   }
+}
+
+// ---- Exchanges
+
+struct Exchange {
+  const char* name;
+  int above;  // what is exchanged: the file, its folder, the folder above that
+  void (*put)(MemoryDisk& disk, const std::string& path);
+};
+
+void putLink(MemoryDisk& disk, const std::string& path) { disk.addLink(path, "C:\\Outside"); }
+
+const Exchange kExchanges[] = {
+    {"file to folder", 0, [](MemoryDisk& disk, const std::string& path) { disk.addFile(path + "\\inside", "inside"); }},
+    {"folder to link", 1, putLink},
+    {"folder above to link", 2, putLink},
+    {"file to link", 0,
+     [](MemoryDisk& disk, const std::string& path) {
+       disk.addFile(path, "target")->attributes |= platform::kReparsePoint;
+     }},
+    {"made again", 0, [](MemoryDisk& disk, const std::string& path) { disk.addFile(path, "again"); }},
+};
+
+// False when something there is open.
+bool perform(const Exchange& exchange, MemoryDisk& disk, std::string path) {
+  for (int i = 0; i < exchange.above; ++i) path.resize(path.rfind('\\'));
+  if (!disk.takeAway(path)) return false;
+  exchange.put(disk, path);
+  return true;
+}
+
+enum class Outcome { kNoMoreTimes, kNothingThere, kRefused, kDone };
+
+// Runs the scenario; at the n-th box, or the n-th time that messages are processed (1-based), the file is exchanged.
+Outcome runWithExchange(const Scenario& scenario, const Exchange& exchange, const std::string& file, bool atBoxes,
+                        int n) {
+  World world;
+  const Paths mayGo = parts(scenario.mayGo);
+  Snapshot before = world.everything();
+  Outcome outcome = Outcome::kNoMoreTimes;
+  const auto takeTime = [&] {
+    if (--n != 0) return;
+    EXPECT_EQ(World::harmed(before, world.everything(), mayGo), Paths{});
+    outcome = Outcome::kNothingThere;
+    if (std::ranges::count(world.machine.filesBelow("C:\\"), file) == 0) return;
+    outcome = perform(exchange, world.machine.disk(), file) ? Outcome::kDone : Outcome::kRefused;
+    before = world.everything();
+  };
+  if (!atBoxes) world.machine.ui().everyServing(takeTime);
+  world.play(scenario, [&](const auto&) {
+    if (atBoxes) takeTime();
+  });
+  EXPECT_EQ(World::harmed(before, world.everything(), mayGo), Paths{});
+  const bool isSpared = outcome == Outcome::kDone && std::string(scenario.spares) == exchange.name;
+  EXPECT_TRUE(!isSpared || world.machine.exists(file));
+  world.expectUsable(!scenario.mayDisableScan);
+  return outcome;
+}
+
+// Unless SCRUBHAVEN_EVERY_CALL is 1, not every time that messages are processed is taken, but others with each file and
+// exchange.
+TEST(Rehearsal, WhatAnotherProgramPutsInTheWayIsNotDestroyed) {
+  const int step = numberFrom("SCRUBHAVEN_EVERY_CALL", 0) != 0 ? 1 : 7;
+  std::map<Outcome, int> outcomes;
+  int combination = 0;
+  const auto exchangeAt = [&](const Scenario& scenario, const std::string& file, const Exchange& exchange, bool boxes) {
+    Outcome outcome = Outcome::kDone;
+    const int first = boxes ? 1 : 1 + ++combination % step;
+    for (int n = first; outcome >= Outcome::kRefused && !HasFailure(); n += boxes ? 1 : step) {
+      SCOPED_TRACE(std::string(scenario.name) + ", " + file + ", " + exchange.name + ' ' + std::to_string(n));
+      outcome = runWithExchange(scenario, exchange, file, boxes, n);
+      ++outcomes[outcome];
+    }
+  };
+  const Snapshot everything = World().everything();
+  for (const Scenario& scenario : scenarios()) {
+    for (const auto& [file, contents] : everything) {
+      if (file[1] != ':' || !isAllowed(parts(scenario.mayGo), file)) continue;
+      for (const Exchange& exchange : kExchanges) {
+        if (std::ranges::count(file, '\\') <= exchange.above) continue;
+        for (const bool boxes : {true, false}) exchangeAt(scenario, file, exchange, boxes);
+      }
+    }
+  }
+  EXPECT_GT(outcomes[Outcome::kDone], 200);
+  EXPECT_GT(outcomes[Outcome::kRefused], 5);
 }
 
 }  // namespace
