@@ -148,6 +148,11 @@ Outcome runWithExchange(const Scenario& scenario, const Exchange& exchange, cons
   EXPECT_EQ(World::harmed(before, world.everything(), mayGo), Paths{});
   const bool isSpared = outcome == Outcome::kDone && std::string(scenario.spares) == exchange.name;
   EXPECT_TRUE(!isSpared || world.machine.exists(file));
+  const controls::ListView& junk = world.console->ListView1;
+  for (std::size_t i = 0; i < junk.rowCount(); ++i) {
+    const bool isFolder = world.machine.exists(junk.text(i)) && !world.machine.contents(junk.text(i));
+    EXPECT_FALSE(junk.ticked(i) && outcome == Outcome::kDone && isFolder) << junk.text(i);
+  }
   world.expectUsable(!scenario.mayDisableScan);
   return outcome;
 }
