@@ -12,7 +12,7 @@ namespace {
 
 using controls::ButtonLook;
 
-constexpr int kFocusInset = 3;  // pixels from the button's edge to the focus rectangle
+constexpr int kFocusInset = 2;  // pixels from the border or bevel to the focus rectangle
 // How much of the colour of selected items is in the ground of a button with the default colours.
 constexpr int kHotPercent = 20;
 constexpr int kPressedPercent = 40;
@@ -130,12 +130,12 @@ void ButtonPeer::draw(const DRAWITEMSTRUCT& item) {
   DeleteDC(target);
 }
 
-void ButtonPeer::drawButton(HDC target, RECT place, const ButtonLook& look, const State& state) const {
+void ButtonPeer::drawButton(HDC target, const RECT& place, const ButtonLook& look, const State& state) const {
   fillGround(target, place, look, state);
   const bool active = !state.disabled && (state.hot || state.pressed || state.focused || state.isDefault);
   RECT inside = place;
   if (active || look.XPShowBorderAlways) {
-    const bool isSelected = look.ButtonStyle == ButtonLook::Style::kXp && look.XPDefaultColors;
+    const bool isSelected = look.ButtonStyle == ButtonLook::Style::kXp && look.XPDefaultColors && !state.highContrast;
     const HBRUSH border = GetSysColorBrush(!active ? COLOR_BTNSHADOW : isSelected ? COLOR_HIGHLIGHT : COLOR_3DDKSHADOW);
     FrameRect(target, &inside, border);
     InflateRect(&inside, -1, -1);
@@ -146,8 +146,8 @@ void ButtonPeer::drawButton(HDC target, RECT place, const ButtonLook& look, cons
   if (!state.focused || !look.ShowFocusRect) return;
   // DrawFocusRect inverts the pixels that have the text colour in its pattern.
   SetTextColor(target, RGB(0, 0, 0));
-  InflateRect(&place, -kFocusInset, -kFocusInset);
-  DrawFocusRect(target, &place);
+  InflateRect(&inside, -kFocusInset, -kFocusInset);
+  DrawFocusRect(target, &inside);
 }
 
 void ButtonPeer::fillGround(HDC target, const RECT& place, const ButtonLook& look, const State& state) const {
@@ -163,7 +163,7 @@ void ButtonPeer::fillGround(HDC target, const RECT& place, const ButtonLook& loo
   FillRect(target, &place, reinterpret_cast<HBRUSH>(brush));
 }
 
-void ButtonPeer::drawBevel(HDC target, RECT place, const ButtonLook& look, bool pressed) const {
+void ButtonPeer::drawBevel(HDC target, RECT& place, const ButtonLook& look, bool pressed) const {
   if (look.BEVEL == ButtonLook::Bevel::kNone) return;
   const bool isRaised = look.BEVEL == ButtonLook::Bevel::kRaised && !pressed;
   for (int depth = metrics().pixels(look.BEVELDEPTH); depth > 0; --depth) {
@@ -182,10 +182,7 @@ void ButtonPeer::drawContent(HDC target, const RECT& place, const ButtonLook& lo
     drawPicture(target, shifted(parts.picture, shift), picture,
                 {.line = colour, .mask = colourOf(look.MaskColor), .greyed = state.disabled});
   }
-  if (look.Mark) {
-    const bool isText = state.disabled || state.highContrast;
-    drawMark(target, shifted(parts.mark, shift), isText ? colour : GetSysColor(COLOR_HIGHLIGHT));
-  }
+  if (look.Mark) drawMark(target, shifted(parts.mark, shift), colour);
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, colour);
   drawText(target, withMnemonic(caption, button_.mnemonic()), shifted(parts.caption, shift),

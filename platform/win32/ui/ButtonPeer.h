@@ -30,9 +30,10 @@ class ButtonPeer final : public ControlPeer {
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
   bool isDefault() const;
-  void drawButton(HDC target, RECT place, const controls::ButtonLook& look, const State& state) const;
+  void drawButton(HDC target, const RECT& place, const controls::ButtonLook& look, const State& state) const;
   void fillGround(HDC target, const RECT& place, const controls::ButtonLook& look, const State& state) const;
-  void drawBevel(HDC target, RECT place, const controls::ButtonLook& look, bool pressed) const;
+  // Leaves in `place` what is inside the bevel.
+  void drawBevel(HDC target, RECT& place, const controls::ButtonLook& look, bool pressed) const;
   void drawContent(HDC target, const RECT& place, const controls::ButtonLook& look, const State& state) const;
 
   controls::FlatButton& button_;

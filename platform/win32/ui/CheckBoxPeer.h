@@ -3,18 +3,13 @@
 
 #include "controls/CheckBox.h"
 #include "platform/win32/ui/ControlPeer.h"
-#include "platform/win32/ui/Scheme.h"
 
 namespace platform::win32 {
 
 class CheckBoxPeer final : public ControlPeer {
  public:
   CheckBoxPeer(const Host& host, controls::CheckBox& box)
-      : ControlPeer(host, box, {.windowClass = "BUTTON", .style = BS_CHECKBOX}), box_(box) {
-    followScheme(handle());
-  }
-
-  void schemeChanged() override { followScheme(handle()); }
+      : ControlPeer(host, box, {.windowClass = "BUTTON", .style = BS_CHECKBOX}), box_(box) {}
 
   void onCommand(int code) override {
     if (code == BN_CLICKED) box_.click();

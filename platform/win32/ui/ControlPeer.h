@@ -57,9 +57,6 @@ class ControlPeer : public controls::Peer {
   virtual LRESULT onNotify(NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
 
-  // The colours of the user's scheme have changed.
-  virtual void schemeChanged() {}
-
   // The pointer shape over the control; null for that of the window class.
   virtual HCURSOR cursor() const { return nullptr; }
   virtual void pointerEnters() {}

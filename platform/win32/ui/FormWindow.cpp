@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/ui/PeerFactory.h"
+#include "platform/win32/ui/Scheme.h"
 
 namespace platform::win32 {
 namespace {
@@ -98,6 +99,7 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
+  followScheme(handle_);
 }
 
 void FormWindow::open() {
@@ -196,10 +198,8 @@ void FormWindow::redrawAll() const {
 
 // The common controls cache the system colours and expect their parent to forward WM_SYSCOLORCHANGE.
 void FormWindow::forwardColourChange() const {
-  for (const auto& [window, peer] : peers_) {
-    SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
-    peer->schemeChanged();
-  }
+  for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  followScheme(handle_);
   redrawAll();
 }
 

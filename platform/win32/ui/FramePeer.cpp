@@ -1,16 +1,11 @@
 #include "platform/win32/ui/FramePeer.h"
 
-#include "platform/win32/ui/Scheme.h"
-
 namespace platform::win32 {
 
 FramePeer::FramePeer(const Host& host, controls::Frame& frame)
     : ControlPeer(host, frame, {.windowClass = "BUTTON", .style = BS_GROUPBOX | WS_CLIPSIBLINGS}) {
   replaceProcedure(handle(), *this, procedure, nativeProcedure_);
-  followScheme(handle());
 }
-
-void FramePeer::schemeChanged() { followScheme(handle()); }
 
 // A group box does not erase its background, and the form's window has WS_CLIPCHILDREN.
 LRESULT CALLBACK FramePeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {

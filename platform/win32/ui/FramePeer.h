@@ -10,8 +10,6 @@ class FramePeer final : public ControlPeer {
  public:
   FramePeer(const Host& host, controls::Frame& frame);
 
-  void schemeChanged() override;
-
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
 

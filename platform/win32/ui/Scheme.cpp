@@ -10,6 +10,15 @@ int brightnessOf(int systemColour) {
   return GetRValue(colour) * 3 + GetGValue(colour) * 6 + GetBValue(colour);
 }
 
+BOOL CALLBACK setStyle(HWND control, LPARAM isPlain) {
+  using Function = HRESULT(WINAPI*)(HWND, const wchar_t*, const wchar_t*);
+  static const auto setTheme = boundAtRunTime<Function>("uxtheme.dll", "SetWindowTheme");
+  // No style has a part of this name.
+  const wchar_t* const style = isPlain != 0 ? L" " : nullptr;
+  if (setTheme != nullptr) setTheme(control, style, style);
+  return setTheme != nullptr;
+}
+
 }  // namespace
 
 bool isHighContrast() {
@@ -19,13 +28,9 @@ bool isHighContrast() {
          (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
-void followScheme(HWND control) {
-  using Function = HRESULT(WINAPI*)(HWND, const wchar_t*, const wchar_t*);
-  static const auto setTheme = boundAtRunTime<Function>("uxtheme.dll", "SetWindowTheme");
-  if (setTheme == nullptr) return;
+void followScheme(HWND window) {
   const bool isPlain = isHighContrast() || brightnessOf(COLOR_BTNTEXT) > brightnessOf(COLOR_BTNFACE);
-  const wchar_t* const theme = isPlain ? L"" : nullptr;
-  setTheme(control, theme, theme);
+  EnumChildWindows(window, setStyle, isPlain ? 1 : 0);
 }
 
 }  // namespace platform::win32
