@@ -47,7 +47,8 @@ struct ButtonLook {
   Place PicturePosition = Place::kLeft;
   // kFlat keeps its ground under the pointer and when pressed; kXp changes it.
   Style ButtonStyle = Style::kFlat;
-  // "icon:NAME" and "bitmap:NAME" are resources of the program; "drawn:magnifier" and "drawn:invert" are drawn.
+  // "icon:zero" is the icon resource ICON_ZERO, "bitmap:NAME" a bitmap resource; "drawn:magnifier" and "drawn:invert"
+  // are drawn for any size.
   std::string Picture;
   // Shown instead while the pointer is on the button.
   std::string PictureHover;
@@ -58,7 +59,7 @@ struct ButtonLook {
   int OriginalPicSizeW = 16;
   int OriginalPicSizeH = 16;
   TextFont Font;
-  // The pointer over the button, see MousePointer: "icon:NAME" or "cursor:NAME", resources of the program.
+  // The pointer over the button, see MousePointer: "icon:zero", or a cursor resource "cursor:NAME".
   std::string MouseIcon;
   // Whether the button accepts input at the start.
   bool Enabled = true;

@@ -276,7 +276,8 @@ TEST_F(Buttons, TheProgramsLooksAreOfItsButtonsAndHaveTheirPictures) {
       const ButtonLook& look = static_cast<const controls::FlatButton*>(control)->look();
       for (const std::string& picture : {look.Picture, look.PictureHover}) {
         if (!picture.starts_with("icon:")) continue;
-        EXPECT_TRUE(script.contains('\n' + machine.environment().upperCase(picture.substr(5)) + " ICON ")) << picture;
+        EXPECT_TRUE(script.contains(machine.environment().upperCase("\nicon_" + picture.substr(5) + " icon ")))
+            << picture;
       }
     }
   }

@@ -1,6 +1,7 @@
 #include "platform/win32/ui/ButtonPeer.h"
 
 #include <string>
+#include <string_view>
 
 #include "controls/Form.h"
 #include "platform/win32/ui/Pictures.h"
@@ -25,13 +26,14 @@ constexpr int kPointers[ButtonLook::kLastPointer + 1] = {0,     32512, 32515, 32
 
 HCURSOR systemPointer(int number) { return number == 0 ? nullptr : LoadCursorA(nullptr, MAKEINTRESOURCEA(number)); }
 
-// A picture "icon:NAME" or "cursor:NAME" as a pointer; null when the program has no such resource.
+// A pointer "icon:NAME" or "cursor:NAME"; null when the program has no such resource.
 HCURSOR loadPointer(const std::string& name) {
-  const std::size_t colon = name.find(':');
-  if (colon == std::string::npos) return nullptr;
-  const UINT type = name.starts_with("icon:") ? IMAGE_ICON : IMAGE_CURSOR;
-  return static_cast<HCURSOR>(
-      LoadImageA(GetModuleHandleA(nullptr), name.c_str() + colon + 1, type, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
+  constexpr std::string_view kCursor = "cursor:";
+  const std::string icon = iconResource(name);
+  if (icon.empty() && !name.starts_with(kCursor)) return nullptr;
+  const char* const resource = icon.empty() ? name.c_str() + kCursor.size() : icon.c_str();
+  return static_cast<HCURSOR>(LoadImageA(GetModuleHandleA(nullptr), resource, icon.empty() ? IMAGE_CURSOR : IMAGE_ICON,
+                                         0, 0, LR_DEFAULTSIZE | LR_SHARED));
 }
 
 COLORREF colourOf(controls::Color color) {

@@ -67,7 +67,6 @@ void drawPolygon(HDC target, const Square& square, std::span<const POINT> gridPo
   Polygon(target, pixels, static_cast<int>(gridPoints.size()));
 }
 
-constexpr std::string_view kIcon = "icon:";
 constexpr std::string_view kBitmap = "bitmap:";
 
 SIZE sizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
@@ -123,7 +122,8 @@ void drawBitmap(HDC target, const RECT& place, const char* name) {
 }
 
 void drawSolid(HDC target, const RECT& place, const std::string& name, COLORREF line) {
-  if (name.starts_with(kIcon)) return drawIcon(target, place, name.c_str() + kIcon.size());
+  const std::string icon = iconResource(name);
+  if (!icon.empty()) return drawIcon(target, place, icon.c_str());
   if (name.starts_with(kBitmap)) return drawBitmap(target, place, name.c_str() + kBitmap.size());
   if (name == "drawn:magnifier") return drawMagnifier(target, place, line);
   if (name == "drawn:invert") return drawInvert(target, place, line);
@@ -183,6 +183,11 @@ std::uint32_t greyed(std::uint32_t pixel, std::uint32_t ground) {
 }
 
 }  // namespace
+
+std::string iconResource(const std::string& picture) {
+  constexpr std::string_view kIcon = "icon:";
+  return picture.starts_with(kIcon) ? "ICON_" + picture.substr(kIcon.size()) : std::string();
+}
 
 void drawPicture(HDC target, const RECT& place, const std::string& name, const PictureInk& ink) {
   const bool isMasked = name.starts_with(kBitmap);

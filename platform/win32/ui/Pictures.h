@@ -19,6 +19,9 @@ struct PictureInk {
 // Draws the picture `name` of a button (controls::ButtonLook::Picture), scaled to `place`; nothing when the program has
 // no such picture.
 void drawPicture(HDC target, const RECT& place, const std::string& name, const PictureInk& ink);
+// The name of the icon resource of a picture "icon:zero": "ICON_zero", as case does not matter; empty for other
+// pictures.
+std::string iconResource(const std::string& picture);
 // A lightning flash: the mark of buttons that act at once.
 void drawMark(HDC target, const RECT& place, COLORREF colour);
 // Draws into the largest centred square in `place`.
