@@ -320,12 +320,6 @@ ButtonLook ButtonLooks::of(const std::string& form, const std::string& button) c
   return look;
 }
 
-std::vector<std::string> ButtonLooks::sectionNames() const {
-  std::vector<std::string> names;
-  for (const Section& section : sections_) names.emplace_back(section.name);
-  return names;
-}
-
 void ButtonLooks::apply(std::string_view section, ButtonLook& look) const {
   for (const Section& one : sections_) {
     if (!isSameName(one.name, section)) continue;

@@ -117,8 +117,6 @@ class ButtonLooks {
 
   // The look of the button `button` of `form`; case does not matter.
   ButtonLook of(const std::string& form, const std::string& button) const;
-  // The names in brackets, in the order of the text.
-  std::vector<std::string> sectionNames() const;
 
  private:
   struct Section {

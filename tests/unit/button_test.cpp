@@ -281,8 +281,10 @@ TEST_F(Buttons, TheProgramsLooksAreOfItsButtonsAndHaveTheirPictures) {
       }
     }
   }
-  for (const std::string& section : controls::ButtonLooks(contents("buttons.txt")).sectionNames()) {
-    EXPECT_TRUE(known.contains(section)) << section;
+  std::istringstream lines(contents("buttons.txt"));
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with('[')) continue;
+    EXPECT_TRUE(known.contains(line.substr(1, line.size() - 2))) << line;
   }
 }
 

@@ -20,7 +20,7 @@ constexpr int kPressedPercent = 40;
 
 constexpr int kHandPointer = 32649;  // IDC_HAND, from Windows 98 and 2000 on
 constexpr int kHelpPointer = 32651;  // IDC_HELP
-// The system's pointers by ButtonLook::MousePointer; 0 is that of the window.
+// The system's pointers (IDC_ARROW is 32512) by ButtonLook::MousePointer; 0 is that of the window.
 constexpr int kPointers[ButtonLook::kLastPointer + 1] = {0,     32512, 32515, 32513, 32512, 32646, 32643,        32645,
                                                          32642, 32644, 32516, 32514, 32648, 32650, kHelpPointer, 32646};
 
