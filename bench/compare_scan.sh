@@ -29,19 +29,22 @@ cp -- "$SEAL_BUILD/win32-tests/scan_window.exe" "$PREFIX/drive_c/"
 
 # make_tree FOLDERS FILES_EACH JUNK_EVERY: every JUNK_EVERY-th file is junk of one of the types in turn.
 make_tree() {
-  local folder file n=0 types=(wbk bak gid tmp temp _mp --- syd nav old cpy 'db$' prv chk nu3 err)
-  rm -rf -- "$PREFIX/drive_c/tree"
-  for ((folder = 0; folder < $1; ++folder)); do
-    local path=$PREFIX/drive_c/tree/$((folder % 20))/$folder
-    mkdir -p "$path"
-    for ((file = 0; file < $2; ++file, ++n)); do
-      if ((n % $3 == 0)); then
-        echo "$path/file $n.${types[n / $3 % ${#types[@]}]}"
-      else
-        echo "$path/file $n.txt"
-      fi
-    done
-  done | while IFS= read -r path; do echo content >"$path"; done
+  local tree=$PREFIX/drive_c/tree
+  rm -rf -- "$tree"
+  mkdir -p "$tree"
+  (
+    cd "$tree" || exit 1
+    seq 0 $(($1 - 1)) | awk '{ print $1 % 20 "/" $1 }' | xargs mkdir -p
+    awk -v folders="$1" -v each="$2" -v every="$3" 'BEGIN {
+      types = split("wbk bak gid tmp temp _mp --- syd nav old cpy db$ prv chk nu3 err", type)
+      for (n = 0; n < folders * each; ++n) {
+        folder = int(n / each)
+        path = folder % 20 "/" folder "/file " n "." (n % every == 0 ? type[int(n / every) % types + 1] : "txt")
+        print "content" > path
+        close(path)
+      }
+    }'
+  )
 }
 
 ratios() {

@@ -1,6 +1,8 @@
 // The console's shell: its controls, start-up, help, web site, shredder, abort, close and drive change.
 #include "console/frmFind.h"
 
+#include "console/help_topics.h"
+#include "console/product.h"
 #include "platform/Platform.h"
 #include "shredder/frmMain.h"
 
@@ -10,10 +12,12 @@ namespace {
 
 constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
 
+std::string compiledHelp() { return platform::machine().environment().programFolder() + "\\scrubhaven.chm"; }
+
 }  // namespace
 
 frmFind::frmFind()
-    : Form("frmFind", "Velmatrix Scrubhaven Pro 1.32"),
+    : Form("frmFind", std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
       Picture1(*this, "Picture1", ControlInit{.toolTip = "Visit Velmatrix on the Web"}),
 
       cmdZero(*this, "cmdZero", ControlInit{.caption = "Find 0 Byte Files", .toolTip = "Find 0 byte (empty) Files"}),
@@ -165,9 +169,12 @@ void frmFind::Drive1_Change() {
 }
 
 void frmFind::cmdHelp_Click() {
-  const std::string folder = platform::machine().environment().programFolder();
-  CommonDialog1.helpFile = folder + "\\scrubhaven.hlp";
-  RunShellExecute("Open", folder + "\\scrubhaven.chm", 0, 0, 1);
+  CommonDialog1.helpFile = platform::machine().environment().programFolder() + "\\scrubhaven.hlp";
+  RunShellExecute("Open", compiledHelp(), 0, 0, 1);
+}
+
+void frmFind::openHelp(const std::string& name) {
+  if (!platform::machine().shell().showHelp(compiledHelp(), helpTopicOf(name))) cmdHelp_Click();
 }
 
 void frmFind::cmdFurnace_Click() {
@@ -177,7 +184,10 @@ void frmFind::cmdFurnace_Click() {
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }
 
-void frmFind::cmdExit_Click() { platform::machine().ui().end(); }
+void frmFind::cmdExit_Click() {
+  platform::machine().shell().closeHelp();
+  platform::machine().ui().end();
+}
 
 void frmFind::requestAbort() { AbortRequested = true; }
 

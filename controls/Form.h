@@ -59,7 +59,7 @@ class Form {
   // Called when the user closes the window by its title bar or by Alt+F4.
   virtual void closeRequested() { close(); }
 
-  // Repaints the window and all its controls.
+  // Paints what has changed in the window and its controls without waiting for messages.
   void refresh();
 
   // Shows the number and text of a failure that no handler has dealt with, after resetting the pointer to its default.

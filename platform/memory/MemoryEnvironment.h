@@ -18,7 +18,6 @@ class MemoryEnvironment final : public Environment {
   MemoryEnvironment(std::string programFolder, MemoryFaults& faults)
       : programFolder_(std::move(programFolder)), faults_(faults) {}
 
-  void setTickCount(std::uint32_t milliseconds) { tickCount_ = milliseconds; }
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
   // What the clock and the calendar show from now on.

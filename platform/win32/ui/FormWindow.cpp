@@ -126,9 +126,8 @@ void FormWindow::changed(controls::Change change) {
   if (change == controls::Change::kRepaint) repaintNow();
 }
 
-// Paints immediately, because the running handler may not process messages for a long time.
+// Paints what has changed immediately, because the running handler may not process messages for a long time.
 void FormWindow::repaintNow() {
-  repaint_ = changed_ = true;
   const DWORD now = GetTickCount();
   if (now - repaintedAt_ < kFlushInterval) return;
   repaintedAt_ = now;
@@ -142,8 +141,6 @@ void FormWindow::flush() {
   keys_->beginChanges();
   for (const auto& [window, peer] : peers_) peer->flush();
   keys_->endChanges();
-  if (repaint_) redrawAll();
-  repaint_ = false;
 }
 
 bool FormWindow::handleKey(const MSG& message) {

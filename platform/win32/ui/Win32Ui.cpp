@@ -93,6 +93,8 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   return isUsableName(exact.substr(exact.rfind('\\') + 1)) ? Result<std::string>(exact) : failure(kBadFileName);
 }
 
+constexpr DWORD kServiceInterval = 50;  // milliseconds between two calls of serveSystem() that do something
+
 bool isClickOrKey(UINT message) {
   const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
   return isKey || (message > WM_MOUSEMOVE && message <= WM_MOUSELAST);
@@ -121,7 +123,7 @@ Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
 
 void Win32Ui::serveEvents() {
   const DWORD now = GetTickCount();
-  if (now == servedAt_) return;
+  if (now - servedAt_ < kMessageInterval) return;
   servedAt_ = now;
   if (now - flushedAt_ >= kFlushInterval) {
     flushedAt_ = now;
@@ -133,7 +135,7 @@ void Win32Ui::serveEvents() {
 
 void Win32Ui::serveSystem() {
   const DWORD now = GetTickCount();
-  if (now - flushedAt_ < kFlushInterval) return;
+  if (now - flushedAt_ < kServiceInterval) return;
   flushedAt_ = now;
   flush();
   MSG message;
