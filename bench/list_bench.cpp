@@ -10,7 +10,7 @@
 namespace {
 
 struct ListForm : controls::Form {
-  ListForm() : controls::Form("Bench") {}
+  ListForm() : controls::Form("ListForm", "Bench") {}
   controls::Box layout() override { return {}; }
   controls::ListView list{*this, "list", {}, {{"File"}, {"Size"}}};
 };

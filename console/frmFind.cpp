@@ -17,7 +17,7 @@ std::string compiledHelp() { return platform::machine().environment().programFol
 }  // namespace
 
 frmFind::frmFind()
-    : Form(std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
+    : Form("frmFind", std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
       Picture1(*this, "Picture1", ControlInit{.toolTip = "Visit Velmatrix on the Web"}),
 
       cmdZero(*this, "cmdZero", ControlInit{.caption = "Find 0 Byte Files", .toolTip = "Find 0 byte (empty) Files"}),
@@ -54,14 +54,14 @@ frmFind::frmFind()
       Drive1(*this, "Drive1", ControlInit{.toolTip = "Choose a drive to scan (local or network)"}),
       Label1(*this, "Label1", ControlInit{.caption = "Start In"}),
       Dir1(*this, "Dir1", ControlInit{.toolTip = "Choose a folder to scan"}),
-      Scan(*this, "Scan", ControlInit{.toolTip = "Scan Selected Drive and Folders"}, controls::Picture::kMagnifier),
+      Scan(*this, "Scan", ControlInit{.toolTip = "Scan Selected Drive and Folders"}),
       cmdAbort(*this, "cmdAbort", ControlInit{.caption = "Abort Scan", .visible = false}),
 
       Frame1(*this, "Frame1", ControlInit{.caption = "File Types"}),
       Specials(Frame1, "Specials", ControlInit{.caption = "Special Files"}),
       Select_Check(Frame1, "Select_Check",
                    ControlInit{.caption = "Select All", .toolTip = "Toggle Select All or Clear All checkboxes"}),
-      Invert(Frame1, "Invert", ControlInit{.toolTip = "Inverts Current Selection(s)"}, controls::Picture::kInvert),
+      Invert(Frame1, "Invert", ControlInit{.toolTip = "Inverts Current Selection(s)"}),
       cmdChoose(Frame1, "cmdChoose", ControlInit{.caption = "Custom Ext.", .toolTip = "Choose Custom File Extensions"}),
 
       Frame2(*this, "Frame2", ControlInit{.caption = "Scan results"}),

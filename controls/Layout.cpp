@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/ButtonLook.h"
 #include "controls/Control.h"
+#include "controls/FlatButton.h"
 #include "controls/Frame.h"
 
 namespace controls {
@@ -12,8 +14,6 @@ namespace {
 // Dialog units.
 constexpr int kWindowMargin = 5;
 constexpr int kGap = 4;
-constexpr int kButtonPadding = 6;  // left and right of a caption
-constexpr int kButtonHeight = 14;
 constexpr int kCheckMark = 12;  // the box and the gap after it
 constexpr int kLineHeight = 9;
 constexpr int kCheckBoxHeight = 11;
@@ -29,13 +29,22 @@ int widestCaption(const Box& box, const Metrics& metrics) {
   return widest;
 }
 
+Size buttonSize(const Box& box, const Metrics& metrics) {
+  const ButtonLook& look = static_cast<const FlatButton*>(box.control)->look();
+  Size widest = metrics.textSize(box.control->caption(), look.Font);
+  for (const std::string& text : box.alsoShows) {
+    widest.width = std::max(widest.width, metrics.textSize(text, look.Font).width);
+  }
+  return leastButtonSize(look, widest, metrics);
+}
+
 // The least size of a control's content, in pixels.
 Size contentSize(const Box& box, const Metrics& metrics) {
   const auto x = [&metrics](int units) { return metrics.pixelsX(units); };
   const auto y = [&metrics](int units) { return metrics.pixelsY(units); };
   switch (box.control->kind()) {
     case Kind::kButton:
-      return {widestCaption(box, metrics) + 2 * x(kButtonPadding), y(kButtonHeight)};
+      return buttonSize(box, metrics);
     case Kind::kCheckBox:
       return {widestCaption(box, metrics) + x(kCheckMark), y(kCheckBoxHeight)};
     case Kind::kLabel:

@@ -11,6 +11,7 @@ namespace controls {
 
 class Control;
 class Frame;
+struct TextFont;
 
 // Pixels.
 struct Size {
@@ -37,6 +38,12 @@ class Metrics {
   virtual int pixelsY(int dialogUnits) const = 0;
   // The width in pixels of a one-line text in the window's font.
   virtual int textWidth(const std::string& text) const = 0;
+  // Converts pixels at 96 dots per inch to those of the screen.
+  virtual int pixels(int at96) const { return at96; }
+  // The size in pixels of a one-line text in `font`.
+  virtual Size textSize(const std::string& text, const TextFont& /*font*/) const {
+    return {textWidth(text), pixelsY(8)};
+  }
 };
 
 // One box of the tree. Build it with the functions below.

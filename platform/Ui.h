@@ -56,6 +56,10 @@ class Ui {
   // clicks and keys. Returns at once when less than 50 ms have passed since the last time.
   virtual void serveSystem() = 0;
 
+  // Starts to play a sound file and returns at once. Nothing is heard when the file or the system's sounds are missing.
+  // PlaySoundA.
+  virtual void playSound(const std::string& path) = 0;
+
   virtual void setPointer(Pointer pointer) = 0;
   virtual Pointer pointer() const = 0;
 

@@ -27,6 +27,7 @@ class MemoryEnvironment final : public Environment {
     seconds_ = seconds;
   }
   void setVariable(const std::string& name, std::string value) { variables_[name] = std::move(value); }
+  void setResourceText(const std::string& name, std::string text) { resources_[name] = std::move(text); }
 
   std::uint32_t getTickCount() override { return tickCount_; }
   std::string programFolder() override { return programFolder_; }
@@ -35,6 +36,7 @@ class MemoryEnvironment final : public Environment {
     const auto found = variables_.find(name);
     return faults_.nextFault("getEnvironmentVariable") || found == variables_.end() ? std::string() : found->second;
   }
+  std::string resourceText(const std::string& name) override { return resources_[name]; }
   std::string upperCase(std::string_view text) override { return upper(text); }
   std::string dateText() override { return dateText_; }
   std::string timeText() override { return timeText_; }
@@ -50,6 +52,7 @@ class MemoryEnvironment final : public Environment {
   float seconds_ = 43200;
   UniformSequence uniform_;
   std::map<std::string, std::string, NameOrder> variables_;
+  std::map<std::string, std::string, NameOrder> resources_;
 };
 
 }  // namespace platform::memory

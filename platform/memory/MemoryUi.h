@@ -52,6 +52,9 @@ class MemoryUi final : public Ui {
   // script the user closes the window at once.
   void whenModal(std::function<void(controls::Form&)> action) { modal_.push_back(std::move(action)); }
 
+  // The files played, in their order.
+  const std::vector<std::string>& sounds() const { return sounds_; }
+
   Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override {
     const auto [first, last] = buttonsOf(style);
     const ShownBox box{text, title, style, (style & kBoxSecondButtonDefault) != 0 ? last : first};
@@ -83,6 +86,7 @@ class MemoryUi final : public Ui {
     faults_.nextFault("serveSystem");
     runAlways();
   }
+  void playSound(const std::string& path) override { sounds_.push_back(path); }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form*) override {
@@ -130,6 +134,7 @@ class MemoryUi final : public Ui {
   std::function<void()> always_;
   bool inAlways_ = false;
   std::deque<std::function<void(controls::Form&)>> modal_;
+  std::vector<std::string> sounds_;
   Pointer pointer_ = Pointer::kDefault;
 };
 

@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "platform/win32/ui/PeerFactory.h"
+#include "platform/win32/ui/Scheme.h"
 
 namespace platform::win32 {
 namespace {
 
 constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
+constexpr UINT kThemeChanged = 0x031A;  // WM_THEMECHANGED, from Windows XP on
 constexpr UINT_PTR kHoverTimer = 1;
 constexpr UINT kHoverInterval = 50;  // milliseconds between checks whether the pointer has left a control
 
@@ -97,6 +99,7 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
+  followScheme(handle_);
 }
 
 void FormWindow::open() {
@@ -193,6 +196,7 @@ void FormWindow::redrawAll() const {
 // The common controls cache the system colours and expect their parent to forward WM_SYSCOLORCHANGE.
 void FormWindow::forwardColourChange() const {
   for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  followScheme(handle_);
   redrawAll();
 }
 
@@ -295,6 +299,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return receiveDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
+      SetTextColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNTEXT));
       SetBkColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNFACE));
       return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
     case WM_SETCURSOR:
@@ -314,6 +319,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
+    case kThemeChanged:
       forwardColourChange();
       return 0;
     case WM_CLOSE:

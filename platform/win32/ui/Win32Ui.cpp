@@ -12,6 +12,7 @@
 #include "controls/Form.h"
 #include "platform/Names.h"
 #include "platform/win32/CodePage.h"
+#include "platform/win32/RunTimeBinding.h"
 #include "platform/win32/ui/CommonControls.h"
 #include "platform/win32/ui/FormWindow.h"
 
@@ -141,6 +142,13 @@ void Win32Ui::serveSystem() {
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (!isClickOrKey(message.message)) dispatch(message);
   }
+}
+
+void Win32Ui::playSound(const std::string& path) {
+  using Function = BOOL(WINAPI*)(const char*, HMODULE, DWORD);
+  constexpr DWORD kFileWithoutWaiting = 0x20003;  // SND_FILENAME | SND_NODEFAULT | SND_ASYNC
+  static const auto play = boundAtRunTime<Function>("winmm.dll", "PlaySoundA");
+  if (play != nullptr) play(path.c_str(), nullptr, kFileWithoutWaiting);
 }
 
 void Win32Ui::setPointer(Pointer pointer) {
