@@ -1,5 +1,6 @@
 // A list's commands on up to a million rows.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <string>
 
@@ -9,7 +10,7 @@
 namespace {
 
 struct ListForm : controls::Form {
-  ListForm() : controls::Form("Bench") {}
+  ListForm() : controls::Form("ListForm", "Bench") {}
   controls::Box layout() override { return {}; }
   controls::ListView list{*this, "list", {}, {{"File"}, {"Size"}}};
 };
@@ -34,6 +35,25 @@ BENCHMARK(addRowsWithKeys)
     ->RangeMultiplier(10)
     ->Range(10'000, 1'000'000)
     ->Complexity(benchmark::oN);
+
+// What a row takes on the heap beyond the characters of its texts.
+void memoryOfRows(benchmark::State& state) {
+  constexpr std::int64_t kRows = 1'000'000;
+  double perRow = 0;
+  for (auto _ : state) {
+    const std::size_t before = mallinfo2().uordblks;
+    ListForm form;
+    form.list.indexBy([](std::string_view text) { return std::string(text); });
+    fill(form.list, kRows);
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < form.list.rowCount(); ++i) {
+      characters += form.list.text(i).size() + form.list.row(i).subItems.front().size();
+    }
+    perRow = static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd - before - characters) / kRows;
+  }
+  state.counters["bytes_per_row"] = perRow;
+}
+BENCHMARK(memoryOfRows)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void tickAllAndInvert(benchmark::State& state) {
   ListForm form;

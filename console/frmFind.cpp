@@ -1,6 +1,8 @@
 // The console's shell: its controls, start-up, help, web site, shredder, abort, close and drive change.
 #include "console/frmFind.h"
 
+#include "console/help_topics.h"
+#include "console/product.h"
 #include "platform/Platform.h"
 #include "shredder/frmMain.h"
 
@@ -10,10 +12,12 @@ namespace {
 
 constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
 
+std::string compiledHelp() { return platform::machine().environment().programFolder() + "\\scrubhaven.chm"; }
+
 }  // namespace
 
 frmFind::frmFind()
-    : Form("Velmatrix Scrubhaven Pro 1.32"),
+    : Form("frmFind", std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
       Picture1(*this, "Picture1", ControlInit{.toolTip = "Visit Velmatrix on the Web"}),
 
       lblFileTools(*this, "lblFileTools", ControlInit{.caption = "Files"}, controls::Ground::kHeading),
@@ -53,14 +57,14 @@ frmFind::frmFind()
       Drive1(*this, "Drive1", ControlInit{.toolTip = "Choose a drive to scan (local or network)"}),
       Label1(*this, "Label1", ControlInit{.caption = "Start In"}),
       Dir1(*this, "Dir1", ControlInit{.toolTip = "Choose a folder to scan"}),
-      Scan(*this, "Scan", ControlInit{.toolTip = "Scan Selected Drive and Folders"}, controls::Picture::kMagnifier),
+      Scan(*this, "Scan", ControlInit{.toolTip = "Scan Selected Drive and Folders"}),
       cmdAbort(*this, "cmdAbort", ControlInit{.caption = "Abort Scan", .visible = false}),
 
       Frame1(*this, "Frame1", ControlInit{.caption = "File Types"}),
       Specials(Frame1, "Specials", ControlInit{.caption = "Special Files"}),
       Select_Check(Frame1, "Select_Check",
                    ControlInit{.caption = "Select All", .toolTip = "Toggle Select All or Clear All checkboxes"}),
-      Invert(Frame1, "Invert", ControlInit{.toolTip = "Inverts Current Selection(s)"}, controls::Picture::kInvert),
+      Invert(Frame1, "Invert", ControlInit{.toolTip = "Inverts Current Selection(s)"}),
       cmdChoose(Frame1, "cmdChoose", ControlInit{.caption = "Custom Ext.", .toolTip = "Choose Custom File Extensions"}),
 
       Frame2(*this, "Frame2", ControlInit{.caption = "Scan results"}),
@@ -172,9 +176,12 @@ void frmFind::Drive1_Change() {
 }
 
 void frmFind::cmdHelp_Click() {
-  const std::string folder = platform::machine().environment().programFolder();
-  CommonDialog1.helpFile = folder + "\\scrubhaven.hlp";
-  RunShellExecute("Open", folder + "\\scrubhaven.chm", 0, 0, 1);
+  CommonDialog1.helpFile = platform::machine().environment().programFolder() + "\\scrubhaven.hlp";
+  RunShellExecute("Open", compiledHelp(), 0, 0, 1);
+}
+
+void frmFind::openHelp(const std::string& name) {
+  if (!platform::machine().shell().showHelp(compiledHelp(), helpTopicOf(name))) cmdHelp_Click();
 }
 
 void frmFind::cmdFurnace_Click() {
@@ -184,7 +191,10 @@ void frmFind::cmdFurnace_Click() {
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }
 
-void frmFind::cmdExit_Click() { platform::machine().ui().end(); }
+void frmFind::cmdExit_Click() {
+  platform::machine().shell().closeHelp();
+  platform::machine().ui().end();
+}
 
 void frmFind::requestAbort() { AbortRequested = true; }
 

@@ -118,6 +118,10 @@ class frmFind final : public controls::Form {
 
   // ---- Public services ---------------------------------------------------------------------------------------------
 
+  // Shows the help topic of the control or window of that name ("cmdZero", "frmMain"), and where there is no HTML Help
+  // does what the Help button does. Shell::showHelp.
+  void openHelp(const std::string& name);
+
   // Has the shell carry out the verb `sTopic` on `sFile` on behalf of the desktop window. Numbers among the arguments
   // reach the shell as text. The shell's result is ignored. ShellExecuteA, GetDesktopWindow.
   void RunShellExecute(const std::string& sTopic, const platform::Variant& sFile, const platform::Variant& sParams,

@@ -18,13 +18,11 @@ constexpr int kClose = 1;
 constexpr int kApart = 3;
 
 // A button whose caption switches between the two.
-Box toggleButton(controls::FlatButton& button) { return place(button).reserve({"Select All", "Clear All"}).lower(); }
-
-Box command(controls::FlatButton& button) { return place(button).lower(); }
+Box toggleButton(controls::FlatButton& button) { return place(button).reserve({"Select All", "Clear All"}); }
 
 Box toolGroup(controls::Label& heading, std::initializer_list<controls::FlatButton*> buttons) {
   std::vector<Box> parts = {place(heading)};
-  for (controls::FlatButton* button : buttons) parts.push_back(place(*button).withPicture().lower());
+  for (controls::FlatButton* button : buttons) parts.push_back(place(*button));
   return column(std::move(parts)).apart(kClose);
 }
 
@@ -35,7 +33,7 @@ Box frmFind::layout() {
   const Box privacy =
       toolGroup(lblPrivacyTools, {&Del_Cache, &Del_History, &Del_Recent, &cmdMRU, &cmdLists, &cmdIndex});
   const Box system = toolGroup(lblSystemTools, {&cmdPrefetch, &cmdSwap, &cmdSysrestore}).stretch(0, 1);
-  const Box helpAndClose = row({command(cmdHelp).stretch(1, 0), command(cmdExit).stretch(1, 0)});
+  const Box helpAndClose = row({place(cmdHelp).stretch(1, 0), place(cmdExit).stretch(1, 0)});
   const Box tools = column({files, privacy, system, helpAndClose}).apart(kApart).stretch(0, 1);
 
   // The boxes stand in columns of the same width.
@@ -49,7 +47,7 @@ Box frmFind::layout() {
   }
   const Box types = framed(Specials, column(std::move(typeRows)).apart(kClose));
   const Box typeCommands =
-      row({toggleButton(Select_Check).stretch(1, 0), command(Invert).atLeast(22, 0), command(cmdChoose).stretch(1, 0)})
+      row({toggleButton(Select_Check).stretch(1, 0), place(Invert).atLeast(22, 0), place(cmdChoose).stretch(1, 0)})
           .apart(kApart);
   const Box fileTypes = framed(Frame1, column({types, typeCommands}).apart(kApart)).stretch(0, 0);
 
@@ -76,7 +74,7 @@ Box frmFind::layout() {
   const Box resultLine = stack({place(Label6).reserve({"Results: 32767 0 Byte files found in 10000 seconds."}),
                                 place(lblStatus).reserve({" Results: Found 1000000 cache entries."})});
   const Box lines = column({resultLine, place(lblFile).shortening()}).apart(kClose).stretch(1, 0);
-  const Box status = framed(Frame3, row({lines, command(cmdCacheAbort)}));
+  const Box status = framed(Frame3, row({lines, place(cmdCacheAbort)}));
 
   return row({tools, column({top, results, status}).apart(kApart)});
 }
@@ -84,12 +82,12 @@ Box frmFind::layout() {
 Box frmFind::commandsOf(const controls::ListView& list) {
   std::vector<Box> parts;
   if (&list == &ListView1) {
-    parts = {place(lblJunkCommands), toggleButton(Select_All), command(cmdInvert),
-             command(Delete),        place(optRecycle),        place(optWipe)};
+    parts = {place(lblJunkCommands), toggleButton(Select_All), place(cmdInvert),
+             place(Delete),          place(optRecycle),        place(optWipe)};
   } else if (&list == &ListView2) {
-    parts = {place(lblZeroCommands), toggleButton(cmdSelectAll), command(cmdZeroInvert), command(cmdZeroDelete)};
+    parts = {place(lblZeroCommands), toggleButton(cmdSelectAll), place(cmdZeroInvert), place(cmdZeroDelete)};
   } else {
-    parts = {place(lblCacheCommands), toggleButton(cmdSelect), command(cmdCacheInvert), command(cmdCleanCache)};
+    parts = {place(lblCacheCommands), toggleButton(cmdSelect), place(cmdCacheInvert), place(cmdCleanCache)};
   }
   return row(std::move(parts)).apart(2);
 }

@@ -1,35 +1,33 @@
 // The flat push button.
 #pragma once
 
+#include "controls/ButtonLook.h"
 #include "controls/Control.h"
 
 namespace controls {
 
-// The pictures that a button without a caption may show.
-enum class Picture { kNone, kMagnifier, kInvert };
-
 class FlatButton final : public Control {
  public:
-  FlatButton(Parent parent, std::string name, ControlInit start, Picture picture = Picture::kNone)
-      : Control(parent, Kind::kButton, std::move(name), std::move(start)), picture_(picture) {}
+  FlatButton(Parent parent, std::string name, ControlInit start)
+      : Control(parent, Kind::kButton, std::move(name), std::move(start)) {}
 
   Event onClick;
   Event onPointerEnters;
 
-  Picture picture() const { return picture_; }
+  const ButtonLook& look() const { return look_; }
+  // To be set before the button is shown. A caption that the button has already stays, and so does a disabled state.
+  void setLook(ButtonLook look);
 
-  // A click by the user: raises onClick, or does nothing while the button does not accept input.
-  void click() {
-    if (acceptsInput() && onClick) onClick();
-  }
+  // A click by the user: plays the click sound, opens the look's URL and raises onClick, or does nothing while the
+  // button does not accept input. Ui::playSound, Shell::execute.
+  void click();
 
-  // The mouse pointer has entered the button: raises onPointerEnters, under the same condition.
-  void pointerEnters() {
-    if (acceptsInput() && onPointerEnters) onPointerEnters();
-  }
+  // The mouse pointer has entered the button: plays the hover sound and raises onPointerEnters, under the same
+  // condition.
+  void pointerEnters();
 
  private:
-  Picture picture_;
+  ButtonLook look_;
 };
 
 }  // namespace controls

@@ -1,5 +1,6 @@
 #include "controls/Form.h"
 
+#include "controls/ButtonLook.h"
 #include "platform/Platform.h"
 
 namespace controls {
@@ -9,6 +10,7 @@ platform::Answer messageBox(const std::string& text, std::uint32_t style, const 
 }
 
 void Form::load() {
+  setLooks();
   open_ = true;
   formLoad();
 }
@@ -25,6 +27,13 @@ void Form::close() {
   open_ = false;
   if (owner_ != nullptr) owner_->covered_ = false;
   notify(Change::kClosed);
+}
+
+void Form::setLooks() {
+  const ButtonLooks looks(platform::machine().environment().resourceText("BUTTONS"));
+  for (Control* control : controls_) {
+    if (control->kind() == Kind::kButton) static_cast<FlatButton*>(control)->setLook(looks.of(name_, control->name()));
+  }
 }
 
 void Form::refresh() { notify(Change::kRepaint); }

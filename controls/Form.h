@@ -27,6 +27,8 @@ class Form {
   Form& operator=(const Form&) = delete;
   virtual ~Form() = default;
 
+  // The form's identifier ("frmFind").
+  const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
   // All controls, in order of creation. They are members of the derived form.
   const std::vector<Control*>& controls() const { return controls_; }
@@ -57,7 +59,8 @@ class Form {
   // Whether the user can operate the form: it is open and shows no modal window of its own.
   bool acceptsInput() const { return open_ && !covered_; }
 
-  // Opens the form and runs formLoad(), without showing a window. showModal calls it.
+  // Gives the buttons their looks, which the program carries as the resource "BUTTONS" (ButtonLooks), opens the form
+  // and runs formLoad(), without showing a window. showModal calls it. Environment::resourceText.
   void load();
 
   // Called after the window has become the active one.
@@ -65,7 +68,7 @@ class Form {
   // Called when the user closes the window by its title bar or by Alt+F4.
   virtual void closeRequested() { close(); }
 
-  // Repaints the window and all its controls.
+  // Paints what has changed in the window and its controls without waiting for messages.
   void refresh();
 
   // Shows the number and text of a failure that no handler has dealt with, after resetting the pointer to its default.
@@ -76,7 +79,7 @@ class Form {
   void attach(Peer* peer) { peer_ = peer; }
 
  protected:
-  explicit Form(std::string caption) : caption_(std::move(caption)) {}
+  Form(std::string name, std::string caption) : name_(std::move(name)), caption_(std::move(caption)) {}
 
   void setDefaultButton(FlatButton& button) { defaultButton_ = &button; }
   void setCancelButton(FlatButton& button) { cancelButton_ = &button; }
@@ -90,8 +93,10 @@ class Form {
  private:
   friend class Control;
   void adopt(Control& control) { controls_.push_back(&control); }
+  void setLooks();
   void notify(Change change);
 
+  std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
   FlatButton* defaultButton_ = nullptr;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/ButtonLook.h"
 #include "controls/Control.h"
+#include "controls/FlatButton.h"
 #include "controls/Frame.h"
 
 namespace controls {
@@ -11,13 +13,8 @@ namespace {
 
 // Dialog units.
 constexpr int kWindowMargin = 5;
-constexpr int kButtonPadding = 5;  // left and right of a caption
-constexpr int kButtonHeight = 14;
-constexpr int kLowButtonPadding = 4;
-constexpr int kLowButtonHeight = 13;
-constexpr int kPictureRoom = 22;  // a picture of 16 pixels at 96 dots per inch, a small mark, and the gaps beside them
-constexpr int kCheckMark = 14;    // the box and the gap after it
-constexpr int kTextSlack = 1;     // some fonts draw a little more than they measure
+constexpr int kCheckMark = 14;  // the box and the gap after it
+constexpr int kTextSlack = 1;   // some fonts draw a little more than they measure
 constexpr int kLineHeight = 9;
 constexpr int kCheckBoxHeight = 10;
 constexpr int kEditHeight = 13;
@@ -139,12 +136,20 @@ class Measure {
     return widest;
   }
 
+  Size buttonSize(const Box& box) const {
+    const ButtonLook& look = static_cast<const FlatButton*>(box.control)->look();
+    Size widest = metrics_.textSize(box.control->caption(), look.Font);
+    for (const std::string& text : box.alsoShows) {
+      widest.width = std::max(widest.width, metrics_.textSize(text, look.Font).width);
+    }
+    return leastButtonSize(look, widest, metrics_);
+  }
+
   // The least size of a control's content.
   Size controlSize(const Box& box) const {
     switch (box.control->kind()) {
       case Kind::kButton:
-        return {widestCaption(box) + x(2 * (box.low ? kLowButtonPadding : kButtonPadding) + box.besideText),
-                y(box.low ? kLowButtonHeight : kButtonHeight)};
+        return buttonSize(box);
       case Kind::kCheckBox:
         return {widestCaption(box) + x(kCheckMark), y(kCheckBoxHeight)};
       case Kind::kLabel:
@@ -348,16 +353,6 @@ Box& Box::stretch(int x, int y) {
 
 Box& Box::apart(int units) {
   gap = units;
-  return *this;
-}
-
-Box& Box::withPicture() {
-  besideText = kPictureRoom;
-  return *this;
-}
-
-Box& Box::lower() {
-  low = true;
   return *this;
 }
 

@@ -11,6 +11,7 @@ namespace controls {
 
 class Control;
 class Frame;
+struct TextFont;
 
 // Pixels.
 struct Size {
@@ -39,6 +40,12 @@ class Metrics {
   virtual int pixelsY(int dialogUnits) const = 0;
   // The width in pixels of a one-line text in the window's font.
   virtual int textWidth(const std::string& text) const = 0;
+  // Converts pixels at 96 dots per inch to those of the screen.
+  virtual int pixels(int at96) const { return at96; }
+  // The size in pixels of a one-line text in `font`.
+  virtual Size textSize(const std::string& text, const TextFont& /*font*/) const {
+    return {textWidth(text), pixelsY(8)};
+  }
 };
 
 // The distance between the parts of a row or a column, in dialog units.
@@ -56,8 +63,6 @@ struct Box {
   int stretchX = 0;                    // share of the left-over width; 0 keeps the least width
   int stretchY = 0;                    // share of the left-over height
   int gap = kGap;                      // dialog units between the parts
-  int besideText = 0;                  // dialog units beside a button's caption, for its picture
-  bool low = false;                    // a button that is a little smaller than usual
   int lines = 1;                       // of a label's text
   bool shortened = false;              // a label whose text is shortened when it does not fit
   std::vector<std::string> alsoShows;  // other captions that the control will show and that must fit
@@ -66,8 +71,6 @@ struct Box {
   Box& atLeast(int width, int height);
   Box& stretch(int x, int y);
   Box& apart(int units);
-  Box& withPicture();
-  Box& lower();
   Box& textLines(int count);
   Box& shortening();
   Box& reserve(std::vector<std::string> captions);

@@ -40,7 +40,7 @@ class Demonstration : Program {
     const std::string readOnly = "C:\\Sample\\Read only\\keep me.bak";
     say("3. A read-only file is ticked; the program asks, and the answer is No.");
     junk().flip(readOnly);
-    use("Delete Files", {kConfirm, {"Delete File", readOnly + "\r\nis a read only file - OK to delete?", "No"}});
+    use("Delete Files", {kConfirm, {"Delete File", "No", readOnly + "\r\nis a read only file - OK to delete?"}});
     waitForConsole();
     expect(exists(readOnly), readOnly + " is still there");
     junk().flip(readOnly);
@@ -58,7 +58,7 @@ class Demonstration : Program {
     say("6. \"Shred Files?\" is ticked, and rows are wiped.");
     console().control("Shred Files?").flip();
     deleteAll({"Documents\\letter to the bank.wbk", "Tools\\customers.db$"},
-              {kConfirm, {"Files Shredded", "All files that are not locked have been shredded."}});
+              {kConfirm, {"Files Shredded", "OK", "All files that are not locked have been shredded."}});
     expect(std::ranges::all_of(junk().texts(), exists), "every other listed file is still there");
     takeScreenshot("3-done");
 
@@ -68,7 +68,7 @@ class Demonstration : Program {
   }
 
  private:
-  const Answer kConfirm = {"Confirm Deletion", "Confirm file deletion?", "Yes"};
+  const Answer kConfirm = {"Confirm Deletion", "Yes", "Confirm file deletion?"};
 
   bool isListed(const std::string& file) { return std::ranges::count(junk().texts(), "C:\\Sample\\" + file) > 0; }
 

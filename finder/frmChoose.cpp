@@ -6,7 +6,7 @@ using controls::ControlInit;
 using controls::place;
 
 frmChoose::frmChoose(finder::CustomExtensions& extensions)
-    : Form("Custom File Extensions"),
+    : Form("frmChoose", "Custom File Extensions"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Custom File Extensions"}),
       Label1(
           Frame1, "Label1",

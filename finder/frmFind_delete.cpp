@@ -72,7 +72,12 @@ void frmFind::deleteTickedRows() {
     const std::string path = ListView1.text(row);
     progress.next(path);
     if (hold.holdAbove(path)) static_cast<void>(finder::deleteThroughShell(path, flags, questions));
-    if (finder::isGone(path)) gone.push_back(row);
+    if (finder::isGone(path)) {
+      gone.push_back(row);
+    } else if (!finder::isDeletable(path)) {
+      // The path has become something else, such as a folder, which no tick stands for.
+      ListView1.setTicked(row, false);
+    }
   }
   removeJunkRows(std::move(gone));
 }
@@ -106,7 +111,11 @@ bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
     progress.next(path);
     if (!hold.holdAbove(path)) return true;
     const platform::Result<finder::Deletion> wiped = finder::wipe(path);
-    if (wiped == finder::Deletion::kDone || finder::isGone(path)) gone.push_back(row);
+    if (wiped == finder::Deletion::kDone || finder::isGone(path)) {
+      gone.push_back(row);
+    } else if (!finder::isDeletable(path)) {
+      ListView1.setTicked(row, false);
+    }
     return wiped || wiped.error().number == platform::kFileNotFound;
   };
   static_cast<void>(wipeRow(chosen.front()));

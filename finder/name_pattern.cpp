@@ -47,8 +47,10 @@ bool NamePattern::matchesInOneCase(std::string_view name) const {
   const std::string& last = parts_.back();
   if (parts_.size() == 1) return isSame(name, first);
   if (name.size() < first.size() + last.size()) return false;
-  if (!isSame(name.substr(0, first.size()), first) || !isSame(name.substr(name.size() - last.size()), last))
+  // The end first: most patterns have nothing before it.
+  if (!isSame(name.substr(name.size() - last.size()), last) || !isSame(name.substr(0, first.size()), first)) {
     return false;
+  }
   std::string_view middle = name.substr(first.size(), name.size() - first.size() - last.size());
   for (std::size_t i = 1; i + 1 < parts_.size(); ++i) {
     const auto found = std::ranges::search(middle, parts_[i], {}, platform::lowerLetter, platform::lowerLetter);

@@ -22,6 +22,9 @@ class Environment {
   // The value of the variable `name`, whose case does not matter; empty when it is empty or missing, and when the code
   // page lacks one of its characters. GetEnvironmentVariableW, GetEnvironmentVariableA.
   virtual std::string getEnvironmentVariable(const std::string& name) = 0;
+  // The text that the program carries as the resource `name` (RCDATA); empty when there is none. FindResourceA,
+  // LoadResource.
+  virtual std::string resourceText(const std::string& name) = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;
 

@@ -4,10 +4,6 @@
 
 namespace platform {
 
-char lowerLetter(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 std::size_t rootLength(std::string_view path) {
   constexpr std::size_t kDriveRoot = 3;
   if (path.size() >= 2 && path[1] == ':') return std::min(kDriveRoot, path.size());

@@ -8,7 +8,9 @@
 namespace platform {
 
 // `letter` in lower case when it is one of A to Z, such as a drive's.
-char lowerLetter(char letter);
+constexpr char lowerLetter(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
 
 // The number of characters that name the root of a full path: "X:\", or "\\server\share".
 std::size_t rootLength(std::string_view path);

@@ -55,6 +55,14 @@ class Shell {
   // GetSystemDirectoryA, CreateProcessA.
   virtual Result<void> launchHidden(const std::string& commandLine) = 0;
 
+  // Shows the page `topic` ("shredder.html") of the compiled help file `file` in the HTML Help window, which remains
+  // open beside the program. Returns whether it is shown: not when the file is missing, and not on a Windows without
+  // HTML Help. HtmlHelpA (HH_DISPLAY_TOPIC) of hhctrl.ocx in the system folder.
+  virtual bool showHelp(const std::string& file, const std::string& topic) = 0;
+  // Closes the help window, if one is open. To be called before the program ends: the window belongs to its process.
+  // HtmlHelpA (HH_CLOSE_ALL).
+  virtual void closeHelp() = 0;
+
   // SHEmptyRecycleBinA without an owner window. Empties the Recycle Bin of the drive of `root`; of all drives
   // when it is empty. Returns its result: 0 on success; a bin that is empty already may return a failure, and a Windows
   // without the function does (0x80004001).

@@ -49,11 +49,16 @@ class Ui {
   // cancels.
   virtual Result<std::string> openFileDialog(const OpenFileRequest& request) = 0;
 
-  // Processes pending messages (painting, clicks, keys); returns when none are left.
+  // Processes pending messages (painting, clicks, keys); returns when none are left. Returns at once when they have
+  // been processed in the last 10 ms.
   virtual void serveEvents() = 0;
   // The same for work that must not be disturbed: repaints, moves and minimises the windows, and drops the user's
   // clicks and keys. Returns at once when less than 50 ms have passed since the last time.
   virtual void serveSystem() = 0;
+
+  // Starts to play a sound file and returns at once. Nothing is heard when the file or the system's sounds are missing.
+  // PlaySoundA.
+  virtual void playSound(const std::string& path) = 0;
 
   virtual void setPointer(Pointer pointer) = 0;
   virtual Pointer pointer() const = 0;

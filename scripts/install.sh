@@ -16,6 +16,7 @@ PACKAGES=(
   xvfb imagemagick # virtual screen, screenshots
   openssl          # bench/compare_shred.sh
   attr             # setfattr, in fill_sample_drive.sh
+  fp-utils         # chmcmd and chmls, in build_help.sh
 )
 
 say() { printf 'install: %s\n' "$*"; }

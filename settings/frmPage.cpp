@@ -5,7 +5,7 @@
 using controls::messageBox;
 
 frmPage::frmPage()
-    : ToggleWindow("Cear Pagfile", "Toggles Enable/Disable Clear Pagefile"),
+    : ToggleWindow("frmPage", "Cear Pagfile", "Toggles Enable/Disable Clear Pagefile"),
       lblPage(Frame1, "lblPage", controls::ControlInit{.caption = kUnknownSetting}) {}
 
 controls::Box frmPage::layout() {

@@ -11,7 +11,7 @@ constexpr const char* kService = "System Restore Service";
 }  // namespace
 
 frmSR::frmSR()
-    : ToggleWindow("Toggle System Restore", "Toggles Enable/Disable System Restore"),
+    : ToggleWindow("frmSR", "Toggle System Restore", "Toggles Enable/Disable System Restore"),
       lblSR(Frame1, "lblSR", controls::ControlInit{.caption = kUnknownSetting}),
       ListView1(Frame1, "ListView1", controls::ControlInit{.visible = false}, {}) {}
 

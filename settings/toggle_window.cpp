@@ -17,8 +17,8 @@ constexpr int kButtonWidth = 50;
 
 }  // namespace
 
-ToggleWindow::ToggleWindow(std::string caption, std::string toggleToolTip)
-    : Form(std::move(caption)),
+ToggleWindow::ToggleWindow(std::string name, std::string caption, std::string toggleToolTip)
+    : Form(std::move(name), std::move(caption)),
       Frame1(*this, "Frame1", ControlInit{}),
       cmdToggle(*this, "cmdToggle", ControlInit{.caption = kToggleCaption, .toolTip = std::move(toggleToolTip)}),
       cmd_Cancel(*this, "cmd_Cancel", ControlInit{.caption = "Cancel", .toolTip = "ExitThis Window"}) {

@@ -25,7 +25,7 @@ class ToggleWindow : public controls::Form {
   controls::FlatButton cmd_Cancel;
 
  protected:
-  ToggleWindow(std::string caption, std::string toggleToolTip);
+  ToggleWindow(std::string name, std::string caption, std::string toggleToolTip);
 
   virtual void cmdToggle_Click() = 0;
 

@@ -6,7 +6,7 @@ using controls::ControlInit;
 using controls::place;
 
 frmFolder::frmFolder(frmMain& shredder)
-    : Form("Add folder contents"),
+    : Form("frmFolder", "Add folder contents"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Select a folder (folder contents will be shredded)"}),
       Drive1(Frame1, "Drive1", ControlInit{}),
       Dir1(Frame1, "Dir1", ControlInit{}),

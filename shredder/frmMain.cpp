@@ -19,7 +19,7 @@ constexpr const char* kNameNotInCodePage =
 }  // namespace
 
 frmMain::frmMain()
-    : Form("Scrubhaven Pro - Shredder"),
+    : Form("frmMain", "Scrubhaven Pro - Shredder"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Select Files to Shred"}),
       ListView1(Frame1, "ListView1", ControlInit{}, {{.title = "File Name and Path"}}, false),
       cmdAddFile(*this, "cmdAddFile", ControlInit{.caption = "Add File", .toolTip = "Add File to Shredder List"}),

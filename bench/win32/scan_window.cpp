@@ -1,6 +1,7 @@
 // Times the program's scans in its real window beside other ways to read the same tree, for bench/compare_scan.sh.
 // scan_window RUNS prints for each run one line: seconds of the junk scan, of the zero-byte scan, of "cmd /c dir /s /b"
-// with the junk scan's patterns, and of one bare enumeration of every folder.
+// with the junk scan's patterns, and of one bare enumeration of every folder. scan_window RUNS abort prints for each
+// run the seconds from a click on the abort button, the way of the pointer to it included, to the message box.
 #include <windows.h>
 
 #include <chrono>
@@ -59,6 +60,44 @@ double secondsOfScan(const desktop::Window& console, const std::function<void()>
   });
 }
 
+void timeScans(const desktop::Program& program, const desktop::Window& console, int runs) {
+  std::printf("%zu files\n", enumerateOnce(L"C:\\tree"));
+  for (int run = 0; run < runs; ++run) {
+    const double junk = secondsOfScan(console, [&] { console.control("Scan").click(); });
+    for (const std::string& line : console.labelTexts()) {
+      if (line.starts_with("Results:")) std::fprintf(stderr, "%s\n", line.c_str());
+    }
+    console.control("Find 0 Byte Files").click();
+    const desktop::Window warning = program.window("Warning!");
+    const double zero = secondsOf([&] {
+      warning.closeWith("OK");
+      const desktop::Control scan = console.control("Scan");
+      desktop::waitUntil(
+          "the end of the scan", [&] { return scan.visible(); }, kLongestScan);
+    });
+    const double dir = secondsOf([] { std::system(dirCommand().c_str()); });
+    const double bare = secondsOf([] { enumerateOnce(L"C:\\tree"); });
+    std::printf("%.3f %.3f %.3f %.3f\n", junk, zero, dir, bare);
+    std::fflush(stdout);
+  }
+}
+
+void timeAborts(const desktop::Program& program, const desktop::Window& console, int runs) {
+  for (int run = 0; run < runs; ++run) {
+    console.control("Scan").click();
+    const desktop::Control abort = console.control("Abort Scan");
+    desktop::waitUntil("the scan", [&] { return abort.visible(); });
+    const double seconds = secondsOf([&] {
+      abort.click();
+      program.window("Scan Aborted");
+    });
+    program.window("Scan Aborted").closeWith("OK");
+    desktop::waitUntil("the end of the scan", [&] { return console.control("Scan").visible(); });
+    std::printf("%.3f\n", seconds);
+    std::fflush(stdout);
+  }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -68,25 +107,8 @@ int main(int count, char** arguments) {
     const desktop::Window console = program.console();
     console.control("Select All", "Custom Ext.").click();
     console.openFolder("tree");
-    std::printf("%zu files\n", enumerateOnce(L"C:\\tree"));
-    for (int run = 0; run < runs; ++run) {
-      const double junk = secondsOfScan(console, [&] { console.control("Scan").click(); });
-      for (const std::string& line : console.labelTexts()) {
-        if (line.starts_with("Results:")) std::fprintf(stderr, "%s\n", line.c_str());
-      }
-      console.control("Find 0 Byte Files").click();
-      const desktop::Window warning = program.window("Warning!");
-      const double zero = secondsOf([&] {
-        warning.closeWith("OK");
-        const desktop::Control scan = console.control("Scan");
-        desktop::waitUntil(
-            "the end of the scan", [&] { return scan.visible(); }, kLongestScan);
-      });
-      const double dir = secondsOf([] { std::system(dirCommand().c_str()); });
-      const double bare = secondsOf([] { enumerateOnce(L"C:\\tree"); });
-      std::printf("%.3f %.3f %.3f %.3f\n", junk, zero, dir, bare);
-      std::fflush(stdout);
-    }
+    const bool aborts = count > 2 && arguments[2] == std::string("abort");
+    (aborts ? timeAborts : timeScans)(program, console, runs);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
     return EXIT_FAILURE;

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
+#include <ctime>
 #include <string>
 
 #include "platform/Calendar.h"
@@ -20,45 +19,42 @@ class MemoryCalendar final : public Calendar {
   bool fileTimeToSystemTime(const FileTime& time, SystemTime& fields) override {
     constexpr std::uint32_t kHighestBit = 0x80000000;
     if (faults_.nextFault("fileTimeToSystemTime") || (time.high & kHighestBit) != 0) return false;
-    const std::chrono::milliseconds elapsed(((std::uint64_t{time.high} << 32) | time.low) / 10000);
-    const Day day = Day(std::chrono::year{1601} / 1 / 1) + std::chrono::floor<std::chrono::days>(elapsed);
-    const std::chrono::year_month_day date{day};
-    const std::chrono::hh_mm_ss ofDay(elapsed % std::chrono::days(1));
+    const auto steps = static_cast<std::int64_t>((std::uint64_t{time.high} << 32) | time.low);
+    const std::tm all = fieldsOf(steps / kStepsPerSecond + kDaysFrom1970To1601 * kDay);
     const auto field = [](auto value) { return static_cast<std::uint16_t>(value); };
-    fields.year = field(static_cast<int>(date.year()));
-    fields.month = field(static_cast<unsigned>(date.month()));
-    fields.dayOfWeek = field(std::chrono::weekday{day}.c_encoding());
-    fields.day = field(static_cast<unsigned>(date.day()));
-    fields.hour = field(ofDay.hours().count());
-    fields.minute = field(ofDay.minutes().count());
-    fields.second = field(ofDay.seconds().count());
-    fields.milliseconds = field(ofDay.subseconds().count());
+    fields = {.year = field(all.tm_year + 1900),
+              .month = field(all.tm_mon + 1),
+              .dayOfWeek = field(all.tm_wday),
+              .day = field(all.tm_mday),
+              .hour = field(all.tm_hour),
+              .minute = field(all.tm_min),
+              .second = field(all.tm_sec),
+              .milliseconds = field(steps % kStepsPerSecond / 10000)};
     return true;
   }
 
   std::string textOf(Date date) override {
     const double whole = std::trunc(date);
-    const auto second = static_cast<int>(std::lround(std::abs(date - whole) * kSecondsPerDay));
-    if (whole == 0) return timeText(second);
-    const Day day = Day(std::chrono::year{1899} / 12 / 30) + std::chrono::days(static_cast<int>(whole));
-    return second == 0 ? dayText(day) : dayText(day) + ' ' + timeText(second);
+    const auto second = std::lround(std::abs(date - whole) * kDay);
+    const std::tm fields = fieldsOf((static_cast<std::int64_t>(whole) + kDaysFrom1970To1899) * kDay + second);
+    std::string format = whole == 0 ? "" : "%-m/%-d/%Y";
+    if (whole == 0 || second != 0) format += (whole == 0 ? "" : " ") + std::string("%-I:%M:%S %p");
+    std::array<char, 64> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), format.c_str(), &fields)};
   }
 
  private:
-  using Day = std::chrono::sys_days;
-  static constexpr int kSecondsPerDay = 24 * 60 * 60;
+  static constexpr std::int64_t kDay = 24 * 60 * 60;  // seconds
+  static constexpr std::int64_t kStepsPerSecond = 10000000;
+  static constexpr std::int64_t kDaysFrom1970To1601 = -134774;  // 1 January
+  static constexpr std::int64_t kDaysFrom1970To1899 = -25569;   // 30 December
 
-  static std::string dayText(Day day) {
-    const std::chrono::year_month_day date{day};
-    return std::to_string(static_cast<unsigned>(date.month())) + '/' +
-           std::to_string(static_cast<unsigned>(date.day())) + '/' + std::to_string(static_cast<int>(date.year()));
-  }
-  static std::string timeText(int second) {
-    const int hour = second / 3600;
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%d:%02d:%02d %s", (hour + 11) % 12 + 1, second / 60 % 60, second % 60,
-                  hour < 12 ? "AM" : "PM");
-    return text.data();
+  // Of a number of seconds since 1 January 1970, UTC.
+  static std::tm fieldsOf(std::int64_t seconds) {
+    const auto time = static_cast<std::time_t>(seconds);
+    std::tm fields = {};
+    gmtime_r(&time, &fields);
+    return fields;
   }
 
   MemoryFaults& faults_;

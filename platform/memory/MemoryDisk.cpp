@@ -118,26 +118,10 @@ void MemoryDisk::setCurrentFolder(const std::string& path) {
   drives_.at(currentDrive_).currentFolder = full;
 }
 
-bool MemoryDisk::replaceByFolder(const std::string& path) {
-  const Result<NodePtr> file = walk(fullPath(path).value());
-  if (!file || isOpen(**file)) return false;
-  takeOut(**file);
-  addFile(path + "\\inside.txt", "inside");
-  return true;
-}
-
-bool MemoryDisk::replaceByLink(const std::string& path, const std::string& target) {
-  const Result<NodePtr> folder = walk(fullPath(path).value());
-  if (!folder || isOpen(**folder)) return false;
-  takeOut(**folder);
-  addLink(path, target);
-  return true;
-}
-
-bool MemoryDisk::replaceByFileLink(const std::string& path) {
-  const Result<NodePtr> file = walk(fullPath(path).value());
-  if (!file || isOpen(**file)) return false;
-  addFile(path, "target")->attributes |= kReparsePoint;
+bool MemoryDisk::takeAway(const std::string& path) {
+  const Result<NodePtr> node = walk(fullPath(path).value());
+  if (!node || isOpen(**node)) return false;
+  takeOut(**node);
   return true;
 }
 
@@ -152,11 +136,6 @@ bool MemoryDisk::isOpen(const Node& node) {
 std::optional<std::string> MemoryDisk::contents(const std::string& path) const {
   const Result<NodePtr> node = walk(fullPath(path).value());
   return node && !(*node)->isFolder() ? std::optional((*node)->contents.all()) : std::nullopt;
-}
-
-std::optional<std::uint32_t> MemoryDisk::attributes(const std::string& path) const {
-  const Result<NodePtr> node = walk(fullPath(path).value());
-  return node ? std::optional((*node)->reportedAttributes()) : std::nullopt;
 }
 
 std::vector<std::string> MemoryDisk::filesBelow(const std::string& folder) const {
@@ -270,7 +249,7 @@ Result<NodePtr> MemoryDisk::create(std::string_view path) {
 }
 
 Result<Handle> MemoryDisk::open(const NodePtr& file, std::uint32_t access, std::uint32_t share) {
-  const bool refusesWriting = (file->attributes & kReadOnly) != 0 || file->deniesWriting;
+  const bool refusesWriting = (file->attributes & kReadOnly) != 0;
   if (file->isFolder() || ((access & kGenericWrite) != 0 && refusesWriting)) return failure(kPathFileAccess);
   if (file->isExclusive || (share == kShareNone && file->openings > 0)) return failure(kPermissionDenied);
   ++file->openings;
@@ -325,7 +304,7 @@ Result<void> MemoryDisk::move(const NodePtr& file, std::string_view path) {
 }
 
 Result<void> MemoryDisk::mayGo(const Node& node, bool readOnlyToo) const {
-  if (node.parent == nullptr || node.deniesWriting) return failure(kPathFileAccess);
+  if (node.parent == nullptr) return failure(kPathFileAccess);
   if (!readOnlyToo && (node.attributes & kReadOnly) != 0) return failure(kPathFileAccess);
   // The system keeps the process's current folder open.
   const bool isCurrent = node.isFolder() && upper(pathOf(node)) == upper(currentFolder());
@@ -349,12 +328,6 @@ Result<void> MemoryDisk::recycle(const NodePtr& node) {
   recycleBin_.push_back(pathOf(*node));
   takeOut(*node);
   return {};
-}
-
-std::size_t MemoryDisk::emptyRecycleBin(std::string_view root) {
-  return std::erase_if(recycleBin_, [root](const std::string& origin) {
-    return root.empty() || upper(root.front()) == upper(origin.front());
-  });
 }
 
 }  // namespace platform::memory

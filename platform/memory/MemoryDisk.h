@@ -34,7 +34,6 @@ struct Node {
   std::string name;
   std::uint32_t attributes = 0;  // never kNormal, which means none
   bool isExclusive = false;      // somebody has it open, and shares nothing
-  bool deniesWriting = false;    // and deleting
   int openings = 0;              // how many handles the file has
   Node* parent = nullptr;        // null for a root, and for what has been removed
   Contents contents = {};
@@ -60,7 +59,6 @@ class MemoryDisk {
   // --- What the user or another program does. Missing parents are made. What cannot be done (a file in a file, an
   // unknown drive, a file that is not there) throws an exception.
   void addDrive(char letter, const std::string& label = "", bool ready = true);
-  void setReady(char letter, bool ready) { drives_.at(letter).ready = ready; }
   // A folder or file that is already there gets the new attributes and contents.
   NodePtr addFolder(const std::string& path, std::uint32_t attributes = 0);
   NodePtr addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive);
@@ -71,25 +69,18 @@ class MemoryDisk {
   // From now on enumerations give this size for the file, as a folder does whose entry is older than the latest writes.
   void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
   void setAttributes(const std::string& path, std::uint32_t attributes);
-  // What another program does in the midst of things: makes a file a folder that holds a file "inside.txt", a folder a
-  // link to `target`, a file a link to a file. Returns false when something there is open, which forbids it.
-  bool replaceByFolder(const std::string& path);
-  bool replaceByLink(const std::string& path, const std::string& target);
-  bool replaceByFileLink(const std::string& path);
+  // Takes a file, or a folder with all that is in it, off the disk; false when something there is open.
+  bool takeAway(const std::string& path);
   // Makes the folder its drive's current one, and the drive the current drive.
   void setCurrentFolder(const std::string& path);
   // Another program holds the file, and shares nothing.
   void lock(const std::string& path) { existing(path)->isExclusive = true; }
   void unlock(const std::string& path) { existing(path)->isExclusive = false; }
-  // From now on opening the file for writing, and deleting it, are refused.
-  void denyWriting(const std::string& path) { existing(path)->deniesWriting = true; }
 
   // --- What is there, whether the drive is ready or not.
   bool exists(const std::string& path) const { return walk(fullPath(path).value()).has_value(); }
   // The bytes of a file; nothing when there is none.
   std::optional<std::string> contents(const std::string& path) const;
-  // As a query reports them; nothing when there is no such file or folder.
-  std::optional<std::uint32_t> attributes(const std::string& path) const;
   // The full paths of the files in a folder and below, sorted bytewise; links are not followed.
   std::vector<std::string> filesBelow(const std::string& folder) const;
   // The names directly in a folder, sorted bytewise.
@@ -142,9 +133,7 @@ class MemoryDisk {
   Result<void> recycle(const NodePtr& file);
   // Where the things in the Recycle Bin came from (full paths), in the order deleted.
   const std::vector<std::string>& recycleBin() const { return recycleBin_; }
-  // Empties the Recycle Bin of the drive that `root` begins with, of all drives when it is empty; gives how many things
-  // lay in it.
-  std::size_t emptyRecycleBin(std::string_view root);
+  void emptyRecycleBin() { recycleBin_.clear(); }
 
  private:
   struct DriveState {

@@ -18,7 +18,6 @@ class MemoryEnvironment final : public Environment {
   MemoryEnvironment(std::string programFolder, MemoryFaults& faults)
       : programFolder_(std::move(programFolder)), faults_(faults) {}
 
-  void setTickCount(std::uint32_t milliseconds) { tickCount_ = milliseconds; }
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
   // What the clock and the calendar show from now on.
@@ -28,6 +27,7 @@ class MemoryEnvironment final : public Environment {
     seconds_ = seconds;
   }
   void setVariable(const std::string& name, std::string value) { variables_[name] = std::move(value); }
+  void setResourceText(const std::string& name, std::string text) { resources_[name] = std::move(text); }
 
   std::uint32_t getTickCount() override { return tickCount_; }
   std::string programFolder() override { return programFolder_; }
@@ -36,6 +36,7 @@ class MemoryEnvironment final : public Environment {
     const auto found = variables_.find(name);
     return faults_.nextFault("getEnvironmentVariable") || found == variables_.end() ? std::string() : found->second;
   }
+  std::string resourceText(const std::string& name) override { return resources_[name]; }
   std::string upperCase(std::string_view text) override { return upper(text); }
   std::string dateText() override { return dateText_; }
   std::string timeText() override { return timeText_; }
@@ -51,6 +52,7 @@ class MemoryEnvironment final : public Environment {
   float seconds_ = 43200;
   UniformSequence uniform_;
   std::map<std::string, std::string, NameOrder> variables_;
+  std::map<std::string, std::string, NameOrder> resources_;
 };
 
 }  // namespace platform::memory

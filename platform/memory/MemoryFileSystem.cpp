@@ -4,11 +4,6 @@
 #include <utility>
 
 namespace platform::memory {
-namespace {
-
-constexpr int kLastFileNumber = 511;
-
-}  // namespace
 
 // --- Enumerations
 
@@ -123,7 +118,6 @@ void MemoryFileSystem::releaseFolder(Handle held) {
 
 Result<void> MemoryFileSystem::openBinary(int number, const std::string& path) {
   if (const auto fault = faults_.nextFault("openBinary", kPathFileAccess)) return failure(*fault);
-  if (number < 1 || number > kLastFileNumber) return failure(kBadFileNumber);
   if (numbered_.contains(number)) return failure(kFileAlreadyOpen);
   Result<NodePtr> file = disk_.find(path);
   if (!file && file.error().number == kFileNotFound) file = disk_.create(path);
@@ -164,7 +158,6 @@ Result<int> MemoryFileSystem::freeFile() {
   if (const auto fault = faults_.nextFault("freeFile", kTooManyFiles)) return failure(*fault);
   int number = 1;
   while (numbered_.contains(number)) ++number;
-  if (number > kLastFileNumber) return failure(kTooManyFiles);
   return number;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/FileSystem.h"
@@ -45,18 +46,12 @@ class MemoryFileSystem final : public FileSystem {
   Result<std::vector<std::string>> subfolders(const std::string& folder) override;
   Result<std::vector<std::string>> filesIn(const std::string& folder) override;
 
-  // How many folders are held.
-  std::size_t heldFolders() const { return held_.size(); }
-  // How many enumerations have not been closed.
-  std::size_t openEnumerations() const { return enumerations_.size(); }
+  // How many folders are held, and how many enumerations have not been closed.
+  std::size_t openHandles() const { return held_.size() + enumerations_.size(); }
 
  private:
-  struct Found {
-    std::string name;
-    NodePtr node;
-  };
   struct Enumeration {
-    std::vector<Found> found;
+    std::vector<std::pair<std::string, NodePtr>> found;  // by name
     std::size_t next = 0;
   };
 

@@ -28,7 +28,7 @@ namespace platform::memory {
 
 // Each getter returns the service with its methods for tests: they set it up as another program or the user would, and
 // show what the program did to it.
-class MemoryMachine final : public platform::Machine {
+class MemoryMachine : public Machine {
  public:
   // Windows XP with a drive C: without a label; the program is in C:\Program Files\Scrubhaven, which is the current
   // folder.
@@ -56,12 +56,11 @@ class MemoryMachine final : public platform::Machine {
 
   // The handles, enumerations and file numbers that the program has not closed.
   std::size_t openHandles() const {
-    return disk_.openFiles() + files_.openEnumerations() + files_.heldFolders() + urlCache_.openEnumerations() +
-           urlHistory_.liveObjects();
+    return disk_.openFiles() + files_.openHandles() + urlCache_.openEnumerations() + urlHistory_.liveObjects();
   }
 
   // Short forms of what most tests use.
-  void addFolder(const std::string& path, std::uint32_t attributes = 0) { disk_.addFolder(path, attributes); }
+  void addFolder(const std::string& path) { disk_.addFolder(path); }
   void addFile(const std::string& path, const std::string& contents = "", std::uint32_t attributes = kArchive) {
     disk_.addFile(path, contents, attributes);
   }
@@ -71,9 +70,6 @@ class MemoryMachine final : public platform::Machine {
   bool exists(const std::string& path) const { return disk_.exists(path); }
   std::optional<std::string> contents(const std::string& path) const { return disk_.contents(path); }
   std::vector<std::string> filesBelow(const std::string& folder) const { return disk_.filesBelow(folder); }
-  void failAt(const std::string& operation, int n = 1, std::optional<std::int32_t> number = std::nullopt) {
-    faults_.failAt(operation, n, number);
-  }
   void answer(Answer answer) { ui_.answer(answer); }
   const std::vector<ShownBox>& boxes() const { return ui_.boxes(); }
   void whenServing(std::function<void()> action) { ui_.whenServing(std::move(action)); }

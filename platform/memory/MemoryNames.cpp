@@ -33,10 +33,7 @@ std::string upper(std::string_view text) {
 }
 
 bool NameOrder::operator()(std::string_view a, std::string_view b) const {
-  for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
-    if (a[i] != b[i] && rank(a[i]) != rank(b[i])) return rank(a[i]) < rank(b[i]);
-  }
-  return a.size() < b.size();
+  return std::ranges::lexicographical_compare(a, b, {}, rank, rank);
 }
 
 bool matchesPattern(std::string_view pattern, std::string_view name) {

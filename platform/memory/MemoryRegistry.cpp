@@ -1,7 +1,6 @@
 #include "platform/memory/MemoryRegistry.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <stdexcept>
 #include <utility>
 
@@ -10,22 +9,10 @@ namespace {
 
 constexpr std::int32_t kKeyDeleted = 1018;
 
-std::string line(const char* call, const std::string& text, std::initializer_list<std::size_t> numbers) {
-  std::string result = std::string(call) + ' ' + text;
-  for (const std::size_t number : numbers) result += ' ' + std::to_string(number);
-  return result;
-}
-
 // Null for a key that is no root. The double has no dynamic data.
 const RootName* rootOf(RegistryKey key) {
   const auto* root = std::ranges::find(kRootNames, key, &RootName::key);
   return root == std::end(kRootNames) || key == kDynamicData ? nullptr : root;
-}
-
-// A path as a call passes it, behind the root that it is below.
-std::string passed(RegistryKey key, const std::string& path) {
-  const RootName* root = rootOf(key);
-  return root == nullptr ? path : std::string(root->shortName) + ' ' + path;
 }
 
 std::string hexadecimal(const std::string& bytes) {
@@ -123,7 +110,6 @@ RegistryKey MemoryRegistry::open(const std::string& path, std::uint32_t access) 
 
 std::int32_t MemoryRegistry::openKey(RegistryKey key, const std::string& path, std::uint32_t access,
                                      RegistryKey& opened) {
-  calls_.push_back(line("openKey", passed(key, path), {access}));
   if (const auto fault = faults_.nextFault("openKey", kRegistryAccessDenied)) return *fault;
   std::string parent;
   if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
@@ -135,7 +121,6 @@ std::int32_t MemoryRegistry::openKey(RegistryKey key, const std::string& path, s
 
 std::int32_t MemoryRegistry::createKey(RegistryKey key, const std::string& path, std::uint32_t access,
                                        RegistryKey& opened) {
-  calls_.push_back(line("createKey", passed(key, path), {access}));
   if (const auto fault = faults_.nextFault("createKey", kRegistryAccessDenied)) return *fault;
   std::string parent;
   if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
@@ -145,7 +130,6 @@ std::int32_t MemoryRegistry::createKey(RegistryKey key, const std::string& path,
 }
 
 std::int32_t MemoryRegistry::deleteKey(RegistryKey key, const std::string& path) {
-  calls_.push_back(line("deleteKey", passed(key, path), {}));
   if (const auto fault = faults_.nextFault("deleteKey", kRegistryAccessDenied)) return *fault;
   std::string parent;
   if (const auto code = find(key, 0, parent); code != kRegistryDone) return code;
@@ -169,7 +153,6 @@ std::int32_t MemoryRegistry::closeKey(RegistryKey key) {
 
 std::int32_t MemoryRegistry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
                                         std::span<char> buffer, std::uint32_t& size) {
-  calls_.push_back(line("queryValue", name, {buffer.size()}));
   if (const auto fault = faults_.nextFault("queryValue", kRegistryAccessDenied)) return *fault;
   std::string path;
   if (const auto code = find(key, kQueryValue, path); code != kRegistryDone) return code;
@@ -184,7 +167,6 @@ std::int32_t MemoryRegistry::queryValue(RegistryKey key, const std::string& name
 
 std::int32_t MemoryRegistry::setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                       const std::string& data) {
-  calls_.push_back(line("setValue", name, {type, data.size()}));
   if (const auto fault = faults_.nextFault("setValue", kRegistryAccessDenied)) return *fault;
   std::string path;
   if (const auto code = find(key, kSetValue, path); code != kRegistryDone) return code;
@@ -193,7 +175,6 @@ std::int32_t MemoryRegistry::setValue(RegistryKey key, const std::string& name, 
 }
 
 std::int32_t MemoryRegistry::deleteValue(RegistryKey key, const std::string& name) {
-  calls_.push_back(line("deleteValue", name, {}));
   if (const auto fault = faults_.nextFault("deleteValue", kRegistryAccessDenied)) return *fault;
   std::string path;
   if (const auto code = find(key, kSetValue, path); code != kRegistryDone) return code;

@@ -20,8 +20,6 @@ namespace platform::memory {
 struct RegistryValue {
   std::uint32_t type = kRegistryText;
   std::string data;
-
-  bool operator==(const RegistryValue&) const = default;
 };
 
 class MemoryRegistry final : public Registry {
@@ -41,10 +39,6 @@ class MemoryRegistry final : public Registry {
   // Every key below `path` and every value in it and them, in the order of their names: "Sub\", "Sub\Name=4:0a000000"
   // (the type, the bytes in hexadecimal digits).
   std::vector<std::string> contents(const std::string& path) const;
-  // Every call since the start as a line, failed calls too: its name and what was passed, sizes and access rights in
-  // decimal: "openKey HKLM SYSTEM\Select 1", "queryValue Current 32", "setValue Current 4 4" (type, size),
-  // "deleteKey Sub". Closing is not among them.
-  const std::vector<std::string>& calls() const { return calls_; }
   // How many keys have been opened and not closed.
   std::size_t openKeys() const { return open_.size(); }
 
@@ -76,7 +70,6 @@ class MemoryRegistry final : public Registry {
   Keys keys_ = {{"HKCR", {}}, {"HKCU", {}}, {"HKLM", {}}, {"HKU", {}}, {"HKCC", {}}};
   std::map<RegistryKey, OpenKey> open_;
   RegistryKey lastHandle_ = 0x100;
-  std::vector<std::string> calls_;
 };
 
 }  // namespace platform::memory

@@ -5,6 +5,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Shell.h"
@@ -13,12 +14,8 @@
 
 namespace platform::memory {
 
-// How the shell was asked to empty the Recycle Bin.
-struct BinEmptying {
-  std::string root;
-  std::uint32_t flags = 0;
-  bool operator==(const BinEmptying&) const = default;
-};
+// A page of a help file: the file and its topic.
+using HelpPage = std::pair<std::string, std::string>;
 
 class MemoryShell final : public Shell {
  public:
@@ -26,7 +23,6 @@ class MemoryShell final : public Shell {
 
   // Deletes what the list names, up to the first path that cannot go.
   std::int32_t fileOperation(const FileOperation& operation) override {
-    fileOperations_.push_back(operation);
     if (const auto fault = faults_.nextFault("fileOperation", kErrorAccessDenied)) return *fault;
     const bool toRecycleBin = (operation.flags & kAllowUndo) != 0;
     std::istringstream list(operation.sourceList);
@@ -52,26 +48,33 @@ class MemoryShell final : public Shell {
     const auto fault = faults_.nextFault("launchHidden", kFileNotFound);
     return fault ? failure(*fault) : Result<void>{};
   }
-  // Asks nothing and shows nothing, whatever the flags are. An empty bin is a failure, as it is on most systems.
-  std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override {
-    binEmptyings_.push_back({root, flags});
-    if (const auto fault = faults_.nextFault("emptyRecycleBin", kUnexpected)) return *fault;
-    return disk_.emptyRecycleBin(root) > 0 ? 0 : kUnexpected;
+  // Does not look for the topic in the file.
+  bool showHelp(const std::string& file, const std::string& topic) override {
+    if (faults_.nextFault("showHelp") || disk_.matches(file).empty()) return false;
+    helpPage_.emplace(file, topic);
+    return true;
   }
-  void addToRecentDocs(std::uint32_t flags, const std::optional<std::string>& path) override {
-    if (faults_.nextFault("addToRecentDocs") || flags != kRecentByPath) return;
-    if (!path) return recentDocuments_.clear();
-    std::erase(recentDocuments_, *path);
-    recentDocuments_.push_back(*path);
+  void closeHelp() override { helpPage_.reset(); }
+  // Asks nothing and shows nothing, whatever the flags are, and empties the bins of all drives. An empty bin is a
+  // failure, as it is on most systems.
+  std::int32_t emptyRecycleBin(const std::string& root, std::uint32_t flags) override {
+    binEmptyings_.emplace_back(root, flags);
+    if (const auto fault = faults_.nextFault("emptyRecycleBin", kUnexpected)) return *fault;
+    if (disk_.recycleBin().empty()) return kUnexpected;
+    disk_.emptyRecycleBin();
+    return 0;
+  }
+  void addToRecentDocs(std::uint32_t, const std::optional<std::string>&) override {
+    faults_.nextFault("addToRecentDocs");
   }
 
   // What has been asked for since the start, failed calls too.
   const std::vector<ShellCommand>& commands() const { return commands_; }
-  const std::vector<FileOperation>& fileOperations() const { return fileOperations_; }
   const std::vector<std::string>& launches() const { return launches_; }
-  const std::vector<BinEmptying>& binEmptyings() const { return binEmptyings_; }
-  // The documents used, the latest last.
-  const std::vector<std::string>& recentDocuments() const { return recentDocuments_; }
+  // The root and the flags of each.
+  const std::vector<std::pair<std::string, std::uint32_t>>& binEmptyings() const { return binEmptyings_; }
+  // What the help window shows; nothing while it is closed.
+  const std::optional<HelpPage>& helpPage() const { return helpPage_; }
 
  private:
   static constexpr std::int32_t kErrorFileNotFound = 2;
@@ -83,10 +86,9 @@ class MemoryShell final : public Shell {
   MemoryDisk& disk_;
   MemoryFaults& faults_;
   std::vector<ShellCommand> commands_;
-  std::vector<FileOperation> fileOperations_;
   std::vector<std::string> launches_;
-  std::vector<BinEmptying> binEmptyings_;
-  std::vector<std::string> recentDocuments_;
+  std::vector<std::pair<std::string, std::uint32_t>> binEmptyings_;
+  std::optional<HelpPage> helpPage_;
 };
 
 }  // namespace platform::memory

@@ -43,16 +43,17 @@ class MemoryUi final : public Ui {
   // Queues the full path of the file that the user chooses in a next open-file dialog, in a folder that is there.
   // Without one the user cancels.
   void chooseFile(const std::string& path) { chosenFiles_.push_back(path); }
-  // What the dialogs showed, in the order opened.
-  const std::vector<OpenFileRequest>& fileDialogs() const { return fileDialogs_; }
 
   // Queues an action of the user; each call of serveEvents carries out one of them.
   void whenServing(std::function<void()> action) { queued_.push_back(std::move(action)); }
-  // Runs the action at every call of serveEvents, except those that the action itself leads to.
-  void everyServing(std::function<void()> action) { always_.push_back(std::move(action)); }
+  // Runs the action at every call of serveEvents and serveSystem, except those that the action itself leads to.
+  void everyServing(std::function<void()> action) { always_ = std::move(action); }
   // Queues what the user does in a next modal window, and which must close it (std::logic_error if not). Without a
   // script the user closes the window at once.
   void whenModal(std::function<void(controls::Form&)> action) { modal_.push_back(std::move(action)); }
+
+  // The files played, in their order.
+  const std::vector<std::string>& sounds() const { return sounds_; }
 
   Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) override {
     const auto [first, last] = buttonsOf(style);
@@ -69,8 +70,7 @@ class MemoryUi final : public Ui {
     boxes_[index].answer = answer;
     return answer;
   }
-  Result<std::string> openFileDialog(const OpenFileRequest& request) override {
-    fileDialogs_.push_back(request);
+  Result<std::string> openFileDialog(const OpenFileRequest&) override {
     if (const auto fault = faults_.nextFault("openFileDialog", kDialogCancelled)) return failure(*fault);
     if (chosenFiles_.empty()) return failure(kDialogCancelled);
     std::string path = takeFirst(chosenFiles_);
@@ -86,6 +86,7 @@ class MemoryUi final : public Ui {
     faults_.nextFault("serveSystem");
     runAlways();
   }
+  void playSound(const std::string& path) override { sounds_.push_back(path); }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form*) override {
@@ -101,14 +102,13 @@ class MemoryUi final : public Ui {
 
  private:
   void runAlways() {
-    if (inAlways_) return;
+    if (inAlways_ || !always_) return;
     // An exception from an action ends the loop too.
     const struct Reset {
       bool& flag;
       ~Reset() { flag = false; }
     } reset{inAlways_ = true};
-    // By index: an action may add another, which ends the life of iterators.
-    for (std::size_t i = 0; i < always_.size(); ++i) always_[i]();  // NOLINT(modernize-loop-convert)
+    always_();
   }
 
   // The first and the last button of a box.
@@ -130,11 +130,11 @@ class MemoryUi final : public Ui {
   std::function<void(const ShownBox&)> onBox_;
   std::vector<ShownBox> boxes_;
   std::deque<std::string> chosenFiles_;
-  std::vector<OpenFileRequest> fileDialogs_;
   std::deque<std::function<void()>> queued_;
-  std::deque<std::function<void()>> always_;  // an action may add another: its own place must not move
+  std::function<void()> always_;
   bool inAlways_ = false;
   std::deque<std::function<void(controls::Form&)>> modal_;
+  std::vector<std::string> sounds_;
   Pointer pointer_ = Pointer::kDefault;
 };
 

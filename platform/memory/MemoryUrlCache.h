@@ -26,7 +26,7 @@ struct CachedPage {
   FileTime accessed = {};
 };
 
-class MemoryUrlCache final : public UrlCache {
+class MemoryUrlCache : public UrlCache {
  public:
   explicit MemoryUrlCache(MemoryFaults& faults) : faults_(faults) {}
 
@@ -89,9 +89,7 @@ class MemoryUrlCache final : public UrlCache {
     std::free(block);
   }
 
- private:
-  using Place = std::uint64_t;  // grows from entry to entry
-
+ protected:
   // Puts a text with its NUL behind the ones before it; null for one that the entry lacks.
   static const char* append(const std::string& text, char*& end) {
     if (text.empty()) return nullptr;
@@ -100,6 +98,9 @@ class MemoryUrlCache final : public UrlCache {
     end += text.size() + 1;
     return start;
   }
+
+ private:
+  using Place = std::uint64_t;  // grows from entry to entry
 
   // Stores the first entry from `place` on, and moves `place` behind it.
   bool store(Place& place, UrlCacheEntry* buffer, std::uint32_t& size) const {

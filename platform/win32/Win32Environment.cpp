@@ -39,6 +39,13 @@ std::string Win32Environment::getEnvironmentVariable(const std::string& name) {
   return reachablePath(value);
 }
 
+std::string Win32Environment::resourceText(const std::string& name) {
+  const HRSRC found = FindResourceA(nullptr, name.c_str(), RT_RCDATA);
+  if (found == nullptr) return {};
+  const auto* const text = static_cast<const char*>(LockResource(LoadResource(nullptr, found)));
+  return {text, SizeofResource(nullptr, found)};
+}
+
 std::string Win32Environment::upperCase(std::string_view text) { return upperCaseOf(text); }
 
 std::string Win32Environment::dateText() {

@@ -12,6 +12,7 @@ class Win32Environment final : public Environment {
   std::string programFolder() override;
   std::string windowsFolder() override;
   std::string getEnvironmentVariable(const std::string& name) override;
+  std::string resourceText(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
   std::string dateText() override;
   std::string timeText() override;

@@ -16,6 +16,24 @@ namespace {
 // The shell expects the record without padding.
 static_assert(sizeof(void*) != 4 || sizeof(SHFILEOPSTRUCTA) == 30);
 
+// Commands of HtmlHelpA.
+constexpr UINT kDisplayTopic = 0;
+constexpr UINT kCloseAll = 18;
+using HtmlHelpFunction = HWND WINAPI(HWND caller, const char* file, UINT command, DWORD_PTR data);
+
+// With a closing backslash.
+std::string systemFolder() {
+  std::array<char, MAX_PATH + 1> folder{};
+  GetSystemDirectoryA(folder.data(), MAX_PATH);
+  return std::string(folder.data()) + '\\';
+}
+
+// Null where Windows lacks it. By its full path: a name alone is searched for in the current folder too.
+HtmlHelpFunction* htmlHelp() {
+  static const auto function = boundAtRunTime<HtmlHelpFunction*>((systemFolder() + "hhctrl.ocx").c_str(), "HtmlHelpA");
+  return function;
+}
+
 const char* orNull(const std::optional<std::string>& text) { return text ? text->c_str() : nullptr; }
 
 }  // namespace
@@ -42,10 +60,8 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   start.dwFlags = STARTF_USESHOWWINDOW;
   start.wShowWindow = SW_HIDE;
   PROCESS_INFORMATION process = {};
-  std::array<char, MAX_PATH + 1> system{};
-  GetSystemDirectoryA(system.data(), MAX_PATH);
   // Without a path, CreateProcessA would also search the current folder.
-  const std::string program = std::string(system.data()) + '\\' + commandLine.substr(0, commandLine.find(' ')) + ".exe";
+  const std::string program = systemFolder() + commandLine.substr(0, commandLine.find(' ')) + ".exe";
   // CreateProcessA may write to the command line.
   std::string writable = commandLine;
   if (CreateProcessA(program.c_str(), writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
@@ -55,6 +71,19 @@ Result<void> Win32Shell::launchHidden(const std::string& commandLine) {
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
   return {};
+}
+
+bool Win32Shell::showHelp(const std::string& file, const std::string& topic) {
+  // Windows 95 and NT 4 have it only with Internet Explorer 4.
+  if (htmlHelp() == nullptr || GetFileAttributesA(file.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
+  const std::string page = file + "::/" + topic;
+  helpShown_ = htmlHelp()(nullptr, page.c_str(), kDisplayTopic, 0) != nullptr;
+  return helpShown_;
+}
+
+void Win32Shell::closeHelp() {
+  if (helpShown_) htmlHelp()(nullptr, nullptr, kCloseAll, 0);
+  helpShown_ = false;
 }
 
 std::int32_t Win32Shell::emptyRecycleBin(const std::string& root, std::uint32_t flags) {

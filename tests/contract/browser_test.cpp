@@ -1,8 +1,5 @@
 // The Internet cache and the history of visited pages, and the calendar that dates their entries.
-#include <algorithm>
-#include <cstring>
-#include <tuple>
-
+#include "cleaners/Cache.h"
 #include "cleaners/modHistory.h"
 #include "tests/contract/ContractTest.h"
 
@@ -12,59 +9,32 @@ namespace {
 // 5 March 2004, 14:10:02 UTC. Some caches keep times to two seconds only.
 constexpr FileTime kAfternoon{.low = 0x8CF19900, .high = 0x01C402BB};
 
-class BrowserContract : public ContractTest {
- protected:
-  UrlCache& cache() { return machine().urlCache(); }
-
-  // Asks for the first or the next entry with a block of `size` bytes, none for 0; `size` is what the call then says.
-  bool ask(std::uint32_t& size) {
-    block.assign(std::max<std::size_t>(size, sizeof(UrlCacheEntry)), '\0');
-    entry().structSize = size;
-    UrlCacheEntry* const buffer = size == 0 ? nullptr : &entry();
-    if (walk != kNoUrlCache) return cache().findNextUrlCacheEntry(walk, buffer, size);
-    walk = cache().findFirstUrlCacheEntry(buffer, size);
-    return walk != kNoUrlCache;
-  }
-
-  // Reads the first or the next entry after asking for its size; false at the end.
-  bool read() {
-    std::uint32_t size = 0;
-    EXPECT_FALSE(ask(size));
-    return size != 0 && ask(size);
-  }
-
-  UrlCacheEntry& entry() { return *reinterpret_cast<UrlCacheEntry*>(block.data()); }
-
-  std::vector<char> block;
-  Handle walk = kNoUrlCache;
-};
+class BrowserContract : public ContractTest {};
 
 TEST_F(BrowserContract, TheCacheGivesEveryEntryOnceAndDeletesByUrl) {
-  EXPECT_FALSE(read()) << "an empty cache";
+  UrlCache& system = machine().urlCache();
+  Cache cache;
+  EXPECT_FALSE(cache.CacheFindFirst()) << "an empty cache";
   Names put;
   for (std::size_t i = 0; i < 40; ++i) {
     // Texts of different lengths: a size from the entry before would not do.
     put.push_back("http://contract.example/" + std::string(i * 7 % 40, 'x') + std::to_string(i));
     testMachine().cachePage(put.back(), kAfternoon);
   }
+  UrlCacheEntry entry;
+  std::uint32_t size = entry.structSize = sizeof(entry);
+  EXPECT_EQ(system.findFirstUrlCacheEntry(&entry, size), kNoUrlCache);
+  EXPECT_GT(size, sizeof(entry)) << "its texts need room too";
   Names urls;
-  while (read()) {
-    urls.emplace_back(entry().sourceUrl);
-    EXPECT_NE(std::strchr(entry().localFileName, '\\'), nullptr) << entry().localFileName;
-    EXPECT_EQ(std::tuple(entry().expires.high, entry().expires.low), std::tuple(kAfternoon.high, kAfternoon.low));
-    if (urls.size() != 1) continue;
-    std::uint32_t tooSmall = sizeof(UrlCacheEntry);
-    EXPECT_FALSE(ask(tooSmall)) << "its entry is still the next one";
-    EXPECT_GT(tooSmall, sizeof(UrlCacheEntry));
+  for (bool found = cache.CacheFindFirst(); found; found = cache.CacheFindNext()) {
+    urls.push_back(cache.CacheSourceUrl());
+    EXPECT_TRUE(cache.CacheLocalFileName().contains('\\')) << cache.CacheLocalFileName();
+    EXPECT_EQ(machine().calendar().textOf(cache.CacheExpires()), "3/5/2004 2:10:02 PM");
   }
   EXPECT_THAT(urls, testing::UnorderedElementsAreArray(put));
-  EXPECT_TRUE(cache().findCloseUrlCache(walk));
-  EXPECT_FALSE(read()) << "a closed enumeration fails without harm";
-  EXPECT_FALSE(cache().findCloseUrlCache(walk));
-  for (const std::string& url : put) EXPECT_TRUE(cache().deleteUrlCacheEntry(url)) << url;
-  for (const std::string& url : {put[0], std::string()}) EXPECT_FALSE(cache().deleteUrlCacheEntry(url)) << url;
-  walk = kNoUrlCache;
-  EXPECT_FALSE(read());
+  for (const std::string& url : put) EXPECT_TRUE(system.deleteUrlCacheEntry(url)) << url;
+  for (const std::string& url : {put[0], std::string()}) EXPECT_FALSE(system.deleteUrlCacheEntry(url)) << url;
+  EXPECT_FALSE(cache.CacheFindFirst());
 }
 
 TEST_F(BrowserContract, TheCalendarWritesTheTimeOfDayUnlessItIsMidnight) {

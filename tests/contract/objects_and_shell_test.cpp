@@ -89,6 +89,11 @@ TEST_F(ShellContract, DeletesToTheRecycleBinAndEmptiesIt) {
   EXPECT_EQ(namesIn(), Names());
 }
 
+TEST_F(ShellContract, ShowsNoHelpThatIsNotThere) {
+  EXPECT_FALSE(machine().shell().showHelp(at("missing.chm"), "overview.html"));
+  machine().shell().closeHelp();
+}
+
 TEST_F(ShellContract, DeletesForGoodWhatItsListNamesAndSaysWhatStays) {
   const std::size_t before = testMachine().recycledItems();
   for (const char* name : {"a.tmp", "with blanks.txt", "last", "folder\\deep\\c.txt", "kept.txt"}) makeFile(name);

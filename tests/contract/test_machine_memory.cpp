@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "platform/memory/MemoryMachine.h"
-#include "tests/contract/TestMachine.h"
+#include "tests/contract/ContractTest.h"
 
 namespace contract {
 namespace {
@@ -19,12 +19,13 @@ class MemoryTestMachine final : public TestMachine {
 
   platform::Machine& machine() override { return machine_; }
 
-  void makeFolder(const std::string& path) override { machine_.addFolder(path); }
-  void makeFile(const std::string& path, const std::string& bytes) override { machine_.addFile(path, bytes); }
-  void makeLongFile(const std::string& path, std::uint64_t size) override { machine_.addSizedFile(path, size); }
-  void setAttributes(const std::string& path, std::uint32_t attributes) override {
-    machine_.disk().setAttributes(path, attributes);
+  void makeFolder(const std::string& path, std::uint32_t attributes) override {
+    machine_.disk().addFolder(path, attributes);
   }
+  void makeFile(const std::string& path, const std::string& bytes, std::uint32_t attributes) override {
+    machine_.addFile(path, bytes, attributes);
+  }
+  void makeLongFile(const std::string& path, std::uint64_t size) override { machine_.addSizedFile(path, size); }
 
   std::string readBack(const std::string& path) const override { return machine_.contents(path).value(); }
   std::vector<std::string> namesIn(const std::string& folder) const override { return machine_.disk().namesIn(folder); }

@@ -4,11 +4,12 @@
 #define _WIN32_WINNT 0x0600
 #include <windows.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <memory>
 
 #include "platform/win32/Win32Machine.h"
-#include "tests/contract/TestMachine.h"
-#include "tests/support/HostLink.h"
+#include "tests/contract/ContractTest.h"
 #include "tests/support/WinFiles.h"
 
 namespace contract {
@@ -31,11 +32,29 @@ void removeTree(const std::string& folder) {
   require(!std::filesystem::exists(folder), "remove " + folder);
 }
 
+// A walk processes pending messages, of which a program without windows has none.
+class NoWindows final : public platform::Ui {
+ public:
+  platform::Answer messageBox(const std::string&, const std::string&, std::uint32_t) override {
+    return platform::Answer::kNo;
+  }
+  platform::Result<std::string> openFileDialog(const platform::OpenFileRequest&) override {
+    return platform::failure(platform::kDialogCancelled);
+  }
+  void serveEvents() override {}
+  void serveSystem() override {}
+  void playSound(const std::string&) override {}
+  void setPointer(platform::Pointer) override {}
+  platform::Pointer pointer() const override { return platform::Pointer::kDefault; }
+  void runModal(controls::Form&, controls::Form*) override {}
+  [[noreturn]] void end() override { std::abort(); }
+};
+
 class Win32TestMachine final : public TestMachine {
  public:
-  Win32TestMachine() : machine_(nullptr) {
+  Win32TestMachine() : machine_(std::make_unique<NoWindows>()) {
     removeAll();
-    for (const std::string& folder : {root(), onOtherDrive()}) makeFolder(folder);
+    for (const std::string& folder : {root(), onOtherDrive()}) std::filesystem::create_directories(folder);
   }
 
   ~Win32TestMachine() override {
@@ -46,17 +65,18 @@ class Win32TestMachine final : public TestMachine {
 
   platform::Machine& machine() override { return machine_; }
 
-  void makeFolder(const std::string& path) override { std::filesystem::create_directories(path); }
-
-  void makeFile(const std::string& path, const std::string& bytes) override { support::makeFile(path, bytes); }
-
-  void makeLongFile(const std::string& path, std::uint64_t size) override {
-    makeFile(path, "");
-    std::filesystem::resize_file(path, size);
+  void makeFolder(const std::string& path, std::uint32_t attributes) override {
+    std::filesystem::create_directories(path);
+    require(attributes == 0 || SetFileAttributesA(path.c_str(), attributes), "set the attributes of " + path);
   }
 
-  void setAttributes(const std::string& path, std::uint32_t attributes) override {
-    require(SetFileAttributesA(path.c_str(), attributes) != FALSE, "set the attributes of " + path);
+  void makeFile(const std::string& path, const std::string& bytes, std::uint32_t attributes) override {
+    support::makeFile(path, bytes, attributes);
+  }
+
+  void makeLongFile(const std::string& path, std::uint64_t size) override {
+    support::makeFile(path, "");
+    std::filesystem::resize_file(path, size);
   }
 
   std::string readBack(const std::string& path) const override { return support::readFile(path); }

@@ -9,10 +9,15 @@
 #include <string>
 #include <vector>
 
-#include "tests/desktop/Machine.h"
+#include "tests/support/WinFiles.h"
 
 namespace desktop {
 
+using namespace support;  // NOLINT(google-build-using-namespace): what every test here prepares and checks with
+
+using Texts = std::vector<std::string>;
+
+inline constexpr const char* kConsole = "Velmatrix Scrubhaven Pro 1.32";
 // Milliseconds that one reaction of the program may take.
 inline constexpr DWORD kPatience = 5000;
 
@@ -96,11 +101,11 @@ class Window : public Control {
   void closeWith(const std::string& button) const;
 };
 
-// What a message box must say, and the button that answers it.
+// The title of a message box, the button that answers it, and what it must say, unless the unit tests alone check that.
 struct Answer {
   std::string title;
-  std::string message;
   std::string button = "OK";
+  std::string message = {};
 };
 
 // One running scrubhaven.exe, ended with the object.
@@ -114,7 +119,7 @@ class Program {
 
   void waitForEnd() const;
 
-  Window console() const { return window("Velmatrix Scrubhaven Pro 1.32"); }
+  Window console() const { return window(kConsole); }
   // The list of the junk scan.
   List junk() const { return console().list("ListView1"); }
   // Waits until the console's result line begins with this.
@@ -122,7 +127,9 @@ class Program {
   // Presses a button of the console and answers the message boxes that must follow.
   void use(const std::string& button, const std::vector<Answer>& answers = {}) const;
   // Waits until the console takes input: no box or other window is open above it.
-  void waitForConsole() const;
+  void waitForConsole() const {
+    waitUntil("the console to take input", [this] { return console().enabled(); });
+  }
 
   // The visible window or message box of that title, waited for.
   Window window(const std::string& title, DWORD limit = kPatience) const;

@@ -30,29 +30,19 @@ class SettingsTest : public ConsoleTest {
 };
 
 TEST_F(SettingsTest, AreShownAndSwitched) {
-  use("Clear Swap File",
-      {{"Registry Access Error", "The registry has reported that this key does not exist or is corrupted."}});
+  use("Clear Swap File", {{"Registry Access Error"}});
   waitForConsole();
   setNumber(kMemory, "ClearPageFileAtShutdown", 0);
   toggle("Clear Swap File", "Cear Pagfile", "Enable",
          {"Clear Swap File at shutdown is currently disabled.", "Clear Pagefile on shutdown is currently enabled."},
-         {{"Clear Pagefile Enabled", "Clear Pagefile has been enabled."}});
+         {{"Clear Pagefile Enabled"}});
   EXPECT_EQ(std::ranges::count(contentsOf(kMemory), "ClearPageFileAtShutdown = dword:1"), 1);
 
-  const std::string on = "System Restore is currently enabled.";
-  const std::string off = "System Restore is currently disabled.";
   Texts runOnce = contentsOf(kRunOnce);
-  setNumber(kRestore, "DisableSR", 1);
-  toggle("System Restore", "Toggle System Restore", "Enable", {off, on},
-         {{"System Restore Enabled", "System Restore has been successfully enabled."}});
-  EXPECT_EQ(contentsOf(kRestore), Texts{"DisableSR = dword:0"});
-  EXPECT_EQ(contentsOf(kDriver), Texts{"Start = dword:0"});
-  EXPECT_EQ(contentsOf(kRunOnce), runOnce);
-  toggle("System Restore", "Toggle System Restore", "Disable", {on, off},
-         {{"Delete Restore Point", "Do you want to delete all existing Restore Points?", "Yes"},
-          {"Scrubhaven Pro",
-           "System Restore has been successfully disabled.\r\n\r\nAll System Restore Points will be deleted on next "
-           "restart."}});
+  setNumber(kRestore, "DisableSR", 0);
+  toggle("System Restore", "Toggle System Restore", "Disable",
+         {"System Restore is currently enabled.", "System Restore is currently disabled."},
+         {{"Delete Restore Point", "Yes"}, {"Scrubhaven Pro"}});
   EXPECT_EQ(contentsOf(kRestore), Texts{"DisableSR = dword:1"});
   EXPECT_EQ(contentsOf(kDriver), Texts{"Start = dword:4"});
   runOnce.push_back("Delete SVI = \"C:\\Program Files\\Scrubhaven\\svi.cmd\"");

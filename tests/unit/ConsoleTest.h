@@ -17,18 +17,7 @@ class ConsoleTest : public UnitTest {
     return press(form.Scan);
   }
 
-  // The paths in a list.
-  static Paths pathsOf(const controls::ListView& list) { return rowsOf(list, false); }
-  Paths paths() const { return pathsOf(form.ListView1); }
-
-  // Clicks the tick of the rows of files with these names.
-  static void tick(controls::ListView& list, std::initializer_list<const char*> names) {
-    for (std::size_t i = 0; i < list.rowCount(); ++i) {
-      for (const char* name : names) {
-        if (list.text(i).ends_with(name)) list.clickTick(i);
-      }
-    }
-  }
+  Paths paths() const { return textsOf(form.ListView1); }
 
   // The names of the buttons and check boxes that a person can press now.
   Paths usableCommands() const {

@@ -13,6 +13,8 @@
 // Everything that a tool could destroy, by path: files with their contents, URLs of the cache, registry values.
 using Snapshot = std::map<std::string, std::string>;
 
+struct Scenario;
+
 struct World {
   platform::memory::MemoryMachine machine;
   platform::ScopedMachine use{machine};
@@ -30,11 +32,12 @@ struct World {
 
   // The list that the user sees.
   controls::ListView* front();
+  // Runs the scenario; at each box `atBox` is called before it is answered as the scenario says.
+  void play(const Scenario& scenario, std::function<void(const platform::memory::ShownBox&)> atBox);
   // Answers a box, by its first button or by its last.
   void answer(const platform::memory::ShownBox& box, bool agrees);
   // Opens the root's line of a folder list, and from there line by line the folder.
   static void open(controls::DirList& list, const std::string& folder);
-  void tick(controls::ListView& list, const Paths& texts);
 
   // Nothing is open, and the user can go on with every tool.
   void expectUsable(bool scanToo);
@@ -55,8 +58,6 @@ struct Scenario {
 inline constexpr const char* kTemps = R"(C:\Temp\|C:\Windows\Temp\|C:\Documents and Settings\Ann\Cookies\)";
 
 std::span<const Scenario> scenarios();
-
-inline Paths textsOf(const controls::ListView& list) { return rowsOf(list, false); }
 
 inline bool isAllowed(const Paths& mayGo, const std::string& path) {
   return std::ranges::any_of(mayGo, [&path](const std::string& one) {

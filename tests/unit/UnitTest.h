@@ -1,7 +1,8 @@
-// The fixture of all unit tests, and every message box of the program.
+// The fixture of all unit tests, on a machine in memory, and every message box of the program.
 #pragma once
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -12,7 +13,7 @@
 
 #include "controls/FlatButton.h"
 #include "controls/ListView.h"
-#include "tests/support/MachineTest.h"
+#include "platform/memory/MemoryMachine.h"
 
 using Paths = std::vector<std::string>;
 
@@ -102,6 +103,16 @@ inline const KnownBox kKnownBoxes[] = {
     {"The name of this file*The file has not been added.", kApp, 48},
 };
 
+// Clicks the ticks of the rows whose texts end so and that have none.
+inline void tick(controls::ListView& list, const Paths& ends) {
+  const auto isWanted = [&](std::size_t row) {
+    return std::ranges::any_of(ends, [&](const std::string& end) { return list.text(row).ends_with(end); });
+  };
+  for (std::size_t i = 0; i < list.rowCount(); ++i) {
+    if (!list.ticked(i) && isWanted(i)) list.clickTick(i);
+  }
+}
+
 // A list's rows: "text|second column|third column", or the first column alone.
 inline Paths rowsOf(const controls::ListView& list, bool wholeRows = true) {
   Paths rows;
@@ -112,6 +123,8 @@ inline Paths rowsOf(const controls::ListView& list, bool wholeRows = true) {
   return rows;
 }
 
+inline Paths textsOf(const controls::ListView& list) { return rowsOf(list, false); }
+
 inline void expectKnown(const platform::memory::ShownBox& box) {
   const auto* known = std::ranges::find_if(kKnownBoxes, [&](const auto& one) { return one.matches(box.text); });
   ASSERT_NE(known, std::end(kKnownBoxes)) << box.text;
@@ -119,11 +132,25 @@ inline void expectKnown(const platform::memory::ShownBox& box) {
   EXPECT_EQ(box.style, known->style) << box.text;
 }
 
-class UnitTest : public MachineTest {
+// A machine of its own for each test, installed while the test runs. Afterwards the test fails when the program has
+// left a handle open, and when a failure or an answer that the test ordered was never used: the test then did not
+// test what it says.
+class UnitTest : public testing::Test {
  protected:
+  platform::memory::MemoryMachine machine;
+
   void TearDown() override {
     for (const platform::memory::ShownBox& box : machine.boxes()) expectKnown(box);
-    MachineTest::TearDown();
+    EXPECT_EQ(machine.openHandles(), 0u) << "the program left something open";
+    EXPECT_FALSE(machine.faults().left()) << "an ordered failure never happened";
+    EXPECT_FALSE(machine.ui().answersLeft()) << "an answer was prepared for a box that never came";
+  }
+
+  // The texts of the boxes shown so far.
+  Paths boxTexts() const {
+    Paths texts;
+    for (const platform::memory::ShownBox& box : machine.boxes()) texts.push_back(box.text);
+    return texts;
   }
 
   // Clicks the button and answers the boxes in their order; the rest get their default answers. Returns the texts of
@@ -139,4 +166,7 @@ class UnitTest : public MachineTest {
   void addFiles(const std::string& folder, std::initializer_list<const char*> names, const std::string& bytes = "x") {
     for (const char* name : names) machine.addFile(folder + '\\' + name, bytes);
   }
+
+ private:
+  platform::ScopedMachine use_{machine};
 };

@@ -9,6 +9,8 @@ namespace {
 
 using Console = ConsoleTest;
 
+constexpr const char* kHelpFile = "C:\\Program Files\\Scrubhaven\\scrubhaven.chm";
+
 TEST_F(Console, StartsAtTheRootAndAChosenDriveShowsTheWayToItsCurrentFolder) {
   EXPECT_EQ(form.Dir1.path(), "C:\\");
   machine.disk().addDrive('D', "BACKUP");
@@ -42,9 +44,27 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
   });
   EXPECT_EQ(scan({kTypeTmp}, "C:\\J"), Paths{"    Scan Aborted"});
   const platform::ShellCommand& help = machine.shell().commands().at(1);
-  EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
+  EXPECT_EQ(help.file, kHelpFile);
   EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
   EXPECT_THROW(form.cmdExit.click(), Ended);
+}
+
+TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
+  const auto topic = [this](const char* name) {
+    form.openHelp(name);
+    return machine.shell().helpPage() ? machine.shell().helpPage()->second : "none";
+  };
+  // Without HTML Help, or the file, it is what the Help button does.
+  EXPECT_EQ(topic("cmdZero"), "none");
+  EXPECT_EQ(machine.shell().commands().at(0).file, kHelpFile);
+  machine.addFile(kHelpFile);
+  EXPECT_EQ(topic("cmdZero") + topic("Check0") + topic("Check19"),
+            "zero-byte-files.htmljunk-files.htmljunk-files.html");
+  EXPECT_EQ(topic("ListView1") + topic("ListView2"), "deleting.htmlzero-byte-files.html");
+  EXPECT_EQ(topic("frmSR") + topic("Label6") + topic(""), "system-restore.htmloverview.htmloverview.html");
+  EXPECT_EQ(machine.shell().helpPage()->first, kHelpFile);
+  EXPECT_THROW(form.cmdExit.click(), Ended);
+  EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
 }
 
 TEST_F(Console, NamesTheWindowsVersion) {
@@ -142,7 +162,7 @@ TEST_F(Pages, OnlyAbortActsDuringAScanWhichItEndsLikeItsNormalEnd) {
     machine.whenServing([&] { form.cmdAbort.click(); });
     machine.ui().onBox([&](const auto& box) { machine.environment().advance(box.title == "Scan Aborted" ? 3500 : 0); });
     EXPECT_THAT(scanFor(form, page), testing::Contains("    Scan Aborted"));
-    EXPECT_EQ(pathsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
+    EXPECT_EQ(textsOf(list), (Paths{"C:\\J\\a.tmp", "C:\\J\\b.tmp"}));
     EXPECT_EQ(form.Label6.caption(), std::string("Results: 2") + found + "4 seconds.") << "the box's time counts";
     EXPECT_EQ(state(), atEnd);
   }

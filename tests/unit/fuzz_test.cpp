@@ -1,8 +1,6 @@
 // Random input for what parses data of other programs. The numbers are the same in every run; SCRUBHAVEN_FUZZ_RUNS sets
 // how many inputs each test tries.
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <random>
 #include <span>
 
@@ -18,10 +16,7 @@ namespace {
 
 class Fuzz : public UnitTest {
  public:
-  static int runs(int usual) {
-    const char* wanted = std::getenv("SCRUBHAVEN_FUZZ_RUNS");
-    return wanted == nullptr ? usual : std::atoi(wanted);
-  }
+  static int runs(int usual) { return numberFrom("SCRUBHAVEN_FUZZ_RUNS", usual); }
 
   std::size_t below(std::size_t end) { return random_() % end; }
 
@@ -129,9 +124,9 @@ TEST_F(Fuzz, IniFilesGiveBackWhatWasWrittenWhateverElseIsInThem) {
 
 // A cache whose answers change between two calls, and whose entries hold any numbers and dates. It keeps to the memory
 // that it is given, and its texts end in it.
-class HostileCache final : public platform::UrlCache {
+class HostileCache final : public platform::memory::MemoryUrlCache {
  public:
-  explicit HostileCache(Fuzz& fuzz) : fuzz_(fuzz) {}
+  HostileCache(Fuzz& fuzz, platform::memory::MemoryFaults& faults) : MemoryUrlCache(faults), fuzz_(fuzz) {}
 
   platform::Handle findFirstUrlCacheEntry(platform::UrlCacheEntry* buffer, std::uint32_t& size) override {
     return store(buffer, size) ? 1 + fuzz_.below(3) : platform::kNoUrlCache;
@@ -140,29 +135,15 @@ class HostileCache final : public platform::UrlCache {
     return store(buffer, size);
   }
   bool findCloseUrlCache(platform::Handle) override { return fuzz_.below(2) == 0; }
-  bool deleteUrlCacheEntry(const std::string&) override { return fuzz_.below(2) == 0; }
   void* localAlloc(std::size_t bytes) override {
-    if (bytes > (1 << 20) || fuzz_.below(10) == 0) return nullptr;
-    ++blocks;
-    return std::memset(std::malloc(bytes), 0xCD, bytes);
-  }
-  void localFree(void* block) override {
-    blocks -= block == nullptr ? 0 : 1;
-    std::free(block);
+    return bytes > (1 << 20) || fuzz_.below(10) == 0 ? nullptr : MemoryUrlCache::localAlloc(bytes);
   }
 
-  int blocks = 0;
   // Of the last entry that was given.
   std::string url;
   std::string file;
 
  private:
-  static const char* put(const std::string& text, char* at) {
-    if (text.empty()) return nullptr;
-    std::memcpy(at, text.c_str(), text.size() + 1);
-    return at;
-  }
-
   bool store(platform::UrlCacheEntry* buffer, std::uint32_t& size) {
     const std::string newUrl = fuzz_.text("http:/\xE4", 30);
     const std::string newFile = fuzz_.text("C:\\a.%s", 30);
@@ -174,41 +155,25 @@ class HostileCache final : public platform::UrlCache {
     }
     for (char& byte : std::span(reinterpret_cast<char*>(buffer), sizeof(*buffer)))
       byte = static_cast<char>(fuzz_.below(256));
-    char* const texts = reinterpret_cast<char*>(buffer + 1);
-    buffer->sourceUrl = put(url = newUrl, texts);
-    buffer->localFileName = put(file = newFile, texts + newUrl.size() + 1);
+    char* end = reinterpret_cast<char*>(buffer + 1);
+    buffer->sourceUrl = append(url = newUrl, end);
+    buffer->localFileName = append(file = newFile, end);
     return true;
   }
 
   Fuzz& fuzz_;
 };
 
-// The machine in memory with another cache.
-class CacheMachine final : public platform::Machine {
- public:
-  CacheMachine(platform::Machine& rest, platform::UrlCache& cache) : rest_(rest), cache_(cache) {}
+struct CacheMachine final : platform::memory::MemoryMachine {
+  explicit CacheMachine(Fuzz& fuzz) : cache(fuzz, faults()) {}
+  HostileCache& urlCache() override { return cache; }
 
-  platform::FileSystem& files() override { return rest_.files(); }
-  platform::FileObjects& fileObjects() override { return rest_.fileObjects(); }
-  platform::Shell& shell() override { return rest_.shell(); }
-  platform::Registry& registry() override { return rest_.registry(); }
-  platform::ProfileFile& profiles() override { return rest_.profiles(); }
-  platform::ScriptShell& scriptShell() override { return rest_.scriptShell(); }
-  platform::SystemVersion& version() override { return rest_.version(); }
-  platform::Environment& environment() override { return rest_.environment(); }
-  platform::Ui& ui() override { return rest_.ui(); }
-  platform::UrlCache& urlCache() override { return cache_; }
-  platform::UrlHistory& urlHistory() override { return rest_.urlHistory(); }
-  platform::Calendar& calendar() override { return rest_.calendar(); }
-
- private:
-  platform::Machine& rest_;
-  platform::UrlCache& cache_;
+  HostileCache cache;
 };
 
 TEST_F(Fuzz, CacheEntriesOfAnyContentsAreReadOrLeftOut) {
-  HostileCache hostile(*this);
-  CacheMachine odd(machine, hostile);
+  CacheMachine odd(*this);
+  HostileCache& hostile = odd.cache;
   const platform::ScopedMachine use(odd);
   for (int run = runs(20000) / 10; run > 0; --run) {
     Cache cache;
@@ -226,7 +191,7 @@ TEST_F(Fuzz, CacheEntriesOfAnyContentsAreReadOrLeftOut) {
       ASSERT_TRUE(cache.CacheExpires() > -110000 && cache.CacheExpires() < 2958466);
     }
   }
-  EXPECT_EQ(hostile.blocks, 0);
+  EXPECT_EQ(hostile.blocks(), 0U);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Every window at every size, resolution and font: nothing overlaps, nothing is cut, and everything can be reached.
 #include <algorithm>
-#include <functional>
+#include <fstream>
 #include <set>
 
 #include "finder/frmChoose.h"
@@ -55,8 +55,7 @@ struct FontMetrics : controls::Metrics {
     for (const char letter : text) sum += font.widths[letter - ' '] - '0';
     return sum;
   }
-  // Pixels for a length at 96 dots per inch.
-  int scaled(int pixels) const { return pixels * font.dotsPerInch / 96; }
+  int pixels(int at96) const override { return at96 * font.dotsPerInch / 96; }
 
   const Font& font;
   int lettersWidth = textWidth("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
@@ -84,9 +83,9 @@ class Look {
   Look(controls::Form& form, const FontMetrics& metrics, Size screen) : form_(form), metrics_(metrics) {
     const controls::Box box = form.layout();
     const Size least = controls::leastSize(box, metrics);
-    view_ = {screen.width - metrics.scaled(kWindowFrame.width), screen.height - metrics.scaled(kWindowFrame.height)};
+    view_ = {screen.width - metrics.pixels(kWindowFrame.width), screen.height - metrics.pixels(kWindowFrame.height)};
     if (form.statusBar() != nullptr) view_.height -= controls::statusBarHeight(metrics);
-    const int bar = metrics.scaled(kScrollBar);
+    const int bar = metrics.pixels(kScrollBar);
     const controls::ScrollBars bars = controls::scrollBarsFor(least, view_, {bar, bar});
     if (bars.vertical) view_.width -= bar;
     if (bars.horizontal) view_.height -= bar;
@@ -137,7 +136,7 @@ class Look {
     if (isTool(control)) around += kPicture + kSpacing;
     if (control.kind() == Kind::kCheckBox || control.kind() == Kind::kFrame) around = kPicture;
     const bool isPath = control.name() == "lblFile";  // shortened in its middle
-    const int needed = isPath ? metrics_.scaled(200) : metrics_.textWidth(control.caption()) + metrics_.scaled(around);
+    const int needed = isPath ? metrics_.pixels(200) : metrics_.textWidth(control.caption()) + metrics_.pixels(around);
     const int lines = control.kind() == Kind::kLabel ? std::max(1, place.height / metrics_.font.height) : 1;
     check(place.width * lines >= needed, control.name(), "is too narrow");
     check(place.height >= (isList(control) ? 5 : 1) * metrics_.font.height, control.name(), "is too low");
@@ -181,6 +180,14 @@ class Look {
 
 class Layout : public ConsoleTest {
  protected:
+  // The program's own looks of buttons, with their pictures.
+  void SetUp() override {
+    std::ifstream looks(std::string(SCRUBHAVEN_RESOURCES) + "/buttons.txt");
+    machine.environment().setResourceText("BUTTONS", std::string(std::istreambuf_iterator<char>(looks), {}));
+    ConsoleTest::SetUp();
+    EXPECT_FALSE(form.cmdZero.look().Picture.empty());
+  }
+
   static void expectSoundAtEverySize(controls::Form& window, const std::string& state) {
     window.prepareToShow();
     for (const Font& font : kFonts) {
@@ -238,6 +245,7 @@ TEST_F(Layout, OfTheOtherWindowsIsSound) {
   frmSR restore;
   frmChoose choose(form.CustomExtensions);
   for (controls::Form* window : std::initializer_list<controls::Form*>{&shredder, &picker, &page, &restore, &choose}) {
+    window->load();
     expectComplete(*window, window == &restore ? &restore.ListView1 : nullptr);
     expectSoundAtEverySize(*window, window->caption());
   }

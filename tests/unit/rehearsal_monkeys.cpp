@@ -3,6 +3,8 @@
 #include <memory>
 #include <random>
 #include <set>
+#include <tuple>
+#include <utility>
 
 #include "controls/TextBox.h"
 #include "shredder/frmFolder.h"
@@ -42,8 +44,10 @@ class Monkey {
     // A list that is not seen before and after an action keeps its ticks or is emptied.
     const ListStates after = listStates();
     for (std::size_t i = 0; i < lists.size(); ++i) {
-      if (lists[i].inFront || after[i].inFront || lists[i].rows != after[i].rows || behindIsUsed_) continue;
-      EXPECT_EQ(lists[i].ticks, after[i].ticks) << "list " << i;
+      const auto& [wasInFront, rowsBefore, ticksBefore] = lists[i];
+      const auto& [isInFront, rows, ticks] = after[i];
+      if (wasInFront || isInFront || rowsBefore != rows || behindIsUsed_) continue;
+      EXPECT_EQ(ticksBefore, ticks) << "list " << i;
     }
   }
 
@@ -67,12 +71,8 @@ class Monkey {
   int deletions() const { return deletions_; }
 
  private:
-  struct ListState {
-    bool inFront = false;
-    Paths rows = {};
-    std::vector<bool> ticks = {};
-  };
-  using ListStates = std::vector<ListState>;
+  // Of the three lists: whether it is in front, its rows, their ticks.
+  using ListStates = std::vector<std::tuple<bool, Paths, std::vector<bool>>>;
 
   std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_); }
   bool oneIn(std::size_t count) { return below(count) == 0; }
@@ -95,8 +95,8 @@ class Monkey {
     ListStates states;
     frmFind& console = *world_->console;
     for (controls::ListView* list : {&console.ListView1, &console.ListView2, &console.lvCache}) {
-      states.push_back({list == world_->front(), textsOf(*list)});
-      for (std::size_t i = 0; i < list->rowCount(); ++i) states.back().ticks.push_back(list->ticked(i));
+      auto& [inFront, rows, ticks] = states.emplace_back(list == world_->front(), textsOf(*list), std::vector<bool>());
+      for (std::size_t i = 0; i < list->rowCount(); ++i) ticks.push_back(list->ticked(i));
     }
     return states;
   }

@@ -33,7 +33,7 @@ void scanJunk(World& world, const Paths& chosen) {
   World::open(console.Dir1, "C:\\P\\J");
   if (!console.Check[kTypeTmp].ticked()) console.Check[kTypeTmp].click();
   console.Scan.click();
-  world.tick(console.ListView1, chosen);
+  tick(console.ListView1, chosen);
 }
 
 using Tool = controls::FlatButton frmFind::*;
@@ -122,14 +122,14 @@ void chooseExtensions(World& world, const Paths& chosen) {
 void deleteEmpty(World& world, const Paths& chosen) {
   World::open(world.console->Dir1, "C:\\Z");
   use<&frmFind::cmdZero>(world, chosen);
-  world.tick(world.console->ListView2, chosen);
+  tick(world.console->ListView2, chosen);
   use<&frmFind::cmdZeroDelete>(world, chosen);
 }
 
 void cleanCache(World& world, const Paths& chosen) {
   use<&frmFind::Del_Cache>(world, chosen);
   if (chosen.size() == 4) use<&frmFind::cmdSelect>(world, chosen);
-  world.tick(world.console->lvCache, chosen);
+  tick(world.console->lvCache, chosen);
   use<&frmFind::cmdCleanCache>(world, chosen);
 }
 
@@ -239,17 +239,19 @@ controls::ListView* World::front() {
   return shown == lists.end() ? nullptr : *shown;
 }
 
+void World::play(const Scenario& scenario, std::function<void(const platform::memory::ShownBox&)> atBox) {
+  machine.ui().onBox([this, &scenario, atBox = std::move(atBox)](const auto& box) {
+    atBox(box);
+    answer(box, !box.text.starts_with(scenario.refused));
+  });
+  scenario.run(*this, parts(scenario.mayGo));
+}
+
 void World::answer(const platform::memory::ShownBox& box, bool agrees) {
   expectKnown(box);
   if ((box.style & platform::kBoxYesNo) != 0) return machine.answer(agrees ? Answer::kYes : Answer::kNo);
   const bool canCancel = (box.style & platform::kBoxOkCancel) != 0;
   machine.answer(agrees || !canCancel ? Answer::kOk : Answer::kCancel);
-}
-
-void World::tick(controls::ListView& list, const Paths& texts) {
-  for (std::size_t i = 0; i < list.rowCount(); ++i) {
-    if (!list.ticked(i) && std::ranges::count(texts, list.text(i)) > 0) list.clickTick(i);
-  }
 }
 
 void World::expectUsable(bool scanToo) {

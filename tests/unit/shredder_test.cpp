@@ -92,12 +92,11 @@ class Shredder : public UnitTest {
 TEST_F(Shredder, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
   machine.addFile("C:\\Docs\\a.txt", "0123456789");
   machine.addFile("C:\\Docs\\b.txt", std::string(1000, 'b'));
-  machine.failAt("remove");
+  for (const int file : {1, 2}) machine.faults().failAt("remove", file);
   shredFile("C:\\Docs\\a.txt");
   EXPECT_EQ(progress, (std::vector<std::int16_t>{4,  7,  11, 14, 18, 21, 25, 29, 32, 36, 39, 43, 46, 50,
                                                  54, 57, 61, 64, 68, 71, 75, 79, 82, 86, 89, 93, 96, 100}));
   machine.environment().setDay("22/11/2026", "00:00:01", 1.5F);
-  machine.failAt("remove");
   shredFile("C:\\Docs\\b.txt");
   EXPECT_EQ(machine.faults().calls("flushFileBuffers"), 2 * 2 * 84);
   ASSERT_EQ(machine.disk().writes().size(), 2 * kPasses);
@@ -168,7 +167,7 @@ TEST_F(Shredder, OverwritesFilesBeyondFourGibibytesToTheirEnd) {
   machine.addSizedFile("C:\\large.bin", kSize);
   machine.disk().forgetWrites();
   // So many random bytes would take minutes: that pass cannot open the file.
-  machine.failAt("openBinary", 3);
+  machine.faults().failAt("openBinary", 3);
   ShredFile("C:\\large.bin", 1, [](std::int16_t) {});
   std::vector<std::uint64_t> passes;
   for (const auto& write : machine.disk().writes()) {

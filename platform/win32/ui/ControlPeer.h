@@ -90,8 +90,8 @@ class ControlPeer : public controls::Peer {
   bool valueChanged_ = true;
 };
 
-// The text of the native window, which screen readers announce: the caption, or the control's name where it shows a
-// picture or rows instead.
+// The text of the native window, which screen readers announce: the caption with "&" before the mnemonic, or the
+// control's name where it shows a picture or rows instead.
 std::string windowText(const controls::Control& control);
 
 // `caption` for DrawText, with its first letter `mnemonic` underlined and every & shown literally.

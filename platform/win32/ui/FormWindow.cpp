@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "platform/win32/ui/PeerFactory.h"
+#include "platform/win32/ui/Scheme.h"
 
 namespace platform::win32 {
 namespace {
 
 constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
+constexpr UINT kThemeChanged = 0x031A;  // WM_THEMECHANGED, from Windows XP on
 constexpr UINT_PTR kHoverTimer = 1;
 constexpr int kScrollLine = 14;      // dialog units
 constexpr int kRevealMargin = 4;     // dialog units around a control that is scrolled into view
@@ -98,6 +100,7 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
+  followScheme(handle_);
   if (form_.statusBar() == nullptr) return;
   auto status = std::make_unique<StatusBarPeer>(host, *form_.statusBar());
   status_ = status.get();
@@ -137,9 +140,8 @@ void FormWindow::changed(controls::Change change) {
   if (change == controls::Change::kRepaint) repaintNow();
 }
 
-// Paints immediately, because the running handler may not process messages for a long time.
+// Paints what has changed immediately, because the running handler may not process messages for a long time.
 void FormWindow::repaintNow() {
-  repaint_ = changed_ = true;
   const DWORD now = GetTickCount();
   if (now - repaintedAt_ < kFlushInterval) return;
   repaintedAt_ = now;
@@ -159,9 +161,6 @@ void FormWindow::flush() {
   for (const auto& [window, peer] : peers_) peer->flush();
   keys_->endChanges();
   followFocus(false);
-  // Without erasing first, because a scan repaints often.
-  if (repaint_) RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
-  repaint_ = false;
 }
 
 bool FormWindow::handleKey(const MSG& message) {
@@ -337,6 +336,7 @@ void FormWindow::redrawAll() const {
 // The common controls cache the system colours and expect their parent to forward WM_SYSCOLORCHANGE.
 void FormWindow::forwardColourChange() const {
   for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+  followScheme(handle_);
   redrawAll();
 }
 
@@ -485,6 +485,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return receiveDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
+      SetTextColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNTEXT));
       SetBkColor(reinterpret_cast<HDC>(first), GetSysColor(COLOR_BTNFACE));
       return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
     case WM_SETCURSOR:
@@ -510,6 +511,7 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
+    case kThemeChanged:
       forwardColourChange();
       return 0;
     case WM_CLOSE:

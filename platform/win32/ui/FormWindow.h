@@ -18,8 +18,10 @@
 
 namespace platform::win32 {
 
-// The least time between two flushes while a handler runs, in milliseconds.
-inline constexpr DWORD kFlushInterval = 50;
+// The least times in milliseconds while a handler runs: between two flushes, and between two times that messages are
+// processed, which takes longer than reading a small folder.
+inline constexpr DWORD kFlushInterval = 100;
+inline constexpr DWORD kMessageInterval = 10;
 
 class FormWindow final : public controls::Peer {
  public:
@@ -113,7 +115,6 @@ class FormWindow final : public controls::Peer {
   bool arranging_ = false;
   bool rearrange_ = false;
   bool changed_ = true;
-  bool repaint_ = false;
   DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
   bool closed_ = false;
 };

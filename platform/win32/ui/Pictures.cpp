@@ -1,7 +1,9 @@
 #include "platform/win32/ui/Pictures.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace platform::win32 {
 namespace {
@@ -65,7 +67,9 @@ void drawPolygon(HDC target, const Square& square, std::span<const POINT> gridPo
   Polygon(target, pixels, static_cast<int>(gridPoints.size()));
 }
 
-}  // namespace
+constexpr std::string_view kBitmap = "bitmap:";
+
+SIZE sizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
 
 void drawMagnifier(HDC target, const RECT& place, COLORREF line) {
   const Square square(place);
@@ -91,6 +95,128 @@ void drawInvert(HDC target, const RECT& place, COLORREF line) {
   const Tools filled(target, line, 1, line);
   const POINT half[] = {{14, 2}, {14, 14}, {2, 14}};
   drawPolygon(target, square, half);
+}
+
+void drawIcon(HDC target, const RECT& place, const char* name) {
+  const SIZE size = sizeOf(place);
+  const HANDLE icon = LoadImageA(GetModuleHandleA(nullptr), name, IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR);
+  if (icon == nullptr) return;
+  DrawIconEx(target, place.left, place.top, static_cast<HICON>(icon), size.cx, size.cy, 0, nullptr, DI_NORMAL);
+  DestroyIcon(static_cast<HICON>(icon));
+}
+
+void drawBitmap(HDC target, const RECT& place, const char* name) {
+  const HANDLE bitmap = LoadImageA(GetModuleHandleA(nullptr), name, IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR);
+  if (bitmap == nullptr) return;
+  BITMAP info = {};
+  GetObjectA(bitmap, sizeof(info), &info);
+  const HDC source = CreateCompatibleDC(target);
+  const HGDIOBJ bitmapBefore = SelectObject(source, bitmap);
+  const SIZE size = sizeOf(place);
+  // Mixed colours at the edges would be like the mask without being it.
+  SetStretchBltMode(target, COLORONCOLOR);
+  StretchBlt(target, place.left, place.top, size.cx, size.cy, source, 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
+  SelectObject(source, bitmapBefore);
+  DeleteDC(source);
+  DeleteObject(bitmap);
+}
+
+void drawSolid(HDC target, const RECT& place, const std::string& name, COLORREF line) {
+  const std::string icon = iconResource(name);
+  if (!icon.empty()) return drawIcon(target, place, icon.c_str());
+  if (name.starts_with(kBitmap)) return drawBitmap(target, place, name.c_str() + kBitmap.size());
+  if (name == "drawn:magnifier") return drawMagnifier(target, place, line);
+  if (name == "drawn:invert") return drawInvert(target, place, line);
+}
+
+// A copy of a part of a device context, with access to its pixels, 0x00RRGGBB.
+class Copy {
+ public:
+  Copy(HDC from, const RECT& place) : size_(sizeOf(place)), context_(CreateCompatibleDC(from)) {
+    BITMAPINFO info = {};
+    info.bmiHeader = {.biSize = sizeof(info.bmiHeader),
+                      .biWidth = size_.cx,
+                      .biHeight = size_.cy,
+                      .biPlanes = 1,
+                      .biBitCount = 32,
+                      .biCompression = BI_RGB,
+                      .biSizeImage = 0,
+                      .biXPelsPerMeter = 0,
+                      .biYPelsPerMeter = 0,
+                      .biClrUsed = 0,
+                      .biClrImportant = 0};
+    void* pixels = nullptr;
+    bitmap_ = CreateDIBSection(from, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+    if (bitmap_ != nullptr)
+      pixels_ = {static_cast<std::uint32_t*>(pixels), static_cast<std::size_t>(size_.cx * size_.cy)};
+    bitmapBefore_ = SelectObject(context_, bitmap_);
+    BitBlt(context_, 0, 0, size_.cx, size_.cy, from, place.left, place.top, SRCCOPY);
+  }
+  ~Copy() {
+    SelectObject(context_, bitmapBefore_);
+    DeleteObject(bitmap_);
+    DeleteDC(context_);
+  }
+  Copy(const Copy&) = delete;
+  Copy& operator=(const Copy&) = delete;
+
+  HDC context() const { return context_; }
+  RECT place() const { return {0, 0, size_.cx, size_.cy}; }
+  // Empty when there was no memory.
+  std::span<std::uint32_t> pixels() const {
+    GdiFlush();
+    return pixels_;
+  }
+
+ private:
+  SIZE size_;
+  HDC context_;
+  HBITMAP bitmap_;
+  HGDIOBJ bitmapBefore_;
+  std::span<std::uint32_t> pixels_;
+};
+
+// Half the brightness of `pixel` and half of `ground`.
+std::uint32_t greyed(std::uint32_t pixel, std::uint32_t ground) {
+  const std::uint32_t grey = ((pixel >> 16 & 0xFF) * 3 + (pixel >> 8 & 0xFF) * 6 + (pixel & 0xFF)) / 10;
+  return (ground >> 1 & 0x7F7F7F) + (grey >> 1) * 0x010101;
+}
+
+}  // namespace
+
+std::string iconResource(const std::string& picture) {
+  constexpr std::string_view kIcon = "icon:";
+  return picture.starts_with(kIcon) ? "ICON_" + picture.substr(kIcon.size()) : std::string();
+}
+
+void drawPicture(HDC target, const RECT& place, const std::string& name, const PictureInk& ink) {
+  const bool isMasked = name.starts_with(kBitmap);
+  if (!isMasked && !ink.greyed) return drawSolid(target, place, name, ink.line);
+  constexpr std::uint32_t kColour = 0xFFFFFF;
+  const std::uint32_t mask = RGB(GetBValue(ink.mask), GetGValue(ink.mask), GetRValue(ink.mask));
+  const Copy ground(target, place);
+  const Copy picture(target, place);
+  drawSolid(picture.context(), picture.place(), name, ink.line);
+  const std::span<const std::uint32_t> under = ground.pixels();
+  const std::span<std::uint32_t> pixels = picture.pixels();
+  for (std::size_t i = 0; i < std::min(pixels.size(), under.size()); ++i) {
+    const bool isGround = ((pixels[i] ^ under[i]) & kColour) == 0;
+    if (isGround || (isMasked && (pixels[i] & kColour) == mask)) {
+      pixels[i] = under[i];
+    } else if (ink.greyed) {
+      pixels[i] = greyed(pixels[i], under[i]);
+    }
+  }
+  const SIZE size = sizeOf(place);
+  BitBlt(target, place.left, place.top, size.cx, size.cy, picture.context(), 0, 0, SRCCOPY);
+}
+
+void drawMark(HDC target, const RECT& place, COLORREF colour) {
+  const SIZE size = sizeOf(place);
+  const auto at = [&](int x, int y) { return POINT{place.left + size.cx * x / 7, place.top + size.cy * y / 10}; };
+  const Tools tools(target, colour, 1, colour);
+  const POINT flash[] = {at(4, 0), at(0, 5), at(3, 5), at(2, 9), at(6, 4), at(3, 4)};
+  Polygon(target, flash, static_cast<int>(std::size(flash)));
 }
 
 void drawFolder(HDC target, const RECT& place, bool open) {

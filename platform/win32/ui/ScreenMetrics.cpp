@@ -40,4 +40,28 @@ int ScreenMetrics::pixelsY(int dialogUnits) const { return MulDiv(dialogUnits, b
 
 int ScreenMetrics::textWidth(const std::string& text) const { return textExtent(screen_, text); }
 
+int ScreenMetrics::pixels(int at96) const { return MulDiv(at96, GetDeviceCaps(screen_, LOGPIXELSY), 96); }
+
+controls::Size ScreenMetrics::textSize(const std::string& text, const controls::TextFont& font) const {
+  const HFONT own = makeFont(font);
+  SelectObject(screen_, own);
+  TEXTMETRICA metrics = {};
+  GetTextMetricsA(screen_, &metrics);
+  const controls::Size size = {textWidth(text), static_cast<int>(metrics.tmHeight)};
+  SelectObject(screen_, font_);
+  DeleteObject(own);
+  return size;
+}
+
+HFONT ScreenMetrics::makeFont(const controls::TextFont& font) const {
+  LOGFONTA wanted = {};
+  GetObjectA(font_, sizeof(wanted), &wanted);
+  if (!font.name.empty()) lstrcpynA(wanted.lfFaceName, font.name.c_str(), LF_FACESIZE);
+  if (font.points != 0) wanted.lfHeight = -MulDiv(font.points, GetDeviceCaps(screen_, LOGPIXELSY), 72);
+  if (font.bold) wanted.lfWeight = FW_BOLD;
+  if (font.italic) wanted.lfItalic = TRUE;
+  if (font.underline) wanted.lfUnderline = TRUE;
+  return CreateFontIndirectA(&wanted);
+}
+
 }  // namespace platform::win32

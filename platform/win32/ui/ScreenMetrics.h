@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "controls/ButtonLook.h"
 #include "controls/Layout.h"
 
 namespace platform::win32 {
@@ -21,9 +22,13 @@ class ScreenMetrics final : public controls::Metrics {
   int pixelsX(int dialogUnits) const override;
   int pixelsY(int dialogUnits) const override;
   int textWidth(const std::string& text) const override;
+  int pixels(int at96) const override;
+  controls::Size textSize(const std::string& text, const controls::TextFont& font) const override;
 
   // Owned by this object.
   HFONT font() const { return font_; }
+  // `font` for this screen; the caller deletes it. CreateFontIndirectA.
+  HFONT makeFont(const controls::TextFont& font) const;
   // The height of a line in pixels.
   int lineHeight() const { return baseHeight_; }
 

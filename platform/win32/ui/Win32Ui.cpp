@@ -12,6 +12,7 @@
 #include "controls/Form.h"
 #include "platform/Names.h"
 #include "platform/win32/CodePage.h"
+#include "platform/win32/RunTimeBinding.h"
 #include "platform/win32/ui/CommonControls.h"
 #include "platform/win32/ui/FormWindow.h"
 
@@ -92,6 +93,8 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   return isUsableName(exact.substr(exact.rfind('\\') + 1)) ? Result<std::string>(exact) : failure(kBadFileName);
 }
 
+constexpr DWORD kServiceInterval = 50;  // milliseconds between two calls of serveSystem() that do something
+
 bool isClickOrKey(UINT message) {
   const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
   return isKey || (message > WM_MOUSEMOVE && message <= WM_MOUSELAST);
@@ -120,7 +123,7 @@ Result<std::string> Win32Ui::openFileDialog(const OpenFileRequest& request) {
 
 void Win32Ui::serveEvents() {
   const DWORD now = GetTickCount();
-  if (now == servedAt_) return;
+  if (now - servedAt_ < kMessageInterval) return;
   servedAt_ = now;
   if (now - flushedAt_ >= kFlushInterval) {
     flushedAt_ = now;
@@ -132,13 +135,20 @@ void Win32Ui::serveEvents() {
 
 void Win32Ui::serveSystem() {
   const DWORD now = GetTickCount();
-  if (now - flushedAt_ < kFlushInterval) return;
+  if (now - flushedAt_ < kServiceInterval) return;
   flushedAt_ = now;
   flush();
   MSG message;
   while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
     if (!isClickOrKey(message.message)) dispatch(message);
   }
+}
+
+void Win32Ui::playSound(const std::string& path) {
+  using Function = BOOL(WINAPI*)(const char*, HMODULE, DWORD);
+  constexpr DWORD kFileWithoutWaiting = 0x20003;  // SND_FILENAME | SND_NODEFAULT | SND_ASYNC
+  static const auto play = boundAtRunTime<Function>("winmm.dll", "PlaySoundA");
+  if (play != nullptr) play(path.c_str(), nullptr, kFileWithoutWaiting);
 }
 
 void Win32Ui::setPointer(Pointer pointer) {

@@ -1,0 +1,3 @@
+#include "console/product.h"
+
+const char* const kProductVersion = SCRUBHAVEN_VERSION;
