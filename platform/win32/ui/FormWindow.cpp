@@ -73,6 +73,7 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
       toolTips_(handle_) {
   SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   createControls();
+  followScheme(handle_);
   form_.attach(this);
 }
 
@@ -100,7 +101,6 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
-  followScheme(handle_);
   if (form_.statusBar() == nullptr) return;
   auto status = std::make_unique<StatusBarPeer>(host, *form_.statusBar());
   status_ = status.get();
