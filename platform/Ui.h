@@ -56,6 +56,10 @@ class Ui {
   // clicks and keys. Returns at once when less than 50 ms have passed since the last time.
   virtual void serveSystem() = 0;
 
+  // Puts a text on the clipboard in place of what is there. False when the clipboard cannot be opened, because another
+  // program uses it. OpenClipboard, SetClipboardData.
+  virtual bool copyText(const std::string& text) = 0;
+
   virtual void setPointer(Pointer pointer) = 0;
   virtual Pointer pointer() const = 0;
 

@@ -86,6 +86,12 @@ class MemoryUi final : public Ui {
     faults_.nextFault("serveSystem");
     runAlways();
   }
+  bool copyText(const std::string& text) override {
+    if (faults_.nextFault("copyText")) return false;
+    clipboard_ = text;
+    return true;
+  }
+  const std::string& clipboard() const { return clipboard_; }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form*) override {
@@ -135,6 +141,7 @@ class MemoryUi final : public Ui {
   std::deque<std::function<void()>> always_;  // an action may add another: its own place must not move
   bool inAlways_ = false;
   std::deque<std::function<void(controls::Form&)>> modal_;
+  std::string clipboard_;
   Pointer pointer_ = Pointer::kDefault;
 };
 

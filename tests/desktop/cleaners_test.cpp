@@ -53,7 +53,7 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
   for (const char page : {'a', 'b'}) {
     files.push_back(support::cachePage(std::string("http://desktop.example/") + page, kAfternoon));
   }
-  const List cache = console().list("lvCache");
+  const List cache = console().list("Internet cache entries");
   const Control clean = console().control("Clean", "Internet cache:");
   const auto cleanWith = [&](const std::string& button) {
     clean.click();

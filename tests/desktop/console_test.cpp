@@ -97,15 +97,15 @@ TEST_F(ConsoleTest, CanBeUsedByTheKeyboardAlone) {
     pressKey(VK_TAB);
     waitUntil("Tab to leave \"" + visited.back() + "\"", [&] { return window.focused() != now; });
   } while (window.focused() != first && visited.size() < 100);
-  std::ranges::rotate(visited, std::ranges::find(visited, "Picture1"));
+  std::ranges::rotate(visited, std::ranges::find(visited, "Velmatrix web site"));
   std::string order;
   for (const std::string& text : visited) order += text + ", ";
   EXPECT_EQ(order,
-            "Picture1, Find 0 Byte Files, Shredder, Delete Temps, IE Cache/Cookies, Clear IE History, "
+            "Velmatrix web site, Find 0 Byte Files, Shredder, Delete Temps, IE Cache/Cookies, Clear IE History, "
             "Clear Recent Docs, Empty Recycle Bin, Clear Typed URLs, Clean MRU Lists, Wipe Index Files, "
-            "Clear Prefetch, Clear Swap File, System Restore, Help, Close, , Dir1, .wbk, .bak, .gid, .tmp, "
+            "Clear Prefetch, Clear Swap File, System Restore, Help, Close, , Folders, .wbk, .bak, .gid, .tmp, "
             "~*.*, .temp, ._mp, .dir, .---, .syd, .nav, .old, .mtx, .cpy, .db$, .db, .prv, .chk, .nu3, .err, "
-            "Custom Ext., Select All, Invert, Scan, ListView1, Select All, Invert, Delete, Abort, ");
+            "Custom Ext., Select All, Invert, Scan, Junk files found, Select All, Invert, Delete, Abort, ");
 
   // Access keys reach buttons from anywhere, and Space ticks the box that has the keyboard.
   pressKey('X', VK_MENU);

@@ -76,7 +76,7 @@ TEST_F(ConsoleTest, AbortStopsALongScanAtOnce) {
     for (int file = 0; file < kFilesEach; ++file) std::ofstream(path + std::to_string(file) + ".tmp");
   }
   const Control abort = console().control("Abort Scan");
-  const List found = console().list("ListView2");
+  const List found = console().list("0 byte files found");
   console().openFolder(folderName());
   use("Find 0 Byte Files", {{"Warning!", "Use extreme caution when deleting 0 byte files - see help for details"}});
   waitUntil("the first rows", [&] { return found.rowCount() > 0; });
@@ -97,7 +97,7 @@ TEST_F(ConsoleTest, EmptyFilesAreListedAndTheTickedOnesDeleted) {
   const std::string hidden = make("c hidden.txt", 0, FILE_ATTRIBUTE_HIDDEN);
   const std::string kept = make("sub\\Desktop.ini", 0);
   const std::string full = make("full.txt");
-  const List zeros = console().list("ListView2");
+  const List zeros = console().list("0 byte files found");
   console().openFolder(folderName());
   use("Find 0 Byte Files", {{"Warning!", "Use extreme caution when deleting 0 byte files - see help for details"}});
   waitForResults("Results: 3 0 Byte files found in ");

@@ -12,7 +12,7 @@ class ShredderTest : public ConsoleTest {
   void SetUp() override { use("Shredder"); }
 
   Window shredder() { return window("Scrubhaven Pro - Shredder"); }
-  List list() { return shredder().list("ListView1"); }
+  List list() { return shredder().list("Files to shred"); }
 
   void waitForList(const Texts& paths, DWORD limit = kPatience) {
     waitUntil(
@@ -24,7 +24,7 @@ class ShredderTest : public ConsoleTest {
     shredder().control("Add Folder").click();
     const Window picker = window("Add folder contents");
     picker.openFolder(folderName());
-    waitUntil("the folder's files", [&] { return picker.lines("File1") == files; });
+    waitUntil("the folder's files", [&] { return picker.lines("Files") == files; });
     picker.closeWith(button);
   }
 
@@ -69,8 +69,8 @@ TEST_F(ShredderTest, ChosenFilesAreOverwrittenAndDeleted) {
   std::filesystem::create_hard_link(large, link);
   pickFolder({"Large.bin", "second.txt"}, "OK");
   shred("Yes");
-  const Control bar = shredder().control("lblBlue");
-  const RECT whole = shredder().control("lblGrey").place();
+  const Control bar = shredder().control("Done of this file");
+  const RECT whole = shredder().control("Progress of this file").place();
   waitUntil(
       "the bar half way",
       [&] { return bar.visible() && (bar.place().right - whole.left) * 2 > whole.right - whole.left; }, kShredding);

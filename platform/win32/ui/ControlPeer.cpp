@@ -26,7 +26,7 @@ std::string windowText(const controls::Control& control) {
       kind == Kind::kLabel && static_cast<const controls::Label&>(control).ground() != controls::Ground::kWindow;
   const bool isNamed = isBar || kind == Kind::kButton || kind == Kind::kPicture || kind == Kind::kListView ||
                        kind == Kind::kDirList || kind == Kind::kFileList;
-  return isNamed && control.caption().empty() ? control.name() : control.caption();
+  return isNamed && control.caption().empty() ? control.accessibleName() : control.caption();
 }
 
 std::string withMnemonic(const std::string& caption, char mnemonic) {

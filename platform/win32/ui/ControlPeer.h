@@ -57,6 +57,8 @@ class ControlPeer : public controls::Peer {
   virtual LRESULT onNotify(NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
 
+  // The tooltip for the place where the pointer is.
+  virtual std::string toolTip() const { return control_.toolTip(); }
   // The pointer shape over the control; null for that of the window class.
   virtual HCURSOR cursor() const { return nullptr; }
   virtual void pointerEnters() {}
@@ -89,8 +91,8 @@ class ControlPeer : public controls::Peer {
   bool valueChanged_ = true;
 };
 
-// The text of the native window, which screen readers announce: the caption, or the control's name where it shows a
-// picture or rows instead.
+// The text of the native window, which screen readers announce: the caption, or the accessible name where the control
+// shows a picture or rows instead.
 std::string windowText(const controls::Control& control);
 
 // `caption` for DrawText, with its first letter `mnemonic` underlined and every & shown literally.

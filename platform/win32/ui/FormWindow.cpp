@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/win32/ui/Accessibility.h"
+#include "platform/win32/ui/DroppedFiles.h"
 #include "platform/win32/ui/PeerFactory.h"
 
 namespace platform::win32 {
@@ -78,6 +80,7 @@ FormWindow::~FormWindow() {
   // procedure() must not use this object any more. The peers are destroyed later, as members, because the native
   // controls call the peers' window procedures until they are destroyed.
   SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
+  for (const auto& [window, peer] : peers_) removeAnnotations(window, peer->control());
   DestroyWindow(handle_);
 }
 
@@ -87,6 +90,7 @@ void FormWindow::createControls() {
   for (controls::Control* control : controls::tabOrder(layout_)) {
     std::unique_ptr<ControlPeer> peer = makePeer(host, *control);
     toolTips_.add(peer->handle());
+    annotate(peer->handle(), *control);
     order.push_back(peer.get());
     peers_.emplace(peer->handle(), std::move(peer));
   }
@@ -103,6 +107,7 @@ void FormWindow::open() {
   const controls::Rect place = initialPlace();
   SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
   flush();
+  if (form_.onDrop) DragAcceptFiles(handle_, TRUE);
   if (owner_ != nullptr) EnableWindow(owner_->handle(), FALSE);
   ShowWindow(handle_, owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
   UpdateWindow(handle_);
@@ -222,6 +227,7 @@ void FormWindow::checkHover() {
 LRESULT FormWindow::receivePointer(HWND under, LPARAM details) {
   ControlPeer* const peer = peerOf(under);
   hover(peer);
+  if (toolTips_.hasText()) toolTips_.follow(peer == nullptr ? "" : peer->toolTip());
   if (LOWORD(details) == HTCLIENT) {
     HCURSOR shape = peer == nullptr ? nullptr : peer->cursor();
     if (ui_.pointer() == Pointer::kHourglass) shape = LoadCursorA(nullptr, IDC_WAIT);
@@ -237,7 +243,7 @@ LRESULT FormWindow::receiveNotify(NMHDR& header) {
   HWND about = nullptr;
   if (toolTips_.isTextRequest(header, about)) {
     const ControlPeer* const asked = peerOf(about);
-    if (asked != nullptr) ToolTips::setText(header, asked->control().toolTip().c_str());
+    if (asked != nullptr) toolTips_.setText(header, asked->toolTip());
     return 0;
   }
   ControlPeer* const peer = peerOf(header.hwndFrom);
@@ -311,6 +317,9 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_TIMER:
       checkHover();
+      return 0;
+    case WM_DROPFILES:
+      form_.drop(droppedPaths(reinterpret_cast<HDROP>(first)));
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:

@@ -29,6 +29,7 @@ class Win32Ui final : public Ui {
   void serveEvents() override;
   void serveSystem() override;
   Result<std::string> openFileDialog(const OpenFileRequest& request) override;
+  bool copyText(const std::string& text) override;
   void setPointer(Pointer pointer) override;
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form* owner) override;
