@@ -12,6 +12,8 @@ namespace {
 
 constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
 
+constexpr const char* kLongDate = "12/30/2000 12:00:00 PM";
+
 // The date of a text in the columns of dates, as a number; a text that is none comes before all dates.
 double dayNumber(const std::string& text) {
   return platform::machine().calendar().dateFrom(text).value_or(-std::numeric_limits<double>::infinity());
@@ -76,10 +78,10 @@ frmFind::frmFind()
       ListView2(Frame2, "ListView2", ControlInit{.visible = false, .accessibleName = "0 byte files found"},
                 {{.title = "File Path and Name", .shortened = true}}),
       lvCache(Frame2, "lvCache", ControlInit{.visible = false, .accessibleName = "Internet cache entries"},
-              {{.title = "File Name", .share = 4, .shortened = true},
-               {.title = "Source URL", .share = 4, .shortened = true},
-               {.title = "Expires", .share = 3, .numberOf = dayNumber},
-               {.title = "Last Access", .share = 3, .numberOf = dayNumber}}),
+              {{.title = "File Name", .shortened = true},
+               {.title = "Source URL", .shortened = true},
+               {.title = "Expires", .sample = kLongDate, .numberOf = dayNumber},
+               {.title = "Last Access", .sample = kLongDate, .numberOf = dayNumber}}),
 
       lblJunkCommands(Frame2, "lblJunkCommands", ControlInit{.caption = "Junk files:"}),
       Select_All(Frame2, "Select_All",

@@ -26,6 +26,13 @@ void frmFind::bindRows() {
   for (ListView* list : {&ListView1, &ListView2, &lvCache}) {
     list->onMenu = [this, list] { return rowMenu(*list); };
   }
+  const std::pair<ListView*, std::vector<controls::FlatButton*>> commands[] = {
+      {&ListView1, {&Select_All, &cmdInvert, &Delete}},
+      {&ListView2, {&cmdSelectAll, &cmdZeroInvert, &cmdZeroDelete}},
+      {&lvCache, {&cmdSelect, &cmdCacheInvert, &cmdCleanCache, &cmdCacheAbort}}};
+  for (const auto& [list, buttons] : commands) {
+    for (controls::FlatButton* button : buttons) button->setAccessibleDescription(list->accessibleName());
+  }
   for (controls::FlatButton* tool : {&Del_History, &Del_Recent, &Del_Recycle, &cmdMRU, &cmdLists}) {
     tool->setAccessibleDescription("Acts at once");
   }

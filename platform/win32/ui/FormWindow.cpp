@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
+constexpr UINT kAnnotate = WM_APP;
 constexpr UINT_PTR kHoverTimer = 1;
 constexpr UINT kHoverInterval = 50;  // milliseconds between checks whether the pointer has left a control
 
@@ -80,7 +81,9 @@ FormWindow::~FormWindow() {
   // procedure() must not use this object any more. The peers are destroyed later, as members, because the native
   // controls call the peers' window procedures until they are destroyed.
   SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
-  for (const auto& [window, peer] : peers_) removeAnnotations(window, peer->control());
+  if (annotated_) {
+    for (const auto& [window, peer] : peers_) removeAnnotations(window, peer->control());
+  }
   DestroyWindow(handle_);
 }
 
@@ -90,7 +93,6 @@ void FormWindow::createControls() {
   for (controls::Control* control : controls::tabOrder(layout_)) {
     std::unique_ptr<ControlPeer> peer = makePeer(host, *control);
     toolTips_.add(peer->handle());
-    annotate(peer->handle(), *control);
     order.push_back(peer.get());
     peers_.emplace(peer->handle(), std::move(peer));
   }
@@ -101,6 +103,12 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
+}
+
+void FormWindow::annotateControls() {
+  if (annotated_) return;
+  annotated_ = true;
+  for (const auto& [window, peer] : peers_) annotate(window, peer->control());
 }
 
 void FormWindow::open() {
@@ -317,6 +325,13 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_TIMER:
       checkHover();
+      return 0;
+    case WM_GETOBJECT:
+      // A screen reader has come. Its message is one during which COM may not call out.
+      if (!annotated_) PostMessageA(handle_, kAnnotate, 0, 0);
+      return DefWindowProcA(handle_, message, first, second);
+    case kAnnotate:
+      annotateControls();
       return 0;
     case WM_DROPFILES:
       form_.drop(droppedPaths(reinterpret_cast<HDROP>(first)));

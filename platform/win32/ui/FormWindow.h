@@ -59,6 +59,7 @@ class FormWindow final : public controls::Peer {
   LRESULT receiveSizeLimits(MINMAXINFO& limits) const;
 
   void createControls();
+  void annotateControls();
   void arrange();
   controls::Size wholeSize(controls::Size inside) const;
   // The rectangle in which the window opens, in screen coordinates.
@@ -83,6 +84,7 @@ class FormWindow final : public controls::Peer {
   ControlPeer* hovered_ = nullptr;
   bool changed_ = true;
   DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
+  bool annotated_ = false;
   bool closed_ = false;
 };
 

@@ -1,7 +1,6 @@
 #include "platform/win32/ui/ListViewPeer.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/win32/CodePage.h"
 #include "platform/win32/ui/Accessibility.h"
@@ -91,7 +90,7 @@ void ListViewPeer::showValue() {
   if (!onlyGrown_) redraw();
   onlyGrown_ = true;
   showOrder();
-  if (std::exchange(selectionChanged_, false)) showSelection();
+  if (selectionChanged_) showSelection();
   applying_ = false;
 }
 
@@ -126,13 +125,24 @@ void ListViewPeer::storeRows(int count) {
 }
 
 void ListViewPeer::showSelection() {
-  if (SendMessageA(handle(), LVM_GETSELECTEDCOUNT, 0, 0) != 0) setState(handle(), -1, LVIS_SELECTED, 0);
+  // The native list takes long to select many rows one by one.
+  constexpr std::size_t kMostAtOnce = 10'000;
+  if (list_.selectedCount() > kMostAtOnce) list_.select(list_.selected());
+  selectionChanged_ = false;
+  deselectAll();
   for (const std::size_t row : list_.selectedCount() > 1 ? list_.selectedRows() : std::vector<std::size_t>()) {
     setState(handle(), static_cast<int>(list_.placeOf(row)), LVIS_SELECTED, LVIS_SELECTED);
   }
   if (!list_.selected()) return;
   constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;
   setState(handle(), static_cast<int>(list_.placeOf(*list_.selected())), kBoth, kBoth);
+}
+
+// The native list walks all its items for item -1, so a single selected one is deselected first.
+void ListViewPeer::deselectAll() {
+  const auto count = [this] { return SendMessageA(handle(), LVM_GETSELECTEDCOUNT, 0, 0); };
+  if (count() == 1) setState(handle(), lastSelected_, LVIS_SELECTED, 0);
+  if (count() != 0) setState(handle(), -1, LVIS_SELECTED, 0);
 }
 
 // Marks the column by which the rows are sorted.
@@ -287,8 +297,9 @@ std::string ListViewPeer::toolTip() const {
 // Item -1 stands for all. A click of the mouse is reported by mouseDown(), which also sees one on a row that is
 // selected already.
 void ListViewPeer::itemChanged(const NMLISTVIEW& change) {
-  if (applying_) return;
   const bool selected = (change.uNewState & LVIS_SELECTED) != 0;
+  if (selected && change.iItem >= 0) lastSelected_ = change.iItem;
+  if (applying_) return;
   if (change.iItem < 0) return list_.markAllSelected(selected);
   if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0) list_.markSelected(rowOf(change.iItem), selected);
   constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;

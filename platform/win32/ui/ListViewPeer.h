@@ -43,6 +43,7 @@ class ListViewPeer final : public ControlPeer {
   void showRowCount();
   void storeRows(int count);
   void showSelection();
+  void deselectAll();
   void showOrder();
   int widthOf(const controls::Column& column) const;
   void fillItem(LVITEMA& item);
@@ -69,6 +70,7 @@ class ListViewPeer final : public ControlPeer {
   std::optional<controls::SortOrder> shownOrder_;
   std::array<std::string, 4> drawnTexts_;  // a text must outlive two more requests
   std::size_t nextDrawn_ = 0;
+  int lastSelected_ = 0;           // the item of the native list that was selected last
   bool onlyGrown_ = true;          // only rows appended since the last flush
   bool emptied_ = false;           // the list was empty at some time since the last flush
   bool selectionChanged_ = false;  // by code since the last flush
