@@ -92,6 +92,27 @@ BENCHMARK(selectAllInTheConsole)
     ->Range(1'000, 1'000'000)
     ->Complexity(benchmark::oN);
 
+// By the first column, of which every row shares most with its neighbours.
+void sortByPath(benchmark::State& state) {
+  ListForm form;
+  form.load();
+  fill(form.list, state.range(0));
+  for (auto _ : state) form.list.clickColumn(0);
+}
+BENCHMARK(sortByPath)->Unit(benchmark::kMillisecond)->Arg(1'000'000);
+
+// Space on a million selected rows, in the console.
+void tickSelectedInTheConsole(benchmark::State& state) {
+  platform::memory::MemoryMachine machine;
+  const platform::ScopedMachine use(machine);
+  frmFind form;
+  form.load();
+  fill(form.ListView1, state.range(0));
+  form.ListView1.markAllSelected(true);
+  for (auto _ : state) form.ListView1.toggleTicks(0);
+}
+BENCHMARK(tickSelectedInTheConsole)->Unit(benchmark::kMillisecond)->Arg(1'000'000);
+
 void removeEverySecondRow(benchmark::State& state) {
   ListForm form;
   for (auto _ : state) {

@@ -1,6 +1,8 @@
 // The console's shell: its controls, start-up, help, web site, shredder, abort, close and drive change.
 #include "console/frmFind.h"
 
+#include <limits>
+
 #include "console/help_topics.h"
 #include "console/product.h"
 #include "platform/Platform.h"
@@ -13,12 +15,19 @@ namespace {
 constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
 
 std::string compiledHelp() { return platform::machine().environment().programFolder() + "\\scrubhaven.chm"; }
+constexpr const char* kLongDate = "12/30/2000 12:00:00 PM";
+
+// The date of a text in the columns of dates, as a number; a text that is none comes before all dates.
+double dayNumber(const std::string& text) {
+  return platform::machine().calendar().dateFrom(text).value_or(-std::numeric_limits<double>::infinity());
+}
 
 }  // namespace
 
 frmFind::frmFind()
     : Form("frmFind", std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
-      Picture1(*this, "Picture1", ControlInit{.toolTip = "Visit Velmatrix on the Web"}),
+      Picture1(*this, "Picture1",
+               ControlInit{.toolTip = "Visit Velmatrix on the Web", .accessibleName = "Velmatrix web site"}),
 
       lblFileTools(*this, "lblFileTools", ControlInit{.caption = "Files"}, controls::Ground::kHeading),
       cmdZero(*this, "cmdZero", ControlInit{.caption = "Find 0 Byte Files", .toolTip = "Find 0 byte (empty) Files"}),
@@ -54,9 +63,10 @@ frmFind::frmFind()
       cmdExit(*this, "cmdExit", ControlInit{.caption = "Close", .toolTip = "Close Scrubhaven Pro"}),
 
       Label4(*this, "Label4", ControlInit{.caption = "Select Drive to Scan"}),
-      Drive1(*this, "Drive1", ControlInit{.toolTip = "Choose a drive to scan (local or network)"}),
+      Drive1(*this, "Drive1",
+             ControlInit{.toolTip = "Choose a drive to scan (local or network)", .accessibleName = "Drive to scan"}),
       Label1(*this, "Label1", ControlInit{.caption = "Start In"}),
-      Dir1(*this, "Dir1", ControlInit{.toolTip = "Choose a folder to scan"}),
+      Dir1(*this, "Dir1", ControlInit{.toolTip = "Choose a folder to scan", .accessibleName = "Folders"}),
       Scan(*this, "Scan", ControlInit{.toolTip = "Scan Selected Drive and Folders"}),
       cmdAbort(*this, "cmdAbort", ControlInit{.caption = "Abort Scan", .visible = false}),
 
@@ -68,14 +78,16 @@ frmFind::frmFind()
       cmdChoose(Frame1, "cmdChoose", ControlInit{.caption = "Custom Ext.", .toolTip = "Choose Custom File Extensions"}),
 
       Frame2(*this, "Frame2", ControlInit{.caption = "Scan results"}),
-      ListView1(Frame2, "ListView1", ControlInit{.toolTip = "Scan results"},
-                {{.title = "File Path and Name", .share = 6}, {.title = "Size", .share = 1, .rightAligned = true}}),
-      ListView2(Frame2, "ListView2", ControlInit{.visible = false}, {{.title = "File Path and Name"}}),
-      lvCache(Frame2, "lvCache", ControlInit{.visible = false},
-              {{.title = "File Name", .share = 4},
-               {.title = "Source URL", .share = 4},
-               {.title = "Expires", .share = 3},
-               {.title = "Last Access", .share = 3}}),
+      ListView1(Frame2, "ListView1", ControlInit{.toolTip = "Scan results", .accessibleName = "Junk files found"},
+                {{.title = "File Path and Name", .shortened = true},
+                 {.title = "Size", .rightAligned = true, .sample = "2097152 Kb", .numberOf = finder::bytesOf}}),
+      ListView2(Frame2, "ListView2", ControlInit{.visible = false, .accessibleName = "0 byte files found"},
+                {{.title = "File Path and Name", .shortened = true}}),
+      lvCache(Frame2, "lvCache", ControlInit{.visible = false, .accessibleName = "Internet cache entries"},
+              {{.title = "File Name", .shortened = true},
+               {.title = "Source URL", .shortened = true},
+               {.title = "Expires", .sample = kLongDate, .numberOf = dayNumber},
+               {.title = "Last Access", .sample = kLongDate, .numberOf = dayNumber}}),
 
       lblJunkCommands(Frame2, "lblJunkCommands", ControlInit{.caption = "Junk:"}),
       Select_All(Frame2, "Select_All",
@@ -120,6 +132,7 @@ frmFind::frmFind()
   setStatusBar(Status);
   setFirstFocus(Dir1);
   bindShell();
+  bindRows();
   bindJunkScan();
   bindDelete();
   bindZeroBytes();
@@ -152,6 +165,8 @@ void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
     toolRuns_ = true;
     (this->*handler)();
     toolRuns_ = false;
+    // Rows that the tool has added after a click on a column's title.
+    for (controls::ListView* list : {&ListView1, &ListView2, &lvCache}) list->sortAgain();
   };
 }
 

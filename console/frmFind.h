@@ -262,6 +262,16 @@ class frmFind final : public controls::Form {
   void nameVisibleCommands();
   controls::Box commandsOf(const controls::ListView& list);
   ScanState scan_;
+  // ---- Menus and keys of the result lists --------------------------------------------------------------------------
+
+  void bindRows();
+  controls::Menu rowMenu(controls::ListView& list);
+  // Ticks or unticks every row whose file is in the folder of the row's file.
+  static void tickFolder(controls::ListView& list, std::size_t row, bool ticked);
+  // Shows the folder in the Explorer. ShellExecuteA.
+  static void openFolder(const std::string& folder);
+  // Puts the texts of the selected rows on the clipboard, each in its own line.
+  static void copySelected(const controls::ListView& list);
 
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 

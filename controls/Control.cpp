@@ -16,6 +16,7 @@ Control::Control(Parent parent, Kind kind, std::string name, ControlInit start)
       name_(std::move(name)),
       caption_(std::move(start.caption)),
       toolTip_(std::move(start.toolTip)),
+      accessibleName_(std::move(start.accessibleName)),
       visible_(start.visible),
       enabled_(start.enabled) {
   form_.adopt(*this);

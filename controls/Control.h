@@ -42,6 +42,7 @@ struct ControlInit {
   std::string toolTip = {};
   bool visible = true;
   bool enabled = true;
+  std::string accessibleName = {};
 };
 
 class Control {
@@ -50,8 +51,16 @@ class Control {
   Control& operator=(const Control&) = delete;
 
   Kind kind() const { return kind_; }
-  // The control's identifier ("cmdAbort"). It is also the window text of a control that shows only a picture.
+  // The control's identifier ("cmdAbort").
   const std::string& name() const { return name_; }
+  // What a screen reader calls the control: its own name for readers, else its caption, else its identifier.
+  const std::string& accessibleName() const {
+    return !accessibleName_.empty() ? accessibleName_ : !caption_.empty() ? caption_ : name_;
+  }
+  bool hasOwnAccessibleName() const { return !accessibleName_.empty(); }
+  // What a screen reader says of the control beside its name; empty for nothing. To be set before the form is shown.
+  const std::string& accessibleDescription() const { return accessibleDescription_; }
+  void setAccessibleDescription(std::string description) { accessibleDescription_ = std::move(description); }
   Form& form() const { return form_; }
   // The frame that contains the control; null when the form itself does.
   Frame* frame() const { return frame_; }
@@ -102,6 +111,8 @@ class Control {
   std::string name_;
   std::string caption_;
   std::string toolTip_;
+  std::string accessibleName_;
+  std::string accessibleDescription_;
   bool visible_;
   bool enabled_;
   char mnemonic_ = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,14 @@ class Form {
   // Shows the number and text of a failure that no handler has dealt with, after resetting the pointer to its default.
   // Returns when the user has closed the message box.
   static void reportUnhandled(const platform::RuntimeError& error);
+
+  // The user has dropped files and folders of these full paths on the window. A path that the machine's code page
+  // cannot hold is empty. Nothing can be dropped on a form that does not set it.
+  std::function<void(const std::vector<std::string>&)> onDrop;
+  // The drop itself; nothing happens while the form takes no input.
+  void drop(const std::vector<std::string>& paths) {
+    if (acceptsInput() && onDrop) onDrop(paths);
+  }
 
   // Attaches the peer that shows this form; null detaches it.
   void attach(Peer* peer) { peer_ = peer; }

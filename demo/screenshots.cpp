@@ -25,7 +25,7 @@ class Screenshots : Program {
     picture("console-zero-bytes");
     cachePage("http://sample.example/index.html", {});
     use("IE Cache/Cookies");
-    waitUntil("the cache page", [this] { return console().list("lvCache").rowCount() > 0; });
+    waitUntil("the cache page", [this] { return console().list("Internet cache entries").rowCount() > 0; });
     picture("console-cache");
     modal("Custom Ext.", "Custom File Extensions", "custom-extensions", "Cancel");
     setNumber("HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Memory Management", "ClearPageFileAtShutdown",

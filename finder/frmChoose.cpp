@@ -15,7 +15,10 @@ frmChoose::frmChoose(finder::CustomExtensions& extensions)
       cmdAccept(*this, "cmdAccept", ControlInit{.caption = "Accept"}),
       cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel"}),
       extensions_(extensions) {
-  for (std::size_t i = 0; i < finder::kCustomExtensions; ++i) txtChoose.add(Frame1, "txtChoose" + std::to_string(i));
+  for (std::size_t i = 0; i < finder::kCustomExtensions; ++i) {
+    txtChoose.add(Frame1, "txtChoose" + std::to_string(i),
+                  ControlInit{.accessibleName = "Extension " + std::to_string(i + 1)});
+  }
   cmdAccept.onClick = [this] { cmdAccept_Click(); };
   cmdCancel.onClick = [this] { close(); };
   cmdAccept.setMnemonic('A');

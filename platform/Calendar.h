@@ -43,6 +43,8 @@ class Calendar {
   // The date in the locale's format: the day, followed by the time of day unless that is midnight. For day 0 only the
   // time is given. VarBstrFromDate.
   virtual std::string textOf(Date date) = 0;
+  // The date of such a text. Fails with 13 for any other text. VariantChangeType.
+  virtual Result<Date> dateFrom(const std::string& text) = 0;
 };
 
 }  // namespace platform

@@ -59,6 +59,9 @@ class Ui {
   // Starts to play a sound file and returns at once. Nothing is heard when the file or the system's sounds are missing.
   // PlaySoundA.
   virtual void playSound(const std::string& path) = 0;
+  // Puts a text on the clipboard in place of what is there. False when the clipboard cannot be opened, because another
+  // program uses it. OpenClipboard, SetClipboardData.
+  virtual bool copyText(const std::string& text) = 0;
 
   virtual void setPointer(Pointer pointer) = 0;
   virtual Pointer pointer() const = 0;

@@ -8,9 +8,9 @@ using controls::place;
 frmFolder::frmFolder(frmMain& shredder)
     : Form("frmFolder", "Add folder contents"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Select a folder (folder contents will be shredded)"}),
-      Drive1(Frame1, "Drive1", ControlInit{}),
-      Dir1(Frame1, "Dir1", ControlInit{}),
-      File1(Frame1, "File1", ControlInit{}),
+      Drive1(Frame1, "Drive1", ControlInit{.accessibleName = "Drive"}),
+      Dir1(Frame1, "Dir1", ControlInit{.accessibleName = "Folders"}),
+      File1(Frame1, "File1", ControlInit{.accessibleName = "Files"}),
       okButton(*this, "okButton", ControlInit{.caption = "OK"}),
       cancelButton(*this, "cancelButton", ControlInit{.caption = "Cancel"}),
       shredder_(shredder) {

@@ -1,6 +1,9 @@
 #include "shredder/frmMain.h"
 
+#include <algorithm>
+
 #include "platform/FolderHold.h"
+#include "platform/Names.h"
 #include "platform/Platform.h"
 #include "shredder/frmFolder.h"
 #include "shredder/modMain.h"
@@ -15,13 +18,17 @@ namespace {
 
 constexpr const char* kNameNotInCodePage =
     "The name of this file holds characters that this system's code page lacks. The file has not been added.";
+constexpr const char* kNamesNotInCodePage =
+    "The names of some of these files hold characters that this system's code page lacks. Those files have not been "
+    "added.";
 
 }  // namespace
 
 frmMain::frmMain()
     : Form("frmMain", "Scrubhaven Pro - Shredder"),
       Frame1(*this, "Frame1", ControlInit{.caption = "Select Files to Shred"}),
-      ListView1(Frame1, "ListView1", ControlInit{}, {{.title = "File Name and Path"}}, false),
+      ListView1(Frame1, "ListView1", ControlInit{.accessibleName = "Files to shred"},
+                {{.title = "File Name and Path", .shortened = true}}, false),
       cmdAddFile(*this, "cmdAddFile", ControlInit{.caption = "Add File", .toolTip = "Add File to Shredder List"}),
       cmdAddFolder(
           *this, "cmdAddFolder",
@@ -31,14 +38,17 @@ frmMain::frmMain()
       cmdShred(*this, "cmdShred", ControlInit{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
       cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
       cmdClose(*this, "cmdClose", ControlInit{.caption = "Close", .toolTip = "Close Shredder"}),
-      lblBlue(*this, "lblBlue", ControlInit{.visible = false}, controls::Ground::kFilled, 0),
-      lblGrey(*this, "lblGrey", ControlInit{}, controls::Ground::kTrack) {
+      lblBlue(*this, "lblBlue", ControlInit{.visible = false, .accessibleName = "Done of this file"},
+              controls::Ground::kFilled, 0),
+      lblGrey(*this, "lblGrey", ControlInit{.accessibleName = "Progress of this file"}, controls::Ground::kTrack) {
   cmdAddFile.onClick = [this] { cmdAddFile_Click(); };
   cmdAddFolder.onClick = [this] { cmdAddFolder_Click(); };
   cmdRemoveFile.onClick = [this] { cmdRemoveFile_Click(); };
   cmdShred.onClick = [this] { cmdShred_Click(); };
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
   cmdClose.onClick = [this] { cmdClose_Click(); };
+  ListView1.onDelete = [this] { ListView1_Delete(); };
+  onDrop = [this](const std::vector<std::string>& paths) { addDropped(paths); };
   cmdAddFile.setMnemonic('A');
   cmdAddFolder.setMnemonic('F');
   cmdRemoveFile.setMnemonic('R');
@@ -81,6 +91,25 @@ void frmMain::addFile(const std::string& path) {
   if (platform::hasLinkAbove(platform::machine().files(), path)) addedThroughLinks_.insert(path);
 }
 
+// Of a folder, the files directly in it are added, as by Add Folder.
+void frmMain::addDropped(const std::vector<std::string>& paths) {
+  platform::FileSystem& files = platform::machine().files();
+  std::size_t refused = 0;
+  for (const std::string& path : paths) {
+    const bool isRoot = path.ends_with('\\');
+    if (!isRoot && !platform::isUsableName(path.substr(path.rfind('\\') + 1))) {
+      ++refused;
+    } else if (platform::isDirectory(files.getFileAttributes(path))) {
+      const std::string folder = isRoot ? path : path + '\\';
+      for (const std::string& name : files.filesIn(path).value_or(std::vector<std::string>())) addFile(folder + name);
+    } else {
+      addFile(path);
+    }
+  }
+  enableByList();
+  if (refused > 0) messageBox(refused == 1 ? kNameNotInCodePage : kNamesNotInCodePage, platform::kBoxExclamation);
+}
+
 void frmMain::cmdAddFolder_Click() {
   frmFolder picker(*this);
   picker.showModal(this);
@@ -96,7 +125,17 @@ void frmMain::cmdRemoveFile_Click() {
   enableByList();
 }
 
+// The next file is selected, so that several can be removed one after the other.
+void frmMain::ListView1_Delete() {
+  const std::optional<std::size_t> row = ListView1.selected();
+  if (!row) return;
+  const std::size_t place = ListView1.placeOf(*row);
+  cmdRemoveFile.click();
+  if (!ListView1.empty()) ListView1.select(ListView1.rowAt(std::min(place, ListView1.rowCount() - 1)));
+}
+
 void frmMain::enableByList() {
+  ListView1.sortAgain();
   cmdShred.setEnabled(!ListView1.empty());
   cmdRemoveFile.setEnabled(!ListView1.empty());
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "controls/FlatButton.h"
 #include "controls/Form.h"
@@ -55,6 +56,9 @@ class frmMain final : public controls::Form {
   void cmdShred_Click();
   void cmdCancel_Click();
   void cmdClose_Click();
+  void ListView1_Delete();
+  // Adds what the user has dropped on the window.
+  void addDropped(const std::vector<std::string>& paths);
 
   Outcome shredListedFiles();
   void shredFirstFile();

@@ -43,6 +43,29 @@ class MemoryCalendar final : public Calendar {
     return {text.data(), std::strftime(text.data(), text.size(), format.c_str(), &fields)};
   }
 
+  Result<Date> dateFrom(const std::string& text) override {
+    if (const auto fault = faults_.nextFault("dateFrom", kTypeMismatch)) return failure(*fault);
+    int month = 12;
+    int day = 30;
+    int year = 1899;
+    const bool hasDay = std::sscanf(text.c_str(), "%d/%d/%d", &month, &day, &year) == 3;
+    int hour = 12;
+    int minute = 0;
+    int second = 0;
+    char half = 'A';
+    const std::size_t time = hasDay ? text.find(' ') : 0;
+    const bool hasTime = time != std::string::npos &&
+                         std::sscanf(text.c_str() + time, "%d:%d:%d %c", &hour, &minute, &second, &half) == 4;
+    if (!hasDay && !hasTime) return failure(kTypeMismatch);
+    const auto field = [](int value) { return static_cast<std::uint16_t>(value); };
+    return dateOf({.year = field(year),
+                   .month = field(month),
+                   .day = field(day),
+                   .hour = field(hour % 12 + (half == 'P' ? 12 : 0)),
+                   .minute = field(minute),
+                   .second = field(second)});
+  }
+
  private:
   static constexpr std::int64_t kDay = 24 * 60 * 60;  // seconds
   static constexpr std::int64_t kStepsPerSecond = 10000000;

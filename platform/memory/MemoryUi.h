@@ -87,6 +87,12 @@ class MemoryUi final : public Ui {
     runAlways();
   }
   void playSound(const std::string& path) override { sounds_.push_back(path); }
+  bool copyText(const std::string& text) override {
+    if (faults_.nextFault("copyText")) return false;
+    clipboard_ = text;
+    return true;
+  }
+  const std::string& clipboard() const { return clipboard_; }
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form*) override {
@@ -135,6 +141,7 @@ class MemoryUi final : public Ui {
   bool inAlways_ = false;
   std::deque<std::function<void(controls::Form&)>> modal_;
   std::vector<std::string> sounds_;
+  std::string clipboard_;
   Pointer pointer_ = Pointer::kDefault;
 };
 

@@ -90,6 +90,11 @@ bool AutomationValue::truth() const {
   return value.value_.vt == VT_BOOL && value.value_.boolVal != VARIANT_FALSE;
 }
 
+Result<double> AutomationValue::date() const {
+  const AutomationValue value = converted(*this, VT_DATE);
+  return value.value_.vt == VT_DATE ? Result<double>(value.value_.date) : failure(kTypeMismatch);
+}
+
 IDispatch* AutomationValue::object() const { return value_.vt == VT_DISPATCH ? value_.pdispVal : nullptr; }
 
 Result<DispatchObject> DispatchObject::create(const wchar_t* programId) {

@@ -31,6 +31,8 @@ class AutomationValue {
   std::string text() const;
   std::int32_t integer() const;
   bool truth() const;
+  // The date. Fails with 13 when there is no conversion.
+  Result<double> date() const;
   // The object, which remains owned by the value; null when the value is not an object.
   IDispatch* object() const;
 

@@ -23,4 +23,6 @@ std::string Win32Calendar::textOf(Date date) {
   return value.text();
 }
 
+Result<Date> Win32Calendar::dateFrom(const std::string& text) { return AutomationValue(text).date(); }
+
 }  // namespace platform::win32

@@ -9,6 +9,7 @@ class Win32Calendar final : public Calendar {
  public:
   bool fileTimeToSystemTime(const FileTime& time, SystemTime& fields) override;
   std::string textOf(Date date) override;
+  Result<Date> dateFrom(const std::string& text) override;
 };
 
 }  // namespace platform::win32

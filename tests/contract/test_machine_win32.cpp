@@ -44,6 +44,7 @@ class NoWindows final : public platform::Ui {
   void serveEvents() override {}
   void serveSystem() override {}
   void playSound(const std::string&) override {}
+  bool copyText(const std::string&) override { return false; }
   void setPointer(platform::Pointer) override {}
   platform::Pointer pointer() const override { return platform::Pointer::kDefault; }
   void runModal(controls::Form&, controls::Form*) override {}

@@ -272,8 +272,8 @@ Texts Window::lines(const std::string& name) const {
 }
 
 void Window::clickFolder(const std::string& line, int times) const {
-  const HWND list = control("Dir1").handle();
-  const Texts all = lines("Dir1");
+  const HWND list = control("Folders").handle();
+  const Texts all = lines("Folders");
   const auto index = static_cast<WPARAM>(std::ranges::find(all, line) - all.begin());
   if (index == all.size()) throw Failed("the folder list does not show \"" + line + "\"");
   ask(list, LB_SETTOPINDEX, index);
@@ -283,9 +283,9 @@ void Window::clickFolder(const std::string& line, int times) const {
 }
 
 void Window::openFolder(const std::string& line) const {
-  const Texts before = lines("Dir1");
+  const Texts before = lines("Folders");
   clickFolder(line, 2);
-  waitUntil("the folder list of \"" + line + "\"", [&] { return lines("Dir1") != before; });
+  waitUntil("the folder list of \"" + line + "\"", [&] { return lines("Folders") != before; });
 }
 
 Texts Window::labelTexts() const {

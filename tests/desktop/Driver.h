@@ -36,7 +36,7 @@ class Control {
   bool operator==(const Control&) const = default;
 
   HWND handle() const { return window_; }
-  // Without the mark of its access key. Lists have the names of their form's members.
+  // Without the mark of its access key. Lists and pictures have the names that readers announce.
   std::string text() const;
   bool visible() const { return IsWindowVisible(window_) != FALSE; }
   bool enabled() const { return IsWindowEnabled(window_) != FALSE; }
@@ -87,7 +87,7 @@ class Window : public Control {
   // The one control of that text; with `after`, the first one behind the control with that text.
   Control control(const std::string& text, const std::string& after = "") const;
   List list(const std::string& name) const { return List(control(name)); }
-  // The lines of the list of folders ("Dir1") or of files ("File1").
+  // The lines of the list of folders ("Folders") or of files ("Files").
   Texts lines(const std::string& name) const;
   // Clicks a folder's line, which highlights it.
   void clickFolder(const std::string& line, int times = 1) const;
@@ -121,7 +121,7 @@ class Program {
 
   Window console() const { return window(kConsole); }
   // The list of the junk scan.
-  List junk() const { return console().list("ListView1"); }
+  List junk() const { return console().list("Junk files found"); }
   // Waits until the console's result line begins with this.
   void waitForResults(const std::string& beginning) const;
   // Presses a button of the console and answers the message boxes that must follow.

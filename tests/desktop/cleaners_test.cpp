@@ -48,7 +48,7 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
   for (const char page : {'a', 'b'}) {
     files.push_back(support::cachePage(std::string("http://desktop.example/") + page, kAfternoon));
   }
-  const List cache = console().list("lvCache");
+  const List cache = console().list("Internet cache entries");
   const Control clean = console().control("Clean", "Cache:");
   use("IE Cache/Cookies");
   waitForResults(" Results: Found 2 cache entries.");

@@ -97,7 +97,7 @@ TEST_F(ConsoleTest, CanBeUsedByTheKeyboardAlone) {
   std::string order;
   for (const std::string& text : visited) order += text + ", ";
   EXPECT_EQ(order,
-            "Dir1, Picture1, Scan, ListView1, Select All, Invert, Delete, Abort, "
+            "Folders, Velmatrix web site, Scan, Junk files found, Select All, Invert, Delete, Abort, "
             "Find 0 Byte Files, Shredder, Delete Temps, Empty Recycle Bin, IE Cache/Cookies, Clear IE History, "
             "Clear Recent Docs, Clear Typed URLs, Clean MRU Lists, Wipe Index Files, Clear Prefetch, Clear Swap File, "
             "System Restore, Help, Close, .wbk, .bak, .gid, .tmp, ~*.*, .temp, ._mp, .dir, .---, .syd, .nav, .old, "

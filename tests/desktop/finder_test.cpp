@@ -57,7 +57,7 @@ TEST_F(ConsoleTest, AbortStopsALongScanAtOnce) {
     for (int file = 0; file < kFilesEach; ++file) std::ofstream(path + std::to_string(file) + ".tmp");
   }
   const Control abort = console().control("Abort Scan");
-  const List found = console().list("ListView2");
+  const List found = console().list("0 byte files found");
   console().openFolder(folderName());
   use("Find 0 Byte Files", {{"Warning!"}});
   waitUntil("the first rows", [&] { return found.rowCount() > 0; });

@@ -62,7 +62,7 @@ TEST_F(NamesTest, OnlyTheTickedTwinIsDeletedOrWiped) {
   for (const char* subfolder : {"bin", "now", "wiped"}) makeAll(subfolder, 300);
   makeAll("zero", 0);
   console().openFolder(folderName());
-  const List zeros = console().list("ListView2");
+  const List zeros = console().list("0 byte files found");
   use("Find 0 Byte Files", {{"Warning!"}});
   waitForResults("Results: " + std::to_string(kChosen.size() + kKept.size()) + " 0 Byte files found in ");
   tickChosen(zeros, "zero");
@@ -99,9 +99,9 @@ TEST_F(NamesTest, OnlyTheListedTwinIsShredded) {
   const Window picker = window("Add folder contents");
   picker.openFolder(folderName());
   picker.openFolder("shred");
-  EXPECT_EQ(picker.lines("File1").size(), kChosen.size() + kKept.size());
+  EXPECT_EQ(picker.lines("Files").size(), kChosen.size() + kKept.size());
   picker.closeWith("OK");
-  const List list = shredder.list("ListView1");
+  const List list = shredder.list("Files to shred");
   int rows = list.rowCount();
   for (const std::string& name : kKept) {
     list.select(folder() + "shred\\" + name);

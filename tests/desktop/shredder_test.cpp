@@ -12,7 +12,7 @@ class ShredderTest : public ConsoleTest {
   void SetUp() override { use("Shredder"); }
 
   Window shredder() { return window("Scrubhaven Pro - Shredder"); }
-  List list() { return shredder().list("ListView1"); }
+  List list() { return shredder().list("Files to shred"); }
 
   void waitForList(const Texts& paths, DWORD limit = kPatience) {
     waitUntil(
@@ -50,11 +50,11 @@ TEST_F(ShredderTest, AFileOfTheDialogIsShreddedAndCancelEndsARun) {
   shredder().control("Add Folder").click();
   const Window picker = window("Add folder contents");
   picker.openFolder(folderName());
-  waitUntil("the folder's files", [&] { return picker.lines("File1") == Texts{"Large.bin", "second.txt"}; });
+  waitUntil("the folder's files", [&] { return picker.lines("Files") == Texts{"Large.bin", "second.txt"}; });
   picker.closeWith("OK");
   shred();
-  const Control bar = shredder().control("lblBlue");
-  const RECT whole = shredder().control("lblGrey").place();
+  const Control bar = shredder().control("Done of this file");
+  const RECT whole = shredder().control("Progress of this file").place();
   waitUntil(
       "the bar half way",
       [&] { return bar.visible() && (bar.place().right - whole.left) * 2 > whole.right - whole.left; }, kShredding);

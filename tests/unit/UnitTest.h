@@ -101,6 +101,8 @@ inline const KnownBox kKnownBoxes[] = {
     {kAskShred, kApp, 20},
     {"The selected files have been shredded.", kApp, 64},
     {"The name of this file*The file has not been added.", kApp, 48},
+    {"The names of some of these files*Those files have not been added.", kApp, 48},
+    {"The clipboard is in use by another program.", kApp, 48},
 };
 
 // Clicks the ticks of the rows whose texts end so and that have none.

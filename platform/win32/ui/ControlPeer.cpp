@@ -28,7 +28,7 @@ std::string windowText(const controls::Control& control) {
       kind == Kind::kLabel && static_cast<const controls::Label&>(control).ground() != controls::Ground::kWindow;
   const bool isNamed = isBar || kind == Kind::kButton || kind == Kind::kPicture || kind == Kind::kListView ||
                        kind == Kind::kDirList || kind == Kind::kFileList;
-  if (isNamed && control.caption().empty()) return control.name();
+  if (isNamed && control.caption().empty()) return control.accessibleName();
   return control.mnemonic() == 0 ? control.caption() : withMnemonic(control.caption(), control.mnemonic());
 }
 

@@ -58,6 +58,8 @@ class ControlPeer : public controls::Peer {
   virtual LRESULT onNotify(NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
 
+  // The tooltip for the place where the pointer is.
+  virtual std::string toolTip() const { return control_.toolTip(); }
   // The pointer shape over the control; null for that of the window class.
   virtual HCURSOR cursor() const { return nullptr; }
   virtual void pointerEnters() {}
@@ -91,7 +93,7 @@ class ControlPeer : public controls::Peer {
 };
 
 // The text of the native window, which screen readers announce: the caption with "&" before the mnemonic, or the
-// control's name where it shows a picture or rows instead.
+// accessible name where the control shows a picture or rows instead.
 std::string windowText(const controls::Control& control);
 
 // `caption` for DrawText, with its first letter `mnemonic` underlined and every & shown literally.

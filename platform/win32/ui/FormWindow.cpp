@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/win32/ui/Accessibility.h"
+#include "platform/win32/ui/DroppedFiles.h"
 #include "platform/win32/ui/PeerFactory.h"
 #include "platform/win32/ui/Scheme.h"
 
@@ -11,6 +13,7 @@ namespace {
 constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
 constexpr UINT kThemeChanged = 0x031A;  // WM_THEMECHANGED, from Windows XP on
+constexpr UINT kAnnotate = WM_APP;
 constexpr UINT_PTR kHoverTimer = 1;
 constexpr int kScrollLine = 14;      // dialog units
 constexpr int kRevealMargin = 4;     // dialog units around a control that is scrolled into view
@@ -83,6 +86,9 @@ FormWindow::~FormWindow() {
   // procedure() must not use this object any more. The peers are destroyed later, as members, because the native
   // controls call the peers' window procedures until they are destroyed.
   SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
+  if (annotated_) {
+    for (const auto& [window, peer] : peers_) removeAnnotations(window, peer->control());
+  }
   DestroyWindow(handle_);
 }
 
@@ -116,10 +122,17 @@ std::vector<ControlPeer*> FormWindow::tabOrder() const {
   return order;
 }
 
+void FormWindow::annotateControls() {
+  if (annotated_) return;
+  annotated_ = true;
+  for (const auto& [window, peer] : peers_) annotate(window, peer->control());
+}
+
 void FormWindow::open() {
   const controls::Rect place = initialPlace();
   SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
   flush();
+  if (form_.onDrop) DragAcceptFiles(handle_, TRUE);
   if (owner_ != nullptr) EnableWindow(owner_->handle(), FALSE);
   ShowWindow(handle_, owner_ == nullptr ? SW_SHOWDEFAULT : SW_SHOW);
   UpdateWindow(handle_);
@@ -367,6 +380,7 @@ void FormWindow::checkHover() {
 LRESULT FormWindow::receivePointer(HWND under, LPARAM details) {
   ControlPeer* const peer = peerOf(under);
   hover(peer);
+  if (toolTips_.hasText()) toolTips_.follow(peer == nullptr ? "" : peer->toolTip());
   if (LOWORD(details) == HTCLIENT) {
     HCURSOR shape = peer == nullptr ? nullptr : peer->cursor();
     if (ui_.pointer() == Pointer::kHourglass) shape = LoadCursorA(nullptr, IDC_WAIT);
@@ -382,7 +396,7 @@ LRESULT FormWindow::receiveNotify(NMHDR& header) {
   HWND about = nullptr;
   if (toolTips_.isTextRequest(header, about)) {
     const ControlPeer* const asked = peerOf(about);
-    if (asked != nullptr) ToolTips::setText(header, asked->control().toolTip().c_str());
+    if (asked != nullptr) toolTips_.setText(header, asked->toolTip());
     return 0;
   }
   ControlPeer* const peer = peerOf(header.hwndFrom);
@@ -508,6 +522,16 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_TIMER:
       checkHover();
+      return 0;
+    case WM_GETOBJECT:
+      // A screen reader has come. Its message is one during which COM may not call out.
+      if (!annotated_) PostMessageA(handle_, kAnnotate, 0, 0);
+      return DefWindowProcA(handle_, message, first, second);
+    case kAnnotate:
+      annotateControls();
+      return 0;
+    case WM_DROPFILES:
+      form_.drop(droppedPaths(reinterpret_cast<HDROP>(first)));
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:

@@ -68,6 +68,7 @@ class FormWindow final : public controls::Peer {
   // Takes over the layout of the controls that are visible now.
   void rearrange();
   // Places all controls in the window, which may be scrolled, and the status bar below them.
+  void annotateControls();
   void arrange();
   using NativePlaces = std::unordered_map<HWND, controls::Rect>;
   void moveControls(const NativePlaces& places);
@@ -116,6 +117,7 @@ class FormWindow final : public controls::Peer {
   bool rearrange_ = false;
   bool changed_ = true;
   DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
+  bool annotated_ = false;
   bool closed_ = false;
 };
 

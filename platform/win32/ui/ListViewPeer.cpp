@@ -1,44 +1,64 @@
 #include "platform/win32/ui/ListViewPeer.h"
 
-#include <numeric>
+#include <algorithm>
 
+#include "platform/win32/CodePage.h"
+#include "platform/win32/ui/Accessibility.h"
 #include "platform/win32/ui/CommonControls.h"
+#include "platform/win32/ui/PopupMenu.h"
 #include "platform/win32/ui/TextDrawing.h"
 
 namespace platform::win32 {
 namespace {
 
 constexpr int kEmptyTextMargin = 4;  // dialog units
+constexpr int kTextMargins = 8;      // dialog units, left and right of a cell's text
+constexpr int kSortArrow = 8;        // dialog units
+constexpr int kSortedUp = 0x0400;    // HDF_SORTUP, from version 6 of the common controls on
+constexpr int kSortedDown = 0x0200;  // HDF_SORTDOWN
 
-NativeWindow nativeList(bool ownerData) {
-  const DWORD rows = ownerData ? LVS_OWNERDATA : 0;
+NativeWindow nativeList(bool ownerData, bool severalSelected) {
+  const DWORD rows = ownerData ? LVS_OWNERDATA : LVS_SHAREIMAGELISTS;
+  const DWORD selection = severalSelected ? 0 : LVS_SINGLESEL;
   return {.windowClass = WC_LISTVIEWA,
-          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS | rows,
+          .style = LVS_REPORT | LVS_SHOWSELALWAYS | rows | selection,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 
 // For members that are pointers to non-const but are only read.
 char* asNative(const std::string& text) { return const_cast<char*>(text.c_str()); }
 
-bool isSelected(HWND list, int item) {
-  return SendMessageA(list, LVM_GETITEMSTATE, static_cast<WPARAM>(item), LVIS_SELECTED) != 0;
+bool hasState(HWND list, int item, UINT state) {
+  return static_cast<UINT>(SendMessageA(list, LVM_GETITEMSTATE, static_cast<WPARAM>(item), state)) == state;
+}
+
+// `item` -1 stands for all.
+void setState(HWND list, int item, UINT mask, UINT state) {
+  LVITEMA record = {};
+  record.stateMask = mask;
+  record.state = state;
+  SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&record));
 }
 
 }  // namespace
 
 ListViewPeer::ListViewPeer(const Host& host, controls::ListView& list)
-    : ControlPeer(host, list, nativeList(supportsOwnerDataLists())), list_(list), ownerData_(supportsOwnerDataLists()) {
+    : ControlPeer(host, list, nativeList(supportsOwnerDataLists(), list.checkBoxes())),
+      list_(list),
+      ownerData_(supportsOwnerDataLists()) {
   replaceProcedure(handle(), *this, procedure, nativeProcedure_);
-  SendMessageA(handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
-  if (list_.checkBoxes()) {
+  // With LVS_EX_CHECKBOXES, which is as old as LVS_OWNERDATA, screen readers announce ticks.
+  const LPARAM checkBoxes = list_.checkBoxes() ? LVS_EX_CHECKBOXES : 0;
+  SendMessageA(handle(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | checkBoxes);
+  if (list_.checkBoxes() && !ownerData_) {
     tickPictures_ = makeTickPictures(GetSystemMetrics(SM_CXSMICON));
     SendMessageA(handle(), LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(tickPictures_));
-    SendMessageA(handle(), LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
   }
+  if (list_.checkBoxes()) SendMessageA(handle(), LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK, 0);
   addColumns();
 }
 
-// LVS_SHAREIMAGELISTS: the native list does not destroy its image lists.
+// LVS_SHAREIMAGELISTS: the native list does not destroy these pictures.
 ListViewPeer::~ListViewPeer() {
   if (tickPictures_ != nullptr) ImageList_Destroy(tickPictures_);
 }
@@ -62,15 +82,19 @@ void ListViewPeer::changed(controls::Change change) {
     rowsSeen_ = list_.rowCount();
     emptied_ = emptied_ || list_.empty();
   }
+  if (change == controls::Change::kValue) selectionChanged_ = true;
   ControlPeer::changed(change);
 }
 
 void ListViewPeer::showValue() {
+  applying_ = true;
   showRowCount();
   showEmptyText();
   if (!onlyGrown_) redraw();
   onlyGrown_ = true;
-  showSelection();
+  showOrder();
+  if (selectionChanged_) showSelection();
+  applying_ = false;
 }
 
 void ListViewPeer::showEmptyText() {
@@ -102,7 +126,6 @@ void ListViewPeer::drawEmptyText() const {
 void ListViewPeer::showRowCount() {
   if (emptied_) {
     SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
-    shownSelection_.reset();
     emptied_ = false;
   }
   const int count = static_cast<int>(list_.rowCount());
@@ -129,42 +152,78 @@ void ListViewPeer::storeRows(int count) {
   }
 }
 
-// Keeps the selected row itself, because LVM_GETNEXTITEM would search all rows.
 void ListViewPeer::showSelection() {
-  if (list_.selected() == shownSelection_) return;
-  const std::size_t row = list_.selected() ? *list_.selected() : *shownSelection_;
-  LVITEMA item = {};
-  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  item.state = list_.selected() ? item.stateMask : 0;
-  shownSelection_ = list_.selected();
-  showingSelection_ = true;
-  SendMessageA(handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
-  showingSelection_ = false;
+  // The native list takes long to select many rows one by one.
+  constexpr std::size_t kMostAtOnce = 10'000;
+  if (list_.selectedCount() > kMostAtOnce) list_.select(list_.selected());
+  selectionChanged_ = false;
+  deselectAll();
+  for (const std::size_t row : list_.selectedCount() > 1 ? list_.selectedRows() : std::vector<std::size_t>()) {
+    setState(handle(), static_cast<int>(list_.placeOf(row)), LVIS_SELECTED, LVIS_SELECTED);
+  }
+  if (!list_.selected()) return;
+  constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;
+  setState(handle(), static_cast<int>(list_.placeOf(*list_.selected())), kBoth, kBoth);
+}
+
+// The native list walks all its items for item -1, so a single selected one is deselected first.
+void ListViewPeer::deselectAll() {
+  const auto count = [this] { return SendMessageA(handle(), LVM_GETSELECTEDCOUNT, 0, 0); };
+  if (count() == 1) setState(handle(), lastSelected_, LVIS_SELECTED, 0);
+  if (count() != 0) setState(handle(), -1, LVIS_SELECTED, 0);
+}
+
+// Marks the column by which the rows are sorted.
+void ListViewPeer::showOrder() {
+  if (shownOrder_ == list_.sortOrder()) return;
+  shownOrder_ = list_.sortOrder();
+  const auto header = reinterpret_cast<HWND>(SendMessageA(handle(), LVM_GETHEADER, 0, 0));
+  for (std::size_t i = 0; i < columnWidths_.size(); ++i) {
+    const bool isSorted = shownOrder_ && shownOrder_->column == i;
+    HDITEMA item = {};
+    item.mask = HDI_FORMAT;
+    item.fmt = HDF_STRING | (list_.columns()[i].rightAligned ? HDF_RIGHT : HDF_LEFT) |
+               (!isSorted                 ? 0
+                : shownOrder_->descending ? kSortedDown
+                                          : kSortedUp);
+    SendMessageA(header, HDM_SETITEMA, i, reinterpret_cast<LPARAM>(&item));
+  }
 }
 
 void ListViewPeer::placed() { distributeColumnWidths(); }
+
+// The width of a column with a sample, else 0.
+int ListViewPeer::widthOf(const controls::Column& column) const {
+  if (column.sample.empty()) return 0;
+  const int title = metrics().textWidth(column.title) + metrics().pixelsX(kSortArrow);
+  return std::max(title, metrics().textWidth(column.sample)) + metrics().pixelsX(kTextMargins);
+}
 
 // Distributes the width of the list, less that of a scroll bar, among the columns, unless the user has resized one.
 void ListViewPeer::distributeColumnWidths() {
   RECT frame;
   GetWindowRect(handle(), &frame);
-  const int width = frame.right - frame.left - 2 * GetSystemMetrics(SM_CXEDGE) - GetSystemMetrics(SM_CXVSCROLL);
-  if (width <= 0) return;
-  const auto addShare = [](int sum, const controls::Column& column) { return sum + column.share; };
-  const int shares = std::accumulate(list_.columns().begin(), list_.columns().end(), 0, addShare);
+  int left = frame.right - frame.left - 2 * GetSystemMetrics(SM_CXEDGE) - GetSystemMetrics(SM_CXVSCROLL);
+  int shares = 0;
+  for (const controls::Column& column : list_.columns()) {
+    left -= widthOf(column);
+    shares += column.sample.empty() ? column.share : 0;
+  }
+  if (left <= 0) return;
   for (std::size_t i = 0; i < columnWidths_.size(); ++i) {
     const int now = static_cast<int>(SendMessageA(handle(), LVM_GETCOLUMNWIDTH, i, 0));
     if (columnWidths_[i] != 0 && now != columnWidths_[i]) return;
   }
   for (std::size_t i = 0; i < columnWidths_.size(); ++i) {
-    columnWidths_[i] = MulDiv(width, list_.columns()[i].share, shares);
+    const controls::Column& column = list_.columns()[i];
+    columnWidths_[i] = column.sample.empty() ? MulDiv(left, column.share, shares) : widthOf(column);
     SendMessageA(handle(), LVM_SETCOLUMNWIDTH, i, MAKELPARAM(columnWidths_[i], 0));
   }
 }
 
 std::size_t ListViewPeer::rowOf(int item) const {
-  return item < 0 || static_cast<std::size_t>(item) >= list_.rowCount() ? list_.rowCount()
-                                                                        : static_cast<std::size_t>(item);
+  const bool isThere = item >= 0 && static_cast<std::size_t>(item) < list_.rowCount();
+  return isThere ? list_.rowAt(static_cast<std::size_t>(item)) : list_.rowCount();
 }
 
 LRESULT ListViewPeer::onNotify(NMHDR& header) {
@@ -174,7 +233,13 @@ LRESULT ListViewPeer::onNotify(NMHDR& header) {
       fillItem(reinterpret_cast<NMLVDISPINFOA&>(header).item);
       break;
     case LVN_ITEMCHANGED:
-      selectedByKeyboard(reinterpret_cast<const NMLISTVIEW&>(header));
+      itemChanged(reinterpret_cast<const NMLISTVIEW&>(header));
+      break;
+    case LVN_ODSTATECHANGED:
+      itemsChanged(reinterpret_cast<const NMLVODSTATECHANGE&>(header));
+      break;
+    case LVN_COLUMNCLICK:
+      list_.clickColumn(static_cast<std::size_t>(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem));
       break;
     case LVN_ODFINDITEMA:
       return -1;
@@ -185,46 +250,162 @@ LRESULT ListViewPeer::onNotify(NMHDR& header) {
 }
 
 // The native list may request rows that the control no longer has.
-void ListViewPeer::fillItem(LVITEMA& item) const {
+void ListViewPeer::fillItem(LVITEMA& item) {
   static const std::string kNothing;
-  const std::size_t index = rowOf(item.iItem);
-  const controls::Row* const row = index < list_.rowCount() ? &list_.row(index) : nullptr;
+  const std::size_t row = rowOf(item.iItem);
+  const bool isThere = row < list_.rowCount();
   if ((item.mask & LVIF_TEXT) != 0) {
-    const auto subItem = static_cast<std::size_t>(item.iSubItem);
-    const bool known = row != nullptr && subItem <= row->subItems.size();
-    const std::string& text = !known ? kNothing : subItem == 0 ? row->text : row->subItems[subItem - 1];
-    item.pszText = asNative(text);
+    const std::string& text = isThere ? list_.cell(row, static_cast<std::size_t>(item.iSubItem)) : kNothing;
+    item.pszText = asNative(drawnText(text, item.iItem, item.iSubItem));
   }
   if ((item.mask & LVIF_STATE) != 0) {
-    item.state = INDEXTOSTATEIMAGEMASK(row != nullptr && row->ticked ? 2 : 1);
+    item.state = INDEXTOSTATEIMAGEMASK(isThere && list_.ticked(row) ? 2 : 1);
     item.stateMask = LVIS_STATEIMAGEMASK;
   }
 }
 
-// Mouse clicks are reported by mouseDown(), which also sees clicks on the row that is selected already.
-void ListViewPeer::selectedByKeyboard(const NMLISTVIEW& change) {
-  const bool selected = (change.uNewState & LVIS_SELECTED) != 0 && (change.uOldState & LVIS_SELECTED) == 0;
-  if (!selected || inMouseDown_ || showingSelection_) return;
-  clickRow(rowOf(change.iItem));
+// Other programs, such as screen readers, get the whole text.
+const std::string& ListViewPeer::drawnText(const std::string& text, int item, int column) {
+  if (!painting_ || !list_.columns()[static_cast<std::size_t>(column)].shortened) return text;
+  const int room = textRoom(item, column);
+  if (metrics().textWidth(text) <= room) return text;
+  std::string& drawn = drawnTexts_[nextDrawn_++ % drawnTexts_.size()];
+  drawn = shortenedInMiddle(text, room);
+  return drawn;
 }
 
-void ListViewPeer::clickRow(std::size_t row) {
-  shownSelection_ = row;
-  list_.clickRow(row);
+std::string ListViewPeer::shortenedInMiddle(const std::string& text, int width) const {
+  const std::wstring wide = wideText(text);
+  const auto keeping = [&wide](std::size_t count) {
+    const std::size_t head = count / 2;
+    const std::size_t tail = count - head;
+    return exactText(wide.substr(0, head) + L"..." + wide.substr(wide.size() - tail)).value_or("...");
+  };
+  std::size_t fits = 0;
+  for (std::size_t least = 1, most = wide.size(); least < most;) {
+    const std::size_t count = (least + most) / 2;
+    if (metrics().textWidth(keeping(count)) <= width) {
+      fits = count;
+      least = count + 1;
+    } else {
+      most = count;
+    }
+  }
+  return keeping(fits);
+}
+
+RECT ListViewPeer::partOf(int item, int part) const {
+  RECT place = {part, 0, 0, 0};
+  SendMessageA(handle(), LVM_GETITEMRECT, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(&place));
+  return place;
+}
+
+// The first column also holds the check box.
+int ListViewPeer::textRoom(int item, int column) const {
+  int width = static_cast<int>(SendMessageA(handle(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+  if (column == 0) {
+    width -= partOf(item, LVIR_LABEL).left - partOf(item, LVIR_BOUNDS).left;
+  }
+  return width - metrics().pixelsX(kTextMargins);
+}
+
+std::string ListViewPeer::toolTip() const {
+  LVHITTESTINFO hit = {};
+  GetCursorPos(&hit.pt);
+  ScreenToClient(handle(), &hit.pt);
+  SendMessageA(handle(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  const std::size_t row = rowOf(hit.iItem);
+  if (row < list_.rowCount() && hit.iSubItem >= 0) {
+    const std::string& text = list_.cell(row, static_cast<std::size_t>(hit.iSubItem));
+    if (metrics().textWidth(text) > textRoom(hit.iItem, hit.iSubItem)) return text;
+  }
+  return list_.toolTip();
+}
+
+// Item -1 stands for all. A click of the mouse is reported by mouseDown(), which also sees one on a row that is
+// selected already.
+void ListViewPeer::itemChanged(const NMLISTVIEW& change) {
+  const bool selected = (change.uNewState & LVIS_SELECTED) != 0;
+  if (selected && change.iItem >= 0) lastSelected_ = change.iItem;
+  if (applying_) return;
+  if (change.iItem < 0) return list_.markAllSelected(selected);
+  if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0) list_.markSelected(rowOf(change.iItem), selected);
+  constexpr UINT kBoth = LVIS_SELECTED | LVIS_FOCUSED;
+  const bool gained = (change.uNewState & ~change.uOldState & kBoth) != 0;
+  if (gained && !inMouseDown_ && hasState(handle(), change.iItem, kBoth)) list_.clickSelected(rowOf(change.iItem));
+}
+
+void ListViewPeer::itemsChanged(const NMLVODSTATECHANGE& change) {
+  if (applying_ || ((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0) return;
+  const bool selected = (change.uNewState & LVIS_SELECTED) != 0;
+  for (int item = change.iFrom; item <= change.iTo; ++item) list_.markSelected(rowOf(item), selected);
+}
+
+// Not every version of the native list reports every way of selecting many rows.
+void ListViewPeer::readSelection() {
+  if (static_cast<std::size_t>(SendMessageA(handle(), LVM_GETSELECTEDCOUNT, 0, 0)) == list_.selectedCount()) return;
+  const std::optional<std::size_t> clicked = list_.selected();
+  list_.markAllSelected(false);
+  for (int item = -1;;) {
+    item = static_cast<int>(SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(item), LVNI_SELECTED));
+    if (item < 0) break;
+    list_.markSelected(rowOf(item), true);
+  }
+  if (clicked) list_.clickSelected(*clicked);
+}
+
+int ListViewPeer::focusedItem() const {
+  return static_cast<int>(SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
 }
 
 // Replaces the native handling of Space, which selects the row again and is slow with many rows.
-LRESULT ListViewPeer::tickFocused() {
-  const LRESULT item = SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
-  list_.clickTick(rowOf(static_cast<int>(item)));
-  return 0;
+void ListViewPeer::tickFocused() {
+  readSelection();
+  const int item = focusedItem();
+  list_.toggleTicks(rowOf(item));
+  announceState(handle(), item);
 }
 
+void ListViewPeer::openRowMenu(LPARAM where) {
+  readSelection();
+  openMenu(GetParent(handle()), placeOfMenu(where), list_.menu());
+}
+
+POINT ListViewPeer::placeOfMenu(LPARAM where) const {
+  if (where != -1) return {static_cast<short>(LOWORD(where)), static_cast<short>(HIWORD(where))};
+  RECT inside;
+  GetClientRect(handle(), &inside);
+  const RECT label = partOf(focusedItem(), LVIR_LABEL);
+  POINT at = {std::clamp<LONG>(label.left, 0, inside.right), std::clamp<LONG>(label.bottom, 0, inside.bottom)};
+  ClientToScreen(handle(), &at);
+  return at;
+}
+
+bool ListViewPeer::keyDown(WPARAM key) {
+  const bool withControl = GetKeyState(VK_CONTROL) < 0;
+  if (key == VK_SPACE && list_.checkBoxes() && !withControl) {
+    tickFocused();
+    return true;
+  }
+  if (key != VK_DELETE) return false;
+  list_.pressDelete();
+  return true;
+}
+
+// The header passes its WM_CONTEXTMENU on to the list.
 LRESULT CALLBACK ListViewPeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   ListViewPeer& peer = peerOf<ListViewPeer>(window);
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) return peer.mouseDown(message, first, second);
-  if (message == WM_KEYDOWN && first == VK_SPACE && peer.list_.checkBoxes()) return peer.tickFocused();
+  if (message == WM_KEYDOWN && peer.keyDown(first)) return 0;
+  const bool isMenuKey = message == WM_KEYUP && first == VK_APPS;
+  if (isMenuKey || message == WM_CONTEXTMENU) {
+    const bool isOwn = isMenuKey || reinterpret_cast<HWND>(first) == window;
+    if (isOwn) peer.openRowMenu(isMenuKey ? -1 : second);
+    return 0;
+  }
+  if (message == WM_PAINT) peer.painting_ = true;
   const LRESULT result = CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
+  if (message == WM_PAINT) peer.painting_ = false;
   if (message == WM_PAINT && !peer.shownEmptyText_.empty()) peer.drawEmptyText();
   return result;
 }
@@ -237,12 +418,13 @@ LRESULT ListViewPeer::mouseDown(UINT message, WPARAM first, LPARAM second) {
   if (list_.checkBoxes() && (hit.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON) {
     SetFocus(handle());
     list_.clickTick(rowOf(hit.iItem));
+    announceState(handle(), hit.iItem);
     return 0;
   }
   inMouseDown_ = true;
   const LRESULT result = CallWindowProcA(nativeProcedure_, handle(), message, first, second);
   inMouseDown_ = false;
-  if (hit.iItem >= 0 && isSelected(handle(), hit.iItem)) clickRow(rowOf(hit.iItem));
+  if (hit.iItem >= 0 && hasState(handle(), hit.iItem, LVIS_SELECTED)) list_.clickSelected(rowOf(hit.iItem));
   return result;
 }
 

@@ -29,8 +29,15 @@ bool ToolTips::isTextRequest(const NMHDR& header, HWND& control) const {
   return true;
 }
 
-void ToolTips::setText(NMHDR& header, const char* text) {
-  reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = const_cast<char*>(text);
+void ToolTips::setText(NMHDR& header, std::string text) {
+  text_ = std::move(text);
+  reinterpret_cast<NMTTDISPINFOA&>(header).lpszText = text_.data();
+}
+
+void ToolTips::follow(const std::string& text) {
+  if (text == text_) return;
+  text_.clear();
+  SendMessageA(handle_, TTM_POP, 0, 0);
 }
 
 }  // namespace platform::win32

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace platform::win32 {
 
 class ToolTips {
@@ -14,12 +16,17 @@ class ToolTips {
   void add(HWND control);
   // Whether `header` requests a text; `control` is then set to the window whose text it is.
   bool isTextRequest(const NMHDR& header, HWND& control) const;
-  // Replies to such a request. `text` must remain valid until the next message.
-  static void setText(NMHDR& header, const char* text);
+  // Replies to such a request.
+  void setText(NMHDR& header, std::string text);
+  // Whether a tooltip has been requested that follow() has not hidden.
+  bool hasText() const { return !text_.empty(); }
+  // The tooltip for the place where the pointer is; the one shown goes when it is another. TTM_POP.
+  void follow(const std::string& text);
 
  private:
   HWND owner_;
   HWND handle_;
+  std::string text_;  // of the tooltip shown
 };
 
 }  // namespace platform::win32

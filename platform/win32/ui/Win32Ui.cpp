@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 
 #include "controls/Form.h"
@@ -93,6 +94,21 @@ Result<std::string> openFileDialogWith(HWND owner, const OpenFileRequest& reques
   return isUsableName(exact.substr(exact.rfind('\\') + 1)) ? Result<std::string>(exact) : failure(kBadFileName);
 }
 
+// The text with its closing NUL in memory as the clipboard takes it; null when there is no memory.
+template <typename Text>
+HGLOBAL movableCopy(const Text& text) {
+  const std::size_t size = (text.size() + 1) * sizeof(text[0]);
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+  if (memory == nullptr) return nullptr;
+  std::memcpy(GlobalLock(memory), text.c_str(), size);
+  GlobalUnlock(memory);
+  return memory;
+}
+
+HGLOBAL clipboardText(const std::string& text) {
+  return hasWideCalls() ? movableCopy(wideText(text)) : movableCopy(text);
+}
+
 constexpr DWORD kServiceInterval = 50;  // milliseconds between two calls of serveSystem() that do something
 
 bool isClickOrKey(UINT message) {
@@ -149,6 +165,21 @@ void Win32Ui::playSound(const std::string& path) {
   constexpr DWORD kFileWithoutWaiting = 0x20003;  // SND_FILENAME | SND_NODEFAULT | SND_ASYNC
   static const auto play = boundAtRunTime<Function>("winmm.dll", "PlaySoundA");
   if (play != nullptr) play(path.c_str(), nullptr, kFileWithoutWaiting);
+}
+
+bool Win32Ui::copyText(const std::string& text) {
+  const HGLOBAL memory = clipboardText(text);
+  if (memory == nullptr) return false;
+  if (!OpenClipboard(activeWindow())) {
+    GlobalFree(memory);
+    return false;
+  }
+  EmptyClipboard();
+  // The system owns the memory from here on, unless the call fails.
+  const bool copied = SetClipboardData(hasWideCalls() ? CF_UNICODETEXT : CF_TEXT, memory) != nullptr;
+  CloseClipboard();
+  if (!copied) GlobalFree(memory);
+  return copied;
 }
 
 void Win32Ui::setPointer(Pointer pointer) {

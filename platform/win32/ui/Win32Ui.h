@@ -30,6 +30,7 @@ class Win32Ui final : public Ui {
   void serveSystem() override;
   Result<std::string> openFileDialog(const OpenFileRequest& request) override;
   void playSound(const std::string& path) override;
+  bool copyText(const std::string& text) override;
   void setPointer(Pointer pointer) override;
   Pointer pointer() const override { return pointer_; }
   void runModal(controls::Form& form, controls::Form* owner) override;
