@@ -71,11 +71,12 @@ void frmFind::deleteTickedRows() {
   for (const std::size_t row : chosen) {
     const std::string path = ListView1.text(row);
     progress.next(path);
-    if (hold.holdAbove(path)) static_cast<void>(finder::deleteThroughShell(path, flags, questions));
+    const bool isHeld = hold.holdAbove(path);
+    if (isHeld) static_cast<void>(finder::deleteThroughShell(path, flags, questions));
     if (finder::isGone(path)) {
       gone.push_back(row);
-    } else if (!finder::isDeletable(path)) {
-      // The path has become something else, such as a folder, which no tick stands for.
+    } else if (!isHeld || !finder::isDeletable(path)) {
+      // The path leads to something else now, such as a folder, which no tick stands for.
       ListView1.setTicked(row, false);
     }
   }
@@ -109,7 +110,10 @@ bool frmFind::wipeRows(const std::vector<std::size_t>& chosen) {
   const auto wipeRow = [&](std::size_t row) {
     const std::string path = ListView1.text(row);
     progress.next(path);
-    if (!hold.holdAbove(path)) return true;
+    if (!hold.holdAbove(path)) {
+      ListView1.setTicked(row, false);
+      return true;
+    }
     const platform::Result<finder::Deletion> wiped = finder::wipe(path);
     if (wiped == finder::Deletion::kDone || finder::isGone(path)) {
       gone.push_back(row);

@@ -1,7 +1,7 @@
 // Times the program's scans in its real window beside other ways to read the same tree, for bench/compare_scan.sh.
 // scan_window RUNS prints for each run one line: seconds of the junk scan, of the zero-byte scan, of "cmd /c dir /s /b"
-// with the junk scan's patterns, and of one bare enumeration of every folder. scan_window RUNS abort prints for each run
-// the seconds from a click on the abort button, the way of the pointer to it included, to the message box.
+// with the junk scan's patterns, and of one bare enumeration of every folder. scan_window RUNS abort prints for each
+// run the seconds from a click on the abort button, the way of the pointer to it included, to the message box.
 #include <windows.h>
 
 #include <chrono>
@@ -105,7 +105,7 @@ int main(int count, char** arguments) {
   try {
     const desktop::Program program;
     const desktop::Window console = program.console();
-    console.control("Select All", "Custom Ext.").click();
+    console.control("Select All", ".err").click();
     console.openFolder("tree");
     const bool aborts = count > 2 && arguments[2] == std::string("abort");
     (aborts ? timeAborts : timeScans)(program, console, runs);

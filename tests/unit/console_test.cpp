@@ -127,12 +127,12 @@ TEST_F(Pages, FollowEachOtherInEveryOrder) {
   EXPECT_EQ(shown(form),
             "ListView1 : Select_All- cmdInvert- Delete- optRecycle- optWipe- cmdSelectAll cmdZeroInvert cmdZeroDelete "
             "cmdSelect- cmdCacheInvert- cmdCleanCache- cmdCacheAbort ");
-  const std::string junk = "ListView1 : Select_All cmdInvert Delete- optRecycle- optWipe- cmdCacheAbort Label6 ";
-  const std::string zero = "optRecycle- cmdSelectAll cmdZeroInvert cmdZeroDelete- cmdSelect- ";
-  const std::string cache = "lvCache : cmdSelect cmdCacheInvert cmdCleanCache- cmdCacheAbort lblStatus ";
+  const std::string junk = "ListView1 : Select_All cmdInvert Delete- optRecycle- optWipe- Label6 cmdCacheAbort ";
+  const std::string zero = "ListView2 : cmdSelectAll cmdZeroInvert cmdZeroDelete- ";
+  const std::string cache = "lvCache : cmdSelect cmdCacheInvert cmdCleanCache- lblStatus cmdCacheAbort ";
   const std::tuple<const char*, const char*, std::string> cases[] = {
-      {"junk", "zero", "ListView2 : cmdInvert- Delete- " + zero + "cmdCacheAbort Label6 "},
-      {"cache", "zero", "ListView2 : " + zero + "cmdCacheInvert- cmdCacheAbort Label6 "},
+      {"junk", "zero", zero + "cmdInvert- Delete- optRecycle- cmdSelect- Label6 cmdCacheAbort "},
+      {"cache", "zero", zero + "optRecycle- cmdSelect- cmdCacheInvert- Label6 cmdCacheAbort "},
       {"zero", "junk", junk},
       {"cache", "junk", junk},
       {"junk", "cache", cache},
