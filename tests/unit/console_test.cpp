@@ -1,5 +1,6 @@
 // The console's shell, and what its three scans share.
 #include "console/modOS.h"
+#include "console/rights.h"
 #include "tests/unit/ConsoleTest.h"
 
 using platform::Pointer;
@@ -65,6 +66,14 @@ TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
   EXPECT_EQ(machine.shell().helpPage()->first, kHelpFile);
   EXPECT_THROW(form.cmdExit.click(), Ended);
   EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
+}
+
+TEST_F(Console, NamesTheToolsThatWillNotWorkWithoutRights) {
+  EXPECT_EQ(rightsNotice(), "");
+  machine.environment().setAdministrator(false);
+  EXPECT_EQ(rightsNotice(), "Without administrator rights: " + form.cmdIndex.caption() + ", " +
+                                form.cmdPrefetch.caption() + ", " + form.cmdSwap.caption() + " and " +
+                                form.cmdSysrestore.caption() + " will not work.");
 }
 
 TEST_F(Console, NamesTheWindowsVersion) {
