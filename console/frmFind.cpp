@@ -10,8 +10,6 @@ using controls::ControlInit;
 
 namespace {
 
-constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
-
 std::string compiledHelp() { return platform::machine().environment().programFolder() + "\\scrubhaven.chm"; }
 
 }  // namespace
@@ -119,6 +117,8 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   setStatusBar(Status);
   setFirstFocus(Dir1);
+  setSystemMenuItem({"A&bout Scrubhaven Pro...", [this] { showAbout(); }});
+  bindKeys();
   bindShell();
   bindJunkScan();
   bindDelete();
@@ -190,6 +190,14 @@ void frmFind::cmdFurnace_Click() {
 }
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }
+
+// Not while a tool runs, which would wait for the box to be closed.
+void frmFind::showAbout() {
+  if (toolRuns_) return;
+  const std::string maker = std::string(kMaker) + "\r\n" + kMakersAddress;
+  controls::messageBox(std::string(controls::kApplicationTitle) + ' ' + kProductVersion + "\r\n\r\n" + maker,
+                       platform::kBoxProgramIcon, "About Scrubhaven Pro");
+}
 
 void frmFind::cmdExit_Click() {
   platform::machine().shell().closeHelp();

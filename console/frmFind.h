@@ -37,6 +37,8 @@ class frmFind final : public controls::Form {
   void prepareToShow() override;
   void gotFocus() override;
   void closeRequested() override;
+  void helpRequested(const std::string& name) override;
+  std::vector<controls::Control*> refuges() override;
 
   // ---- Shared state ------------------------------------------------------------------------------------------------
 
@@ -236,6 +238,26 @@ class frmFind final : public controls::Form {
   // The flags of a shell deletion, to the Recycle Bin or for good as chosen now.
   std::int32_t chosenFlags() const;
   finder::DeletionQuestions deletionQuestions();
+
+  // ---- Keyboard and About box ---------------------------------------------------------------------------------------
+
+  // The commands of one result list.
+  struct ListCommands {
+    controls::ListView& list;
+    controls::FlatButton& selection;
+    controls::FlatButton& inversion;
+    controls::FlatButton& deletion;
+  };
+  // Those of the list that the user sees.
+  std::optional<ListCommands> commandsInFront();
+  void bindKeys();
+  void scanByKey();
+  void abortByKey();
+  void tickAllByKey();
+  void invertByKey();
+  void deleteByKey();
+  void openParentByKey();
+  void showAbout();
 
   // ---- Status bar and empty lists ----------------------------------------------------------------------------------
 

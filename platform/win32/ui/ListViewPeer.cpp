@@ -9,6 +9,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr int kEmptyTextMargin = 4;  // dialog units
+constexpr int kTickSide = 16;        // pixels at 96 dots per inch
 
 NativeWindow nativeList(bool ownerData) {
   const DWORD rows = ownerData ? LVS_OWNERDATA : 0;
@@ -140,6 +141,15 @@ void ListViewPeer::showSelection() {
   showingSelection_ = true;
   SendMessageA(handle(), LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
   showingSelection_ = false;
+}
+
+void ListViewPeer::metricsChanged() {
+  ControlPeer::metricsChanged();
+  if (tickPictures_ == nullptr) return;
+  const HIMAGELIST before = tickPictures_;
+  tickPictures_ = makeTickPictures(metrics().pixels(kTickSide));
+  SendMessageA(handle(), LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(tickPictures_));
+  ImageList_Destroy(before);
 }
 
 void ListViewPeer::placed() { distributeColumnWidths(); }

@@ -20,6 +20,7 @@ class ListViewPeer final : public ControlPeer {
 
   void changed(controls::Change change) override;
   void placed() override;
+  void metricsChanged() override;
   LRESULT onNotify(NMHDR& header) override;
 
  protected:
