@@ -118,6 +118,8 @@ void frmMain::cmdShred_Click() {
 }
 
 void frmMain::enterRun() {
+  fileCount_ = ListView1.rowCount();
+  announceFile(1);
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   platform::machine().ui().serveEvents();
   cmdCancel.enable();
@@ -127,22 +129,29 @@ void frmMain::enterRun() {
 // The user may remove or add rows, cancel, or close the window whenever the engine processes pending messages.
 frmMain::Outcome frmMain::shredListedFiles() {
   fileCount_ = ListView1.rowCount();
-  for (fileNumber_ = 1; fileNumber_ <= fileCount_; ++fileNumber_) {
+  for (std::size_t number = 1; number <= fileCount_; ++number) {
     if (!isOpen()) return Outcome::kWindowClosed;
     if (ListView1.empty()) return Outcome::kListEmptied;
+    announceFile(number);
+    // No messages are processed until the first random pass.
+    refreshNow();
     shredFirstFile();
     if (isOpen() && CancelShred) return Outcome::kCancelled;
   }
   return isOpen() ? Outcome::kAllShredded : Outcome::kWindowClosed;
 }
 
-void frmMain::shredFirstFile() {
-  ShredPercent = 0;
-  const std::string path = ListView1.text(0);
+void frmMain::announceFile(std::size_t number) {
+  const std::string path = ListView1.empty() ? "" : ListView1.text(0);
   fileName_ = path.substr(path.rfind('\\') + 1);
+  fileNumber_ = number;
+  ShredPercent = 0;
+  lblBlue.setWidthPercent(0);
   showProgress();
-  // No messages are processed until the first random pass.
-  refreshNow();
+}
+
+void frmMain::shredFirstFile() {
+  const std::string path = ListView1.text(0);
   firstIsInProgress_ = true;
   // A folder that has become a link since the file was added leads to a file that was not chosen.
   if (!platform::hasLinkAbove(platform::machine().files(), path) || addedThroughLinks_.contains(path)) {

@@ -62,6 +62,8 @@ class frmMain final : public controls::Form {
 
   Outcome shredListedFiles();
   void shredFirstFile();
+  // Shows that the first file in the list is the next one, that of this number in the run.
+  void announceFile(std::size_t number);
   void showProgress();
   void enterRun();
   void leaveRun(Outcome outcome);
