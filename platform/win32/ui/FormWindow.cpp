@@ -78,6 +78,7 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
   setIcons();
   addSystemMenuItem();
   createControls();
+  followScheme(handle_);
   // Access keys and the focus are shown from the start, not only after a key has been used.
   SendMessageA(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   form_.attach(this);
@@ -122,7 +123,6 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
-  followScheme(handle_);
   if (form_.statusBar() == nullptr) return;
   auto status = std::make_unique<StatusBarPeer>(host, *form_.statusBar());
   status_ = status.get();
