@@ -5,14 +5,13 @@
 
 #include "console/help_topics.h"
 #include "console/product.h"
+#include "console/rights.h"
 #include "platform/Platform.h"
 #include "shredder/frmMain.h"
 
 using controls::ControlInit;
 
 namespace {
-
-constexpr const char* kMakersAddress = "http://www.velmatrix.example/";
 
 std::string compiledHelp() { return platform::machine().environment().programFolder() + "\\scrubhaven.chm"; }
 constexpr const char* kLongDate = "12/30/2000 12:00:00 PM";
@@ -131,6 +130,8 @@ frmFind::frmFind()
   setCancelButton(cmdAbort);
   setStatusBar(Status);
   setFirstFocus(Dir1);
+  setSystemMenuItem({"A&bout Scrubhaven Pro...", [this] { showAbout(); }});
+  bindKeys();
   bindShell();
   bindRows();
   bindJunkScan();
@@ -171,6 +172,7 @@ void frmFind::bindTool(controls::FlatButton& button, Handler handler) {
 }
 
 void frmFind::formLoad() {
+  rightsNotice_ = rightsNotice();
   // Whatever the process's current folder is.
   const platform::Result<void> shown = Dir1.setPath("C:\\");
   if (!shown) reportUnhandled(shown.error());
@@ -205,6 +207,14 @@ void frmFind::cmdFurnace_Click() {
 }
 
 void frmFind::Picture1_Click() { platform::machine().shell().execute({.file = kMakersAddress, .showCommand = 0}); }
+
+// Not while a tool runs, which would wait for the box to be closed.
+void frmFind::showAbout() {
+  if (toolRuns_) return;
+  const std::string maker = std::string(kMaker) + "\r\n" + kMakersAddress;
+  controls::messageBox(std::string(controls::kApplicationTitle) + ' ' + kProductVersion + "\r\n\r\n" + maker,
+                       platform::kBoxProgramIcon, "About Scrubhaven Pro");
+}
 
 void frmFind::cmdExit_Click() {
   platform::machine().shell().closeHelp();

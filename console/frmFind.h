@@ -37,6 +37,8 @@ class frmFind final : public controls::Form {
   void prepareToShow() override;
   void gotFocus() override;
   void closeRequested() override;
+  void helpRequested(const std::string& name) override;
+  std::vector<controls::Control*> refuges() override;
 
   // ---- Shared state ------------------------------------------------------------------------------------------------
 
@@ -237,6 +239,26 @@ class frmFind final : public controls::Form {
   std::int32_t chosenFlags() const;
   finder::DeletionQuestions deletionQuestions();
 
+  // ---- Keyboard and About box ---------------------------------------------------------------------------------------
+
+  // The commands of one result list.
+  struct ListCommands {
+    controls::ListView& list;
+    controls::FlatButton& selection;
+    controls::FlatButton& inversion;
+    controls::FlatButton& deletion;
+  };
+  // Those of the list that the user sees.
+  std::optional<ListCommands> commandsInFront();
+  void bindKeys();
+  void scanByKey();
+  void abortByKey();
+  void tickAllByKey();
+  void invertByKey();
+  void deleteByKey();
+  void openParentByKey();
+  void showAbout();
+
   // ---- Status bar and empty lists ----------------------------------------------------------------------------------
 
   // The last scan, or the one that runs, and what it has seen so far.
@@ -258,10 +280,12 @@ class frmFind final : public controls::Form {
   // Counts a folder that a scan has read.
   void countFolder(std::size_t files);
   std::string emptyTextOf(const controls::ListView& list) const;
+  std::string statusMessage() const;
   std::vector<std::string> statusPanes() const;
   void nameVisibleCommands();
   controls::Box commandsOf(const controls::ListView& list);
   ScanState scan_;
+  std::string rightsNotice_;  // see rightsNotice()
   // ---- Menus and keys of the result lists --------------------------------------------------------------------------
 
   void bindRows();

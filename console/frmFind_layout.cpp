@@ -92,7 +92,8 @@ Box frmFind::commandsOf(const controls::ListView& list) {
   return row(std::move(parts)).apart(2);
 }
 
-// Alt and the letter press a button, or go to the list behind a label. Each letter is used once.
+// Alt and the letter press a button, or go to the list behind a label. Each letter is used once, and is in every
+// caption that the control shows.
 void frmFind::setMnemonics() {
   cmdZero.setMnemonic('0');
   cmdFurnace.setMnemonic('R');
@@ -113,7 +114,8 @@ void frmFind::setMnemonics() {
   Label1.setMnemonic('I');
   cmdAbort.setMnemonic('A');
   cmdChoose.setMnemonic('X');
-  Select_All.setMnemonic('S');
+  Select_All.setMnemonic('L');
   cmdInvert.setMnemonic('V');
-  Delete.setMnemonic('L');
+  Delete.setMnemonic('S');
+  optRecycle.setMnemonic('O');
 }

@@ -20,9 +20,6 @@ std::string_view folderOf(const std::string& path) {
 }  // namespace
 
 void frmFind::bindRows() {
-  ListView1.onDelete = [this] { Delete.click(); };
-  ListView2.onDelete = [this] { cmdZeroDelete.click(); };
-  lvCache.onDelete = [this] { cmdCleanCache.click(); };
   for (ListView* list : {&ListView1, &ListView2, &lvCache}) {
     list->onMenu = [this, list] { return rowMenu(*list); };
   }

@@ -56,10 +56,16 @@ void frmFind::countFolder(std::size_t files) {
 void frmFind::prepareToShow() {
   nameVisibleCommands();
   for (controls::ListView* list : {&ListView1, &ListView2, &lvCache}) list->setEmptyText(emptyTextOf(*list));
-  const bool searches = scan_.runs && !scan_.folder.empty();
-  Status.setMessage(searches ? "Searching " + scan_.folder : "Folder to search: " + Dir1.path());
+  Status.setMessage(statusMessage());
   Status.setPanes(statusPanes());
   Status.setMoving(scan_.runs);
+}
+
+std::string frmFind::statusMessage() const {
+  if (scan_.runs && !scan_.folder.empty()) return "Searching " + scan_.folder;
+  // Until the first scan, which needs the place.
+  if (scan_.list == nullptr && !rightsNotice_.empty()) return rightsNotice_;
+  return "Folder to search: " + Dir1.path();
 }
 
 // Above an empty line a name would stand for nothing.

@@ -52,6 +52,11 @@ bool Control::usable() const { return enabled_ && (frame_ == nullptr || frame_->
 
 bool Control::acceptsInput() const { return shown() && usable() && form_.acceptsInput(); }
 
+bool Control::takesFocus() const {
+  const bool isSilent = kind_ == Kind::kLabel || kind_ == Kind::kFrame || kind_ == Kind::kStatusBar;
+  return !isSilent && shown() && usable();
+}
+
 void Control::notify(Change change) {
   if (peer_ != nullptr) peer_->changed(change);
 }

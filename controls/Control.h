@@ -88,12 +88,18 @@ class Control {
   char mnemonic() const { return mnemonic_; }
   void setMnemonic(char letter) { mnemonic_ = letter; }
 
+  // The controls of a form with the same number are one stop of Tab, in which the arrow keys go on; 0 for none.
+  int group() const { return group_; }
+  void setGroup(int number) { group_ = number; }
+
   // Whether the control and all frames around it are visible.
   bool shown() const;
   // Whether the control and all frames around it are enabled.
   bool usable() const;
   // Whether the user can click it or type into it now: shown, usable, and its form accepts input.
   bool acceptsInput() const;
+  // Whether it can have the keyboard now: shown, usable, and of a kind that the user operates.
+  bool takesFocus() const;
 
   // Attaches the peer that draws this control, which must outlive the attachment; null detaches it.
   void attach(Peer* peer) { peer_ = peer; }
@@ -116,6 +122,7 @@ class Control {
   bool visible_;
   bool enabled_;
   char mnemonic_ = 0;
+  int group_ = 0;
   Peer* peer_ = nullptr;
 };
 

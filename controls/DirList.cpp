@@ -70,6 +70,10 @@ void DirList::open(std::size_t index) {
   if (!opened && onFailure) onFailure(opened.error());
 }
 
+void DirList::openParent() {
+  if (current_ > 0) open(current_ - 1);
+}
+
 void DirList::highlight(std::size_t index) {
   if (acceptsInput() && index < entries_.size()) highlighted_ = index;
 }

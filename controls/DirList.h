@@ -45,6 +45,8 @@ class DirList final : public Control {
   // A double click or Enter by the user: opens the entry at the 0-based `index`. Does nothing while the list does not
   // accept input, or when there is no such entry.
   void open(std::size_t index);
+  // Backspace by the user: opens the folder above the current one, if there is one.
+  void openParent();
   // A click or an arrow key by the user: highlights the entry at the 0-based `index`.
   void highlight(std::size_t index);
   // The list has lost the keyboard: opens the highlighted entry, because that is the folder that the user sees chosen.

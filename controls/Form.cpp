@@ -1,12 +1,52 @@
 #include "controls/Form.h"
 
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
 #include "controls/ButtonLook.h"
+#include "controls/DirList.h"
 #include "platform/Platform.h"
 
 namespace controls {
 
 platform::Answer messageBox(const std::string& text, std::uint32_t style, const std::string& title) {
   return platform::machine().ui().messageBox(text, title, style);
+}
+
+Form::Form(std::string name, std::string caption) : name_(std::move(name)), caption_(std::move(caption)) {
+  addShortcut({{Key::kF1}, [this](const Control* focus) {
+                 helpRequested(owner_ == nullptr && focus != nullptr ? focus->name() : name_);
+               }});
+  addShortcut({{Key::kEscape},
+               [this](Control*) { cancelButton_->click(); },
+               [this](const Control*) { return cancelButton_ != nullptr; }});
+  addShortcut({{Key::kBackspace},
+               [](Control* focus) { static_cast<DirList*>(focus)->openParent(); },
+               [](const Control* focus) { return focus != nullptr && focus->kind() == Kind::kDirList; }});
+}
+
+bool Form::pressKey(KeyPress press, Control* focus, bool repeated) {
+  if (!acceptsInput()) return false;
+  const auto means = [&](const Shortcut& one) { return one.press == press && (!one.where || one.where(focus)); };
+  const auto newestFirst = std::views::reverse(shortcuts_);
+  const auto found = std::ranges::find_if(newestFirst, means);
+  if (found == newestFirst.end()) return false;
+  if (!repeated || press.key == Key::kBackspace) found->act(focus);
+  return true;
+}
+
+void Form::helpRequested(const std::string& name) {
+  if (owner_ != nullptr) owner_->helpRequested(name);
+}
+
+void Form::clickSystemMenuItem() {
+  if (acceptsInput() && systemMenuItem_.onClick) systemMenuItem_.onClick();
+}
+
+void Form::makeGroup(const std::vector<Control*>& controls) {
+  ++groups_;
+  for (Control* control : controls) control->setGroup(groups_);
 }
 
 void Form::load() {
@@ -37,6 +77,8 @@ void Form::setLooks() {
 }
 
 void Form::refresh() { notify(Change::kRepaint); }
+
+void Form::refreshNow() { notify(Change::kRepaintNow); }
 
 void Form::reportUnhandled(const platform::RuntimeError& error) {
   platform::machine().ui().setPointer(platform::Pointer::kDefault);

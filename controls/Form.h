@@ -8,6 +8,7 @@
 
 #include "controls/Control.h"
 #include "controls/FlatButton.h"
+#include "controls/Keys.h"
 #include "controls/Layout.h"
 #include "controls/StatusBar.h"
 #include "platform/RuntimeError.h"
@@ -43,7 +44,27 @@ class Form {
   // The status bar, or null.
   StatusBar* statusBar() const { return statusBar_; }
   // The control that has the keyboard first; null for the first one in tab order.
-  const Control* firstFocus() const { return firstFocus_; }
+  Control* firstFocus() const { return firstFocus_; }
+  // Where the keyboard may go when the control that has it is hidden or disabled, the best first; the cancel button
+  // unless the form knows more. None of them may destroy anything; null stands for none.
+  virtual std::vector<Control*> refuges() { return {cancelButton_}; }
+
+  // The user presses a key while `focus` has the keyboard (null for none of the form's controls). Returns whether it
+  // means something there; otherwise the control gets it. `repeated` is a key that is held down, which goes on only in
+  // a folder list. F1 asks for help, Esc clicks the cancel button, Backspace goes one folder up.
+  bool pressKey(KeyPress press, Control* focus, bool repeated = false);
+  // The user wants help about a control or window of that name. The owner is asked, because only the first window has
+  // the help.
+  virtual void helpRequested(const std::string& name);
+
+  // What the window's system menu has beside the usual entries; an empty caption for nothing.
+  struct SystemMenuItem {
+    std::string caption = {};
+    Event onClick = {};
+  };
+  const SystemMenuItem& systemMenuItem() const { return systemMenuItem_; }
+  // The user's click on it; nothing happens while the form does not accept input.
+  void clickSystemMenuItem();
 
   // The button that Enter clicks, or null. It must not delete anything.
   FlatButton* defaultButton() const { return defaultButton_; }
@@ -71,6 +92,8 @@ class Form {
 
   // Paints what has changed in the window and its controls without waiting for messages.
   void refresh();
+  // The same even a moment after the last time, when refresh() does nothing. For before work without any messages.
+  void refreshNow();
 
   // Shows the number and text of a failure that no handler has dealt with, after resetting the pointer to its default.
   // Returns when the user has closed the message box.
@@ -88,13 +111,18 @@ class Form {
   void attach(Peer* peer) { peer_ = peer; }
 
  protected:
-  Form(std::string name, std::string caption) : name_(std::move(name)), caption_(std::move(caption)) {}
+  Form(std::string name, std::string caption);
 
   void setDefaultButton(FlatButton& button) { defaultButton_ = &button; }
   void setCancelButton(FlatButton& button) { cancelButton_ = &button; }
 
   void setStatusBar(StatusBar& bar) { statusBar_ = &bar; }
-  void setFirstFocus(const Control& control) { firstFocus_ = &control; }
+  void setFirstFocus(Control& control) { firstFocus_ = &control; }
+  void setSystemMenuItem(SystemMenuItem item) { systemMenuItem_ = std::move(item); }
+  // Of several shortcuts of one key the one added last counts, where it means something.
+  void addShortcut(Shortcut shortcut) { shortcuts_.push_back(std::move(shortcut)); }
+  // Makes the controls one stop of Tab.
+  void makeGroup(const std::vector<Control*>& controls);
 
   // The form's load event.
   virtual void formLoad() {}
@@ -111,7 +139,10 @@ class Form {
   FlatButton* defaultButton_ = nullptr;
   FlatButton* cancelButton_ = nullptr;
   StatusBar* statusBar_ = nullptr;
-  const Control* firstFocus_ = nullptr;
+  Control* firstFocus_ = nullptr;
+  std::vector<Shortcut> shortcuts_;
+  int groups_ = 0;
+  SystemMenuItem systemMenuItem_;
   Form* owner_ = nullptr;  // null for the first window
   bool open_ = false;
   bool covered_ = false;  // shows a modal window of its own

@@ -3,8 +3,8 @@
 
 namespace controls {
 
-// What has changed. kClosed and kRepaint come from a form, the others from a control.
-enum class Change { kVisible, kEnabled, kCaption, kToolTip, kValue, kRows, kRepaint, kClosed };
+// What has changed. The last three come from a form, the others from a control.
+enum class Change { kVisible, kEnabled, kCaption, kToolTip, kValue, kRows, kRepaint, kRepaintNow, kClosed };
 
 // Draws one control or form, which has at most one peer and does not own it.
 class Peer {

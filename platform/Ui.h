@@ -20,6 +20,7 @@ inline constexpr std::uint32_t kBoxCritical = 16;
 inline constexpr std::uint32_t kBoxQuestion = 32;
 inline constexpr std::uint32_t kBoxExclamation = 48;
 inline constexpr std::uint32_t kBoxInformation = 64;
+inline constexpr std::uint32_t kBoxProgramIcon = 128;
 inline constexpr std::uint32_t kBoxSecondButtonDefault = 256;
 // A question before something that cannot be undone: Enter answers No.
 inline constexpr std::uint32_t kBoxAsk = kBoxYesNo | kBoxQuestion | kBoxSecondButtonDefault;
@@ -40,8 +41,8 @@ class Ui {
  public:
   virtual ~Ui() = default;
 
-  // MessageBoxA, owned by the active window. Returns the button pressed; closing the box answers Cancel, or OK where OK
-  // is the only button. For a box that cannot be shown returns No, Cancel, or OK where OK is the only button.
+  // MessageBoxIndirectA, owned by the active window. Returns the button pressed; closing the box answers Cancel, or OK
+  // where OK is the only button. For a box that cannot be shown returns No, Cancel, or OK where OK is the only button.
   virtual Answer messageBox(const std::string& text, const std::string& title, std::uint32_t style) = 0;
 
   // GetOpenFileNameA without flags, owned by the active window: returns the full path of one file, which need not be

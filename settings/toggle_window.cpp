@@ -27,6 +27,7 @@ ToggleWindow::ToggleWindow(std::string name, std::string caption, std::string to
   cmdToggle.setMnemonic('E');
   cmd_Cancel.setMnemonic('C');
   setCancelButton(cmd_Cancel);
+  setFirstFocus(cmd_Cancel);
 }
 
 controls::Box ToggleWindow::layoutAround(controls::Label& state, std::vector<std::string> states) {

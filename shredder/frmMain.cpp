@@ -38,6 +38,7 @@ frmMain::frmMain()
       cmdShred(*this, "cmdShred", ControlInit{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
       cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
       cmdClose(*this, "cmdClose", ControlInit{.caption = "Close", .toolTip = "Close Shredder"}),
+      lblProgress(*this, "lblProgress", ControlInit{}),
       lblBlue(*this, "lblBlue", ControlInit{.visible = false, .accessibleName = "Done of this file"},
               controls::Ground::kFilled, 0),
       lblGrey(*this, "lblGrey", ControlInit{.accessibleName = "Progress of this file"}, controls::Ground::kTrack) {
@@ -64,7 +65,8 @@ Box frmMain::layout() {
       controls::column({place(cmdAddFile), place(cmdAddFolder), place(cmdRemoveFile), controls::space().stretch(0, 1),
                         place(cmdShred), place(cmdCancel), place(cmdClose)});
   const Box bar = controls::stack({place(lblBlue), place(lblGrey)}).stretch(1, 0);
-  return controls::column({controls::row({files, commands}), bar});
+  const Box progress = place(lblProgress).shortening().stretch(1, 0);
+  return controls::column({controls::row({files, commands}), progress, bar});
 }
 
 void frmMain::formLoad() {
@@ -155,6 +157,8 @@ void frmMain::cmdShred_Click() {
 }
 
 void frmMain::enterRun() {
+  fileCount_ = ListView1.rowCount();
+  announceFile(1);
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   platform::machine().ui().serveEvents();
   cmdCancel.enable();
@@ -163,18 +167,29 @@ void frmMain::enterRun() {
 
 // The user may remove or add rows, cancel, or close the window whenever the engine processes pending messages.
 frmMain::Outcome frmMain::shredListedFiles() {
-  const std::size_t count = ListView1.rowCount();
-  for (std::size_t n = 0; n < count; ++n) {
+  fileCount_ = ListView1.rowCount();
+  for (std::size_t number = 1; number <= fileCount_; ++number) {
     if (!isOpen()) return Outcome::kWindowClosed;
     if (ListView1.empty()) return Outcome::kListEmptied;
+    announceFile(number);
+    // No messages are processed until the first random pass.
+    refreshNow();
     shredFirstFile();
     if (isOpen() && CancelShred) return Outcome::kCancelled;
   }
   return isOpen() ? Outcome::kAllShredded : Outcome::kWindowClosed;
 }
 
-void frmMain::shredFirstFile() {
+void frmMain::announceFile(std::size_t number) {
+  const std::string path = ListView1.empty() ? "" : ListView1.text(0);
+  fileName_ = path.substr(path.rfind('\\') + 1);
+  fileNumber_ = number;
   ShredPercent = 0;
+  lblBlue.setWidthPercent(0);
+  showProgress();
+}
+
+void frmMain::shredFirstFile() {
   const std::string path = ListView1.text(0);
   firstIsInProgress_ = true;
   // A folder that has become a link since the file was added leads to a file that was not chosen.
@@ -197,13 +212,17 @@ void frmMain::leaveRun(Outcome outcome) {
     messageBox("The selected files have been shredded.", platform::kBoxInformation);
   }
   lblBlue.hide();
+  lblProgress.setCaption("");
   // After a full run both are enabled, although there is nothing left to shred or to cancel.
   cmdCancel.setEnabled(outcome != Outcome::kCancelled);
   cmdShred.enable();
   if (outcome == Outcome::kCancelled) ui.serveEvents();
 }
 
-void frmMain::cmdCancel_Click() { CancelShred = true; }
+void frmMain::cmdCancel_Click() {
+  CancelShred = true;
+  showProgress();
+}
 
 void frmMain::cmdClose_Click() { close(); }
 
@@ -211,4 +230,12 @@ void frmMain::UpdateProgress() {
   if (ShredPercent > 100) ShredPercent = 100;
   lblBlue.show();
   lblBlue.setWidthPercent(ShredPercent);
+  showProgress();
+}
+
+void frmMain::showProgress() {
+  if (!running_) return;
+  const std::string file = "File " + std::to_string(fileNumber_) + " of " + std::to_string(fileCount_) + ", " +
+                           std::to_string(ShredPercent) + "%: " + fileName_;
+  lblProgress.setCaption(CancelShred ? "Stopping after this file. " + file : file);
 }

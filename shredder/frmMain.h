@@ -17,6 +17,7 @@ class frmMain final : public controls::Form {
   frmMain();
 
   controls::Box layout() override;
+  std::vector<controls::Control*> refuges() override { return {&cmdCancel, &ListView1}; }
 
   // The current file's progress in percent.
   std::int16_t ShredPercent = 0;
@@ -37,6 +38,8 @@ class frmMain final : public controls::Form {
   controls::FlatButton cmdShred;
   controls::FlatButton cmdCancel;
   controls::FlatButton cmdClose;
+  // How far the run is.
+  controls::Label lblProgress;
   controls::Label lblBlue;
   controls::Label lblGrey;
 
@@ -62,11 +65,17 @@ class frmMain final : public controls::Form {
 
   Outcome shredListedFiles();
   void shredFirstFile();
+  // Shows that the first file in the list is the next one, that of this number in the run.
+  void announceFile(std::size_t number);
+  void showProgress();
   void enterRun();
   void leaveRun(Outcome outcome);
   void enableByList();
 
   std::set<std::string> addedThroughLinks_;  // the files that had a link among their folders when they were added
   bool running_ = false;
+  std::size_t fileNumber_ = 0;      // of the file in progress, from 1 on
+  std::size_t fileCount_ = 0;       // of the run
+  std::string fileName_;            // of the file in progress
   bool firstIsInProgress_ = false;  // the first row is the file that is being shredded
 };

@@ -254,6 +254,11 @@ std::vector<Control> Window::controls() const {
   return controls;
 }
 
+void Window::changeDpi(int dpi, const RECT& suggested) const {
+  constexpr UINT kDpiChanged = 0x02E0;
+  exchange(handle(), kDpiChanged, static_cast<int>(MAKELONG(dpi, dpi)), suggested);
+}
+
 Control Window::control(const std::string& text, const std::string& after) const {
   const std::vector<Control> all = controls();
   const auto start = after.empty() ? all.begin() : std::ranges::find(all, after, &Control::text);

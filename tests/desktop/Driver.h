@@ -84,6 +84,8 @@ class Window : public Control {
   std::vector<Control> controls() const;
   // What its status bar shows, from left to right.
   Texts statusTexts() const;
+  // Tells the window that its screen has this resolution now, and which place the system suggests. WM_DPICHANGED.
+  void changeDpi(int dpi, const RECT& suggested) const;
   // The one control of that text; with `after`, the first one behind the control with that text.
   Control control(const std::string& text, const std::string& after = "") const;
   List list(const std::string& name) const { return List(control(name)); }

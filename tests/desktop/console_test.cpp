@@ -83,26 +83,34 @@ TEST_F(ConsoleTest, CanBeReadAtAnySize) {
   waitForEnd();
 }
 
-// Tab goes from the folder to the scan and its results, then through the tools, the file types and the drive.
-TEST_F(ConsoleTest, CanBeUsedByTheKeyboardAlone) {
+// The message that Windows sends when the window comes to a screen of another resolution. Wine has one for all.
+TEST_F(ConsoleTest, FollowsTheResolutionOfItsScreen) {
   const Window window = console();
-  Texts visited;
-  const Control first = window.focused();
-  do {
-    const Control now = window.focused();
-    visited.push_back(now.text());
-    pressKey(VK_TAB);
-    waitUntil("Tab to leave \"" + visited.back() + "\"", [&] { return window.focused() != now; });
-  } while (window.focused() != first && visited.size() < 100);
-  std::string order;
-  for (const std::string& text : visited) order += text + ", ";
-  EXPECT_EQ(order,
-            "Folders, Velmatrix web site, Scan, Junk files found, Select All, Invert, Delete, Abort, "
-            "Find 0 Byte Files, Shredder, Delete Temps, Empty Recycle Bin, IE Cache/Cookies, Clear IE History, "
-            "Clear Recent Docs, Clear Typed URLs, Clean MRU Lists, Wipe Index Files, Clear Prefetch, Clear Swap File, "
-            "System Restore, Help, Close, .wbk, .bak, .gid, .tmp, ~*.*, .temp, ._mp, .dir, .---, .syd, .nav, .old, "
-            ".mtx, .cpy, .db$, .db, .prv, .chk, .nu3, .err, Select All, Invert, Custom Ext., , ");
+  const auto places = [&window] {
+    std::vector<RECT> all;
+    for (const Control& control : window.controls()) all.push_back(control.place());
+    return all;
+  };
+  const auto heightOf = [](const RECT& place) { return place.bottom - place.top; };
+  const RECT small = window.place();
+  const std::vector<RECT> before = places();
+  const RECT large = {0, 0, (small.right - small.left) * 3 / 2, heightOf(small) * 3 / 2};
+  window.changeDpi(144, large);
+  const RECT now = window.place();
+  EXPECT_TRUE(EqualRect(&large, &now));
+  const std::vector<RECT> after = places();
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const bool isLower = heightOf(after[i]) * 10 < heightOf(before[i]) * 13;
+    EXPECT_FALSE(isLower && window.controls()[i].visible()) << window.controls()[i].text();
+  }
+  takeScreenshot("console-144dpi");
+  window.changeDpi(96, small);
+  const auto isSame = [](const RECT& one, const RECT& other) { return EqualRect(&one, &other) != FALSE; };
+  EXPECT_TRUE(std::ranges::equal(places(), before, isSame));
+}
 
+TEST_F(ConsoleTest, CanBeUsedByAccessKeys) {
+  const Window window = console();
   // Access keys reach buttons from anywhere, and Space ticks the box that has the keyboard.
   pressKey('X', VK_MENU);
   const Window choose = this->window("Custom File Extensions");

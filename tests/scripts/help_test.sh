@@ -44,7 +44,7 @@ while IFS= read -r name; do
   topic=$(awk -v name="$name" '$1 == name { print $2 }' <<<"$MAP")
   [[ $topic ]] || complain "$name has no topic in topics.txt"
 done < <(
-  sed -nE '/::(Label|Frame|Box) /d; s/^  controls::.* (\w+);$/\1/p' console/frmFind.h
+  sed -nE '/::(Label|Frame|Box|StatusBar) /d; s/^  controls::.* (\w+);$/\1/p' console/frmFind.h
   grep -hoE '^class frm\w+ final : public' -- */frm*.h | awk '{ print $2 }'
 )
 while read -r name topic; do

@@ -100,6 +100,7 @@ inline const KnownBox kKnownBoxes[] = {
     {"System Restore has been disabled.", "System Restore Disabled", 64},
     {kAskShred, kApp, 20},
     {"The selected files have been shredded.", kApp, 64},
+    {"Scrubhaven Pro *\r\n\r\nVelmatrix\r\nhttp://www.velmatrix.example/", "About Scrubhaven Pro", 128},
     {"The name of this file*The file has not been added.", kApp, 48},
     {"The names of some of these files*Those files have not been added.", kApp, 48},
     {"The clipboard is in use by another program.", kApp, 48},

@@ -164,6 +164,7 @@ class Monkey {
     if (oneIn(200)) return form.closeRequested();
     controls::FlatButton* const key = oneIn(2) ? form.cancelButton() : form.defaultButton();
     if (key != nullptr && oneIn(20)) return key->click();
+    if (oneIn(10)) return pressKey(form);
     frmFind& console = *world_->console;
     std::vector<controls::Control*> usable;
     const bool anywhere = oneIn(4);
@@ -175,6 +176,15 @@ class Monkey {
       usable.insert(usable.end(), isChosen ? (isFrequent ? 4 : 1) : 0, control);
     }
     if (!usable.empty()) use(*usable[below(usable.size())]);
+  }
+
+  void pressKey(controls::Form& form) {
+    using controls::Key;
+    constexpr controls::KeyPress kPresses[] = {{Key::kF1},     {Key::kF5},        {Key::kEscape},  {Key::kDelete},
+                                               {Key::kDelete}, {Key::kBackspace}, {Key::kA, true}, {Key::kI, true}};
+    frmFind& console = *world_->console;
+    controls::Control* const focus = oneIn(2) ? world_->front() : form.controls()[below(form.controls().size())];
+    form.pressKey(kPresses[below(std::size(kPresses))], &form == &console ? focus : nullptr);
   }
 
   template <typename Of>

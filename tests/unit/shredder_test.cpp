@@ -136,7 +136,13 @@ TEST_F(Shredder, FilesThatCannotBeOverwrittenOrMovedStayAndEmptyOnesGetOneByte) 
 
 TEST_F(Shredder, CancelEndsTheRunAfterTheFileAndStaysInForce) {
   add({"a.txt", "b.txt", "c.txt"});
-  EXPECT_EQ(shred([&] { form.cmdCancel.click(); }), kQuiet);
+  EXPECT_EQ(shred([&] {
+              EXPECT_EQ(form.lblProgress.caption(), "File 1 of 3, 4%: a.txt");
+              form.cmdCancel.click();
+              EXPECT_EQ(form.lblProgress.caption(), "Stopping after this file. File 1 of 3, 4%: a.txt");
+            }),
+            kQuiet);
+  EXPECT_EQ(form.lblProgress.caption(), "");
   EXPECT_EQ(rowsOf(form.ListView1), (Paths{"C:\\Docs\\b.txt", "C:\\Docs\\c.txt"}));
   EXPECT_EQ(machine.disk().writes().size(), kPasses) << "the file in progress is finished";
   EXPECT_FALSE(form.cmdCancel.enabled() || form.lblBlue.visible());

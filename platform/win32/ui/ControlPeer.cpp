@@ -63,6 +63,11 @@ void ControlPeer::changed(controls::Change change) {
   if (change == controls::Change::kValue || change == controls::Change::kRows) valueChanged_ = true;
 }
 
+void ControlPeer::metricsChanged() {
+  SendMessageA(handle_, WM_SETFONT, reinterpret_cast<WPARAM>(host_.metrics.font()), FALSE);
+  changed(controls::Change::kValue);
+}
+
 void ControlPeer::flush() {
   if (captionChanged_) showCaption();
   if (valueChanged_) {
@@ -89,11 +94,6 @@ void ControlPeer::showState() {
     shown_ = !shown_;
     ShowWindow(handle_, shown_ ? SW_SHOWNA : SW_HIDE);
   }
-}
-
-bool ControlPeer::isKeyboardKind() const {
-  const controls::Kind kind = control_.kind();
-  return kind != controls::Kind::kLabel && kind != controls::Kind::kFrame && kind != controls::Kind::kStatusBar;
 }
 
 }  // namespace platform::win32

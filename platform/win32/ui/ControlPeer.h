@@ -38,19 +38,21 @@ class ControlPeer : public controls::Peer {
   ControlPeer& operator=(const ControlPeer&) = delete;
 
   HWND handle() const { return handle_; }
-  const controls::Control& control() const { return control_; }
+  controls::Control& control() const { return control_; }
 
   void changed(controls::Change change) override;
   // Applies the changes of the control to the native window.
   void flush();
 
   // Whether the control can have the keyboard focus now.
-  bool takesFocus() const { return control_.shown() && control_.usable() && isKeyboardKind(); }
+  bool takesFocus() const { return control_.takesFocus(); }
 
   // The rectangle of the native window for the control's rectangle `place`. They differ for a drop-down list.
   virtual controls::Rect nativePlace(const controls::Rect& place) const { return place; }
   // Called after the native window has been moved or resized.
   virtual void placed() {}
+  // Called after the font or the resolution of `metrics` has changed; the control is placed afterwards. WM_SETFONT.
+  virtual void metricsChanged();
 
   // The messages that the native window sends to its parent: WM_COMMAND with its notification code, WM_NOTIFY,
   // WM_DRAWITEM.
@@ -79,7 +81,6 @@ class ControlPeer : public controls::Peer {
   virtual void showValue() {}
 
  private:
-  bool isKeyboardKind() const;
   void showState();
   void showCaption();
 

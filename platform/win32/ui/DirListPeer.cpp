@@ -26,6 +26,11 @@ DirListPeer::DirListPeer(const Host& host, controls::DirList& list)
   SendMessageA(handle(), LB_SETITEMHEIGHT, 0, MAKELPARAM(lineHeight(), 0));
 }
 
+void DirListPeer::metricsChanged() {
+  ControlPeer::metricsChanged();
+  SendMessageA(handle(), LB_SETITEMHEIGHT, 0, MAKELPARAM(lineHeight(), 0));
+}
+
 int DirListPeer::lineHeight() const { return metrics().pixelsY(kLineHeight); }
 
 int DirListPeer::textLeft(const controls::DirEntry& entry) const {

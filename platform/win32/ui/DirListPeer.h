@@ -13,6 +13,7 @@ class DirListPeer final : public ControlPeer {
   void onCommand(int code) override;
   void draw(const DRAWITEMSTRUCT& item) override;
   bool press() override;
+  void metricsChanged() override;
 
  protected:
   void showValue() override;

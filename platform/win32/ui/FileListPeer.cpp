@@ -21,6 +21,11 @@ void FileListPeer::changed(controls::Change change) {
   ControlPeer::changed(change);
 }
 
+void FileListPeer::metricsChanged() {
+  filesChanged_ = true;
+  ControlPeer::metricsChanged();
+}
+
 // LB_GETCURSEL returns LB_ERR when nothing is selected; click() ignores an index out of range.
 void FileListPeer::onCommand(int code) {
   if (code == LBN_SELCHANGE) list_.click(static_cast<std::size_t>(SendMessageA(handle(), LB_GETCURSEL, 0, 0)));

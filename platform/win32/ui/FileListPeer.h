@@ -12,6 +12,7 @@ class FileListPeer final : public ControlPeer {
 
   void changed(controls::Change change) override;
   void onCommand(int code) override;
+  void metricsChanged() override;
 
  protected:
   void showValue() override;

@@ -1,8 +1,11 @@
 #include "platform/win32/ui/FormWindow.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 #include "platform/win32/ui/Accessibility.h"
+#include "platform/win32/ui/Dpi.h"
 #include "platform/win32/ui/DroppedFiles.h"
 #include "platform/win32/ui/PeerFactory.h"
 #include "platform/win32/ui/Scheme.h"
@@ -11,9 +14,12 @@ namespace platform::win32 {
 namespace {
 
 constexpr const char* kWindowClass = "ScrubhavenForm";
-constexpr const char* kIconName = "APPLICATION";
 constexpr UINT kThemeChanged = 0x031A;  // WM_THEMECHANGED, from Windows XP on
+constexpr UINT kDpiChanged = 0x02E0;    // WM_DPICHANGED, from Windows 8.1 on
 constexpr UINT kAnnotate = WM_APP;
+// The system uses the four lowest bits of the commands of a system menu.
+constexpr UINT kSystemMenuItem = 0x0010;
+constexpr WPARAM kSystemMenuMask = 0xFFF0;
 constexpr UINT_PTR kHoverTimer = 1;
 constexpr int kScrollLine = 14;      // dialog units
 constexpr int kRevealMargin = 4;     // dialog units around a control that is scrolled into view
@@ -46,12 +52,8 @@ void registerClass(WNDPROC procedure) {
 
 HWND createWindow(const controls::Form& form, HWND owner, WNDPROC procedure) {
   registerClass(procedure);
-  const HWND window =
-      CreateWindowExA(WS_EX_CONTROLPARENT, kWindowClass, form.caption().c_str(), windowStyle(owner != nullptr), 0, 0, 0,
-                      0, owner, nullptr, GetModuleHandleA(nullptr), nullptr);
-  SendMessageA(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(loadIcon(GetSystemMetrics(SM_CXICON))));
-  SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(loadIcon(GetSystemMetrics(SM_CXSMICON))));
-  return window;
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kWindowClass, form.caption().c_str(), windowStyle(owner != nullptr), 0, 0,
+                         0, 0, owner, nullptr, GetModuleHandleA(nullptr), nullptr);
 }
 
 RECT workArea() {
@@ -75,8 +77,13 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
       handle_(createWindow(form, owner == nullptr ? nullptr : owner->handle(), procedure)),
       toolTips_(handle_) {
   SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  metrics_.update(dpiOf(handle_));
+  setIcons();
+  addSystemMenuItem();
   createControls();
   followScheme(handle_);
+  // Access keys and the focus are shown from the start, not only after a key has been used.
+  SendMessageA(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   form_.attach(this);
 }
 
@@ -90,6 +97,21 @@ FormWindow::~FormWindow() {
     for (const auto& [window, peer] : peers_) removeAnnotations(window, peer->control());
   }
   DestroyWindow(handle_);
+}
+
+void FormWindow::setIcons() const {
+  for (const auto& [kind, metric] : {std::pair{ICON_BIG, SM_CXICON}, {ICON_SMALL, SM_CXSMICON}}) {
+    const HICON icon = loadIcon(systemMetric(metric, handle_));
+    SendMessageA(handle_, WM_SETICON, static_cast<WPARAM>(kind), reinterpret_cast<LPARAM>(icon));
+  }
+}
+
+void FormWindow::addSystemMenuItem() const {
+  const std::string& caption = form_.systemMenuItem().caption;
+  if (caption.empty()) return;
+  const HMENU menu = GetSystemMenu(handle_, FALSE);
+  AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+  AppendMenuA(menu, MF_STRING, kSystemMenuItem, caption.c_str());
 }
 
 void FormWindow::createControls() {
@@ -150,14 +172,13 @@ void FormWindow::close() {
 
 void FormWindow::changed(controls::Change change) {
   if (change == controls::Change::kClosed) close();
-  if (change == controls::Change::kRepaint) repaintNow();
+  const bool isDue = GetTickCount() - repaintedAt_ >= kFlushInterval;
+  if (change == controls::Change::kRepaintNow || (change == controls::Change::kRepaint && isDue)) repaint();
 }
 
 // Paints what has changed immediately, because the running handler may not process messages for a long time.
-void FormWindow::repaintNow() {
-  const DWORD now = GetTickCount();
-  if (now - repaintedAt_ < kFlushInterval) return;
-  repaintedAt_ = now;
+void FormWindow::repaint() {
+  repaintedAt_ = GetTickCount();
   flush();
   RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -204,7 +225,7 @@ void FormWindow::followFocus(bool byKey) {
 
 controls::Size FormWindow::wholeSize(controls::Size inside) const {
   RECT frame = {0, 0, inside.width, inside.height};
-  AdjustWindowRectEx(&frame, windowStyle(owner_ != nullptr), FALSE, WS_EX_CONTROLPARENT);
+  adjustWindowRect(frame, windowStyle(owner_ != nullptr), WS_EX_CONTROLPARENT, handle_);
   return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
 }
 
@@ -261,7 +282,7 @@ void FormWindow::arrange() {
   const controls::Size content = controls::leastSize(layout_, metrics_);
   controls::Size inside = room();
   inside.height = std::max(0, inside.height - statusHeight());
-  const controls::Size bar = {GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
+  const controls::Size bar = {systemMetric(SM_CXVSCROLL, handle_), systemMetric(SM_CYHSCROLL, handle_)};
   const controls::ScrollBars bars = controls::scrollBarsFor(content, inside, bar);
   if (bars.vertical) inside.width = std::max(0, inside.width - bar.width);
   if (bars.horizontal) inside.height = std::max(0, inside.height - bar.height);
@@ -428,12 +449,50 @@ LRESULT FormWindow::receiveActivation(WPARAM first, LPARAM second) {
   return 0;
 }
 
-// The window cannot be made smaller than its least size, unless the work area is smaller.
-LRESULT FormWindow::receiveSizeLimits(MINMAXINFO& limits) const {
+controls::Size FormWindow::leastSizeOnScreen() const {
   const controls::Size least = leastWholeSize();
   const RECT area = workArea();
-  limits.ptMinTrackSize = {std::min<LONG>(least.width, area.right - area.left),
-                           std::min<LONG>(least.height, area.bottom - area.top)};
+  return {std::min<int>(least.width, area.right - area.left), std::min<int>(least.height, area.bottom - area.top)};
+}
+
+LRESULT FormWindow::receiveSizeLimits(MINMAXINFO& limits) const {
+  const controls::Size least = leastSizeOnScreen();
+  limits.ptMinTrackSize = {least.width, least.height};
+  return 0;
+}
+
+bool FormWindow::takeOverMetrics(int dpi) {
+  if (!metrics_.update(dpi)) return false;
+  setIcons();
+  for (const auto& [window, peer] : peers_) peer->metricsChanged();
+  // The controls may stay where they are and still need to be told.
+  placed_.clear();
+  return true;
+}
+
+LRESULT FormWindow::receiveDpi(int dpi, const RECT& suggested) {
+  takeOverMetrics(dpi);
+  SetWindowPos(handle_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  if (!IsIconic(handle_)) arrange();
+  flush();
+  return 0;
+}
+
+// The window grows where its controls need more room in the new font.
+LRESULT FormWindow::receiveSettings() {
+  forwardColourChange();
+  if (!takeOverMetrics(metrics_.dpi()) || IsIconic(handle_)) return 0;
+  RECT whole;
+  GetWindowRect(handle_, &whole);
+  const controls::Size least = leastSizeOnScreen();
+  const int width = std::max<int>(least.width, whole.right - whole.left);
+  const int height = std::max<int>(least.height, whole.bottom - whole.top);
+  if (!IsZoomed(handle_)) {
+    SetWindowPos(handle_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  arrange();
+  flush();
   return 0;
 }
 
@@ -534,9 +593,16 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
       form_.drop(droppedPaths(reinterpret_cast<HDROP>(first)));
       return 0;
     case WM_SYSCOLORCHANGE:
-    case WM_SETTINGCHANGE:
     case kThemeChanged:
       forwardColourChange();
+      return 0;
+    case WM_SETTINGCHANGE:
+      return receiveSettings();
+    case kDpiChanged:
+      return receiveDpi(HIWORD(first), *reinterpret_cast<const RECT*>(second));
+    case WM_SYSCOMMAND:
+      if ((first & kSystemMenuMask) != kSystemMenuItem) return DefWindowProcA(handle_, message, first, second);
+      form_.clickSystemMenuItem();
       return 0;
     case WM_CLOSE:
       form_.closeRequested();

@@ -23,6 +23,9 @@ namespace platform::win32 {
 inline constexpr DWORD kFlushInterval = 100;
 inline constexpr DWORD kMessageInterval = 10;
 
+// The resource that is the icon of all windows.
+inline constexpr const char* kIconName = "APPLICATION";
+
 class FormWindow final : public controls::Peer {
  public:
   // Creates the window, hidden, and its native controls. `owner` may be null. `form` and `ui`, which supplies the
@@ -61,7 +64,12 @@ class FormWindow final : public controls::Peer {
   // WM_HSCROLL or WM_VSCROLL: `bar` is SB_HORZ or SB_VERT, `action` is SB_LINEUP ...
   LRESULT receiveScroll(int bar, int action);
   LRESULT receiveWheel(int delta);
+  // WM_DPICHANGED: the window is on a screen of another resolution, or that of its screen has changed.
+  LRESULT receiveDpi(int dpi, const RECT& suggested);
+  LRESULT receiveSettings();
 
+  void setIcons() const;
+  void addSystemMenuItem() const;
   void createControls();
   // The peers of the controls in the layout, in its order.
   std::vector<ControlPeer*> tabOrder() const;
@@ -88,7 +96,12 @@ class FormWindow final : public controls::Peer {
   controls::Size leastWholeSize() const;
   // The rectangle in which the window opens, in screen coordinates.
   controls::Rect initialPlace() const;
-  void repaintNow();
+  void repaint();
+  // Takes over the user's font for this resolution. Returns whether anything has changed; the controls must then be
+  // arranged.
+  bool takeOverMetrics(int dpi);
+  // The least size of the window, less where the screen is smaller.
+  controls::Size leastSizeOnScreen() const;
   void redrawAll() const;
   void forwardColourChange() const;
   // The pointer has entered the control of `peer`; null when it has left all controls.
@@ -116,7 +129,7 @@ class FormWindow final : public controls::Peer {
   bool arranging_ = false;
   bool rearrange_ = false;
   bool changed_ = true;
-  DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
+  DWORD repaintedAt_ = 0;  // tick count of the last repaint()
   bool annotated_ = false;
   bool closed_ = false;
 };

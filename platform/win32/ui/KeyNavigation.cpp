@@ -1,9 +1,23 @@
 #include "platform/win32/ui/KeyNavigation.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform::win32 {
 namespace {
+
+using controls::Key;
+
+constexpr struct {
+  WPARAM code;
+  Key key;
+} kKeys[] = {{VK_F1, Key::kF1},
+             {VK_F5, Key::kF5},
+             {VK_ESCAPE, Key::kEscape},
+             {VK_DELETE, Key::kDelete},
+             {VK_BACK, Key::kBackspace},
+             {'A', Key::kA},
+             {'I', Key::kI}};
 
 // Auto-repeat must not click a button that appeared after the first click.
 bool isRepeated(const MSG& message) {
@@ -15,12 +29,21 @@ bool isDown(int key) { return GetKeyState(key) < 0; }
 
 bool isDropped(HWND window) { return SendMessageA(window, CB_GETDROPPEDSTATE, 0, 0) != 0; }
 
-bool usesArrows(HWND window) { return (SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS) != 0; }
+std::vector<controls::Control*> controlsOf(const std::vector<ControlPeer*>& peers) {
+  std::vector<controls::Control*> all;
+  for (const ControlPeer* peer : peers) all.push_back(&peer->control());
+  return all;
+}
 
 }  // namespace
 
-KeyNavigation::KeyNavigation(const controls::Form& form, std::vector<ControlPeer*> order)
-    : form_(form), order_(std::move(order)) {}
+KeyNavigation::KeyNavigation(controls::Form& form, std::vector<ControlPeer*> order)
+    : form_(form), peers_(std::move(order)), order_(form, controlsOf(peers_)) {}
+
+void KeyNavigation::setOrder(std::vector<ControlPeer*> order) {
+  peers_ = std::move(order);
+  order_.setOrder(controlsOf(peers_));
+}
 
 bool KeyNavigation::handle(const MSG& message) {
   if (message.message == WM_KEYDOWN) return pressKey(message);
@@ -29,42 +52,46 @@ bool KeyNavigation::handle(const MSG& message) {
 }
 
 bool KeyNavigation::pressKey(const MSG& message) {
-  ControlPeer* const here = focused();
-  if (here != nullptr && here->control().kind() == controls::Kind::kDriveList && isDropped(here->handle())) {
-    return false;
+  const ControlPeer* const peer = focused();
+  controls::Control* const here = peer == nullptr ? nullptr : &peer->control();
+  if (here != nullptr) {
+    if (here->kind() == controls::Kind::kDriveList && isDropped(peer->handle())) return false;
+    order_.visit(*here);
   }
+  if (pressShortcut(message, here)) return true;
   switch (message.wParam) {
-    case VK_TAB: {
-      if (isDown(VK_CONTROL)) return false;
-      ControlPeer* const there = next(here, !isDown(VK_SHIFT));
-      if (there != nullptr) focus(*there);
-      return true;
-    }
+    case VK_TAB:
+      return !isDown(VK_CONTROL) && pressTab(here, !isDown(VK_SHIFT));
     case VK_RETURN:
       return isRepeated(message) || pressEnter();
-    case VK_ESCAPE:
-      return isRepeated(message) || pressEscape();
     case VK_LEFT:
     case VK_UP:
-      return moveByArrow(false);
+      return moveByArrow(here, false);
     case VK_RIGHT:
     case VK_DOWN:
-      return moveByArrow(true);
+      return moveByArrow(here, true);
     default:
       return false;
   }
+}
+
+// Right Alt counts as Ctrl and Alt, and makes characters.
+bool KeyNavigation::pressShortcut(const MSG& message, controls::Control* here) {
+  const auto isKey = [&message](const auto& one) { return one.code == message.wParam; };
+  const auto* const known = std::ranges::find_if(kKeys, isKey);
+  if (known == std::end(kKeys) || isDown(VK_SHIFT) || isDown(VK_MENU)) return false;
+  return form_.pressKey({.key = known->key, .control = isDown(VK_CONTROL)}, here, isRepeated(message));
+}
+
+bool KeyNavigation::pressTab(const controls::Control* here, bool forward) {
+  focus(order_.tab(here, forward));
+  return true;
 }
 
 bool KeyNavigation::pressEnter() {
   ControlPeer* const here = focused();
   if (here != nullptr && here->press()) return true;
   if (form_.defaultButton() != nullptr) form_.defaultButton()->click();
-  return true;
-}
-
-bool KeyNavigation::pressEscape() {
-  if (form_.cancelButton() == nullptr) return false;
-  form_.cancelButton()->click();
   return true;
 }
 
@@ -75,61 +102,40 @@ bool KeyNavigation::pressLetter(char letter) {
     const controls::Control& control = peer->control();
     return control.mnemonic() == upper && control.shown() && control.usable();
   };
-  const auto found = std::ranges::find_if(order_, answers);
-  if (found == order_.end()) return false;
-  ControlPeer* const target = (*found)->takesFocus() ? *found : next(*found, true);
-  if (target == nullptr) return false;
-  focus(*target);
-  if (target == *found) target->clickByMnemonic();
+  const auto found = std::ranges::find_if(peers_, answers);
+  if (found == peers_.end()) return false;
+  const controls::Control& named = (*found)->control();
+  focus(named.takesFocus() ? &named : order_.tab(&named, true));
+  if (named.takesFocus()) (*found)->clickByMnemonic();
   return true;
 }
 
-// Arrow keys move the focus within one frame. The loop ends at the starting control, which must therefore be able to
-// take the focus itself.
-bool KeyNavigation::moveByArrow(bool forward) {
-  ControlPeer* const here = focused();
-  if (here == nullptr || !here->takesFocus() || usesArrows(here->handle())) return false;
-  ControlPeer* there = next(here, forward);
-  while (there != here && (there->control().frame() != here->control().frame() || usesArrows(there->handle()))) {
-    there = next(there, forward);
-  }
-  focus(*there);
-  return true;
+bool KeyNavigation::moveByArrow(const controls::Control* here, bool forward) {
+  const controls::Control* const there = here == nullptr ? nullptr : order_.arrow(*here, forward);
+  focus(there);
+  return there != nullptr;
 }
 
 ControlPeer* KeyNavigation::focused() const {
   const HWND window = GetFocus();
   const auto has = [window](const ControlPeer* peer) { return peer->handle() == window; };
-  const auto found = std::ranges::find_if(order_, has);
-  return found == order_.end() ? nullptr : *found;
-}
-
-ControlPeer* KeyNavigation::next(const ControlPeer* from, bool forward) const {
-  const std::size_t count = order_.size();
-  const auto start = static_cast<std::size_t>(std::ranges::find(order_, from) - order_.begin());
-  // Without `from`, the search starts at the first control, or at the last one when it goes backward.
-  std::size_t index = start < count ? start : forward ? count - 1 : 0;
-  for (std::size_t step = 0; step < count; ++step) {
-    index = (index + (forward ? 1 : count - 1)) % count;
-    if (order_[index]->takesFocus()) return order_[index];
-  }
-  return nullptr;
+  const auto found = std::ranges::find_if(peers_, has);
+  return found == peers_.end() ? nullptr : *found;
 }
 
 // Selects the text of a text box, so that typing replaces it, as dialogs do.
-void KeyNavigation::focus(ControlPeer& peer) {
-  SetFocus(peer.handle());
-  if ((SendMessageA(peer.handle(), WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
-    SendMessageA(peer.handle(), EM_SETSEL, 0, -1);
-  }
+void KeyNavigation::focus(const controls::Control* control) {
+  const auto isIts = [control](const ControlPeer* peer) { return &peer->control() == control; };
+  const auto found = std::ranges::find_if(peers_, isIts);
+  if (found == peers_.end()) return;
+  const HWND window = (*found)->handle();
+  SetFocus(window);
+  if ((SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageA(window, EM_SETSEL, 0, -1);
 }
 
 void KeyNavigation::restoreFocus() {
-  ControlPeer* const first = usablePeerOf(form_.firstFocus());
-  ControlPeer* const target = remembered_ != nullptr && remembered_->takesFocus() ? remembered_
-                              : first != nullptr                                  ? first
-                                                                                  : next(nullptr, true);
-  if (target != nullptr) focus(*target);
+  if (remembered_ == nullptr) return focus(order_.first());
+  focus(remembered_->takesFocus() ? &remembered_->control() : order_.refuge());
 }
 
 void KeyNavigation::rememberFocus() {
@@ -139,25 +145,8 @@ void KeyNavigation::rememberFocus() {
 
 void KeyNavigation::beginChanges() { focusedBefore_ = focused(); }
 
-// A control most often becomes unusable because work has started, so the focus goes to the cancel button; without one,
-// to the control before, because the one after may be another button that starts something.
 void KeyNavigation::endChanges() {
-  ControlPeer* const before = focusedBefore_;
-  if (before == nullptr || before->takesFocus()) return;
-  const bool goesBack = before == successor_ && displaced_->takesFocus();
-  ControlPeer* const cancel = usablePeerOf(form_.cancelButton());
-  ControlPeer* const there = goesBack ? displaced_ : cancel != nullptr ? cancel : next(before, false);
-  displaced_ = before;
-  successor_ = goesBack ? nullptr : there;
-  if (there != nullptr) focus(*there);
-}
-
-ControlPeer* KeyNavigation::usablePeerOf(const controls::Control* control) const {
-  const auto isWanted = [control](const ControlPeer* peer) {
-    return &peer->control() == control && peer->takesFocus();
-  };
-  const auto found = std::ranges::find_if(order_, isWanted);
-  return found == order_.end() ? nullptr : *found;
+  if (focusedBefore_ != nullptr && !focusedBefore_->takesFocus()) focus(order_.refuge());
 }
 
 }  // namespace platform::win32

@@ -1,58 +1,53 @@
-// Keyboard navigation in a form: Tab and the arrow keys, Enter and Esc, Alt with a mnemonic.
+// The keyboard in a form: Tab and the arrow keys, Enter, Alt with a mnemonic, and the form's shortcuts.
 #pragma once
 
 #include <windows.h>
 
-#include <cstddef>
-#include <utility>
 #include <vector>
 
 #include "controls/Form.h"
+#include "controls/TabOrder.h"
 #include "platform/win32/ui/ControlPeer.h"
 
 namespace platform::win32 {
 
 class KeyNavigation {
  public:
-  // `order` is the tab order; its peers must outlive this object.
-  KeyNavigation(const controls::Form& form, std::vector<ControlPeer*> order);
-  void setOrder(std::vector<ControlPeer*> order) { order_ = std::move(order); }
+  // `order` is the tab order; the form and its peers must outlive this object.
+  KeyNavigation(controls::Form& form, std::vector<ControlPeer*> order);
+  void setOrder(std::vector<ControlPeer*> order);
 
-  // Handles a navigation key; false when the message is to be dispatched to the control.
+  // Handles a key; false when the message is to be dispatched to the control.
   bool handle(const MSG& message);
 
-  // Sets the focus to the control last remembered, or to the form's first focus, or to the first one that takes it.
-  // SetFocus.
+  // Sets the focus to the control last remembered; to the form's first one when there is none; and to a refuge when it
+  // does not take the focus any more. SetFocus.
   void restoreFocus();
   // Remembers which control has the focus. GetFocus.
   void rememberFocus();
   // The peer of the control that has the focus; null when none has it. GetFocus.
   ControlPeer* focused() const;
 
-  // To be called before and after controls are shown, hidden, enabled or disabled. A control that can no longer have
-  // the focus passes it to another one, its successor, and gets it back when the successor loses it in the same way.
+  // To be called before and after controls are shown, hidden, enabled or disabled. When the control with the focus can
+  // no longer have it, a refuge gets it.
   void beginChanges();
   void endChanges();
 
  private:
-  // The peer of the control if it takes the focus, else null.
-  ControlPeer* usablePeerOf(const controls::Control* control) const;
   bool pressKey(const MSG& message);
+  bool pressShortcut(const MSG& message, controls::Control* here);
+  bool pressTab(const controls::Control* here, bool forward);
   bool pressEnter();
-  bool pressEscape();
   bool pressLetter(char letter);
-  bool moveByArrow(bool forward);
-  // The next control in tab order that takes the focus, wrapping around; null when there is none. `from` may be null:
-  // the first or last one.
-  ControlPeer* next(const ControlPeer* from, bool forward) const;
-  static void focus(ControlPeer& peer);
+  bool moveByArrow(const controls::Control* here, bool forward);
+  // Does nothing for a null pointer.
+  void focus(const controls::Control* control);
 
-  const controls::Form& form_;
-  std::vector<ControlPeer*> order_;
+  controls::Form& form_;
+  std::vector<ControlPeer*> peers_;  // in tab order
+  controls::TabOrder order_;
   ControlPeer* remembered_ = nullptr;
   ControlPeer* focusedBefore_ = nullptr;
-  ControlPeer* displaced_ = nullptr;  // the last control that passed the focus on
-  ControlPeer* successor_ = nullptr;  // got the focus from displaced_; null after it went back
 };
 
 }  // namespace platform::win32

@@ -11,13 +11,18 @@
 namespace platform::win32 {
 
 // Uses the message font of the user's settings (SystemParametersInfoA), so that windows follow its size and the
-// screen's resolution.
+// screen's resolution. Both may change while the program runs.
 class ScreenMetrics final : public controls::Metrics {
  public:
   ScreenMetrics();
   ~ScreenMetrics() override;
   ScreenMetrics(const ScreenMetrics&) = delete;
   ScreenMetrics& operator=(const ScreenMetrics&) = delete;
+
+  // Takes over the user's settings for a screen of `dpi` dots per inch. Returns whether anything has changed: font()
+  // is then another one, and the former one is deleted.
+  bool update(int dpi);
+  int dpi() const { return dpi_; }
 
   int pixelsX(int dialogUnits) const override;
   int pixelsY(int dialogUnits) const override;
@@ -33,7 +38,11 @@ class ScreenMetrics final : public controls::Metrics {
   int lineHeight() const { return baseHeight_; }
 
  private:
-  HFONT font_;
+  void measure();
+
+  LOGFONTA settings_ = {};  // of font_
+  HFONT font_ = nullptr;
+  int dpi_ = 0;
   HDC screen_;  // memory device context with font_ selected
   HGDIOBJ fontBefore_;
   int lettersWidth_ = 0;  // pixels of 52 times four horizontal dialog units

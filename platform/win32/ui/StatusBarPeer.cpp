@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/win32/CodePage.h"
+#include "platform/win32/ui/Dpi.h"
 #include "platform/win32/ui/TextDrawing.h"
 
 namespace platform::win32 {
@@ -65,7 +66,7 @@ void StatusBarPeer::divide(const std::vector<int>& widths) {
   GetClientRect(handle(), &room);
   std::vector<int> edges(widths.size() + 1);
   edges.back() = room.right;
-  int left = room.right - GetSystemMetrics(SM_CXVSCROLL);
+  int left = room.right - systemMetric(SM_CXVSCROLL, handle());
   for (std::size_t i = widths.size(); i-- > 0;) edges[i] = left = std::max(0, left - widths[i]);
   if (edges == rightEdges_) return;
   rightEdges_ = edges;

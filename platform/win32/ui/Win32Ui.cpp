@@ -124,7 +124,15 @@ Win32Ui::~Win32Ui() = default;
 
 Answer Win32Ui::messageBox(const std::string& text, const std::string& title, std::uint32_t style) {
   flush();
-  const int pressed = MessageBoxA(activeWindow(), text.c_str(), title.c_str(), style);
+  MSGBOXPARAMSA box = {};
+  box.cbSize = sizeof(box);
+  box.hwndOwner = activeWindow();
+  box.hInstance = GetModuleHandleA(nullptr);
+  box.lpszText = text.c_str();
+  box.lpszCaption = title.c_str();
+  box.dwStyle = style;
+  box.lpszIcon = kIconName;
+  const int pressed = MessageBoxIndirectA(&box);
   const auto answer = static_cast<Answer>(pressed);
   // Wine answers Esc in a Yes/No box with Cancel, which must not be taken for consent.
   const bool isYesNo = (style & MB_TYPEMASK) == MB_YESNO;
