@@ -286,7 +286,7 @@ class frmFind final : public controls::Form {
   controls::Box commandsOf(const controls::ListView& list);
   ScanState scan_;
   std::string rightsNotice_;  // see rightsNotice()
-  // ---- Menus and keys of the result lists --------------------------------------------------------------------------
+  // ---- Menus of the result lists -----------------------------------------------------------------------------------
 
   void bindRows();
   controls::Menu rowMenu(controls::ListView& list);

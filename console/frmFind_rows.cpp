@@ -1,4 +1,4 @@
-// What the user does with the rows of the console's result lists, beside ticking them: their menu and the Del key.
+// What the user does with the rows of the console's result lists, beside ticking them: their menu.
 #include <algorithm>
 
 #include "console/frmFind.h"

@@ -38,7 +38,7 @@ frmMain::frmMain()
       cmdShred(*this, "cmdShred", ControlInit{.caption = "Shred Files", .toolTip = "Shred Listed Files"}),
       cmdCancel(*this, "cmdCancel", ControlInit{.caption = "Cancel", .toolTip = "Cancel Shredding Operation"}),
       cmdClose(*this, "cmdClose", ControlInit{.caption = "Close", .toolTip = "Close Shredder"}),
-      lblProgress(*this, "lblProgress", ControlInit{}),
+      lblProgress(*this, "lblProgress", ControlInit{.visible = false}),
       lblBlue(*this, "lblBlue", ControlInit{.visible = false, .accessibleName = "Done of this file"},
               controls::Ground::kFilled, 0),
       lblGrey(*this, "lblGrey", ControlInit{.accessibleName = "Progress of this file"}, controls::Ground::kTrack) {
@@ -212,7 +212,7 @@ void frmMain::leaveRun(Outcome outcome) {
     messageBox("The selected files have been shredded.", platform::kBoxInformation);
   }
   lblBlue.hide();
-  lblProgress.setCaption("");
+  lblProgress.hide();
   // After a full run both are enabled, although there is nothing left to shred or to cancel.
   cmdCancel.setEnabled(outcome != Outcome::kCancelled);
   cmdShred.enable();
@@ -237,5 +237,6 @@ void frmMain::showProgress() {
   if (!running_) return;
   const std::string file = "File " + std::to_string(fileNumber_) + " of " + std::to_string(fileCount_) + ", " +
                            std::to_string(ShredPercent) + "%: " + fileName_;
+  lblProgress.show();
   lblProgress.setCaption(CancelShred ? "Stopping after this file. " + file : file);
 }

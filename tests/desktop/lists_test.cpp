@@ -40,7 +40,7 @@ TEST_F(ConsoleTest, RowsAreTickedInGroupsAndCopiedByTheKeyboard) {
   pressKey('A');
   waitForTicks("xxxx-");
   pressKey(VK_DELETE);
-  answer({"Confirm Deletion", "No"});
+  answer({"Confirm Deletion", "No", "Confirm file deletion?"});
 }
 
 // No control has the name of its variable.

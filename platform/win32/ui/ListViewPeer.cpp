@@ -12,7 +12,6 @@ namespace platform::win32 {
 namespace {
 
 constexpr int kEmptyTextMargin = 4;  // dialog units
-constexpr int kTickSide = 16;        // pixels at 96 dots per inch
 constexpr int kTextMargins = 8;      // dialog units, left and right of a cell's text
 constexpr int kSortArrow = 8;        // dialog units
 constexpr int kSortedUp = 0x0400;    // HDF_SORTUP, from version 6 of the common controls on
@@ -189,15 +188,6 @@ void ListViewPeer::showOrder() {
                                           : kSortedUp);
     SendMessageA(header, HDM_SETITEMA, i, reinterpret_cast<LPARAM>(&item));
   }
-}
-
-void ListViewPeer::metricsChanged() {
-  ControlPeer::metricsChanged();
-  if (tickPictures_ == nullptr) return;
-  const HIMAGELIST before = tickPictures_;
-  tickPictures_ = makeTickPictures(metrics().pixels(kTickSide));
-  SendMessageA(handle(), LVM_SETIMAGELIST, LVSIL_STATE, reinterpret_cast<LPARAM>(tickPictures_));
-  ImageList_Destroy(before);
 }
 
 void ListViewPeer::placed() { distributeColumnWidths(); }

@@ -22,7 +22,6 @@ class ListViewPeer final : public ControlPeer {
 
   void changed(controls::Change change) override;
   void placed() override;
-  void metricsChanged() override;
   LRESULT onNotify(NMHDR& header) override;
   // The whole text of a cell that is cut under the pointer, else the control's tooltip.
   std::string toolTip() const override;
