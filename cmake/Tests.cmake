@@ -13,13 +13,16 @@ add_subdirectory("${GOOGLETEST_DIR}" "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FR
 set(scripts "${CMAKE_SOURCE_DIR}/scripts")
 set(test_scripts "${CMAKE_SOURCE_DIR}/tests/scripts")
 
-# sealed_wine_test(ENTRY PROGRAM SECONDS [ARGUMENT...]): adds the ctest entry wine.ENTRY.
+# sealed_wine_test(ENTRY PROGRAM SECONDS [ARGUMENT...]): adds the ctest entry wine.ENTRY. 64-bit programs run on a 64-bit
+# Windows.
 function(sealed_wine_test entry program seconds)
+  math(EXPR bits "${CMAKE_SIZEOF_VOID_P} * 8")
   add_test(NAME wine.${entry}
     COMMAND "${scripts}/wine_test.sh" ${seconds} ${entry} "$<TARGET_FILE:${program}>" ${ARGN})
   # The script ends everything itself when its time is up; this limit is for the script.
   math(EXPR seconds_with_cleanup "${seconds} + 60")
-  set_tests_properties(wine.${entry} PROPERTIES TIMEOUT ${seconds_with_cleanup} LABELS wine)
+  set_tests_properties(wine.${entry} PROPERTIES TIMEOUT ${seconds_with_cleanup} LABELS wine
+    ENVIRONMENT_MODIFICATION SCRUBHAVEN_BITS=set:${bits})
 endfunction()
 
 file(GLOB contract CONFIGURE_DEPENDS tests/contract/*.cpp tests/support/*.cpp)
@@ -34,12 +37,24 @@ if(WIN32)
   add_executable(desktop_tests ${desktop})
   target_link_libraries(desktop_tests PRIVATE scrubhaven_options gmock_main
     user32 gdi32 comctl32 shell32 advapi32 wininet)
+
+  # A window cannot be larger than its screen, and a layout test needs a large one.
+  set(screen SCRUBHAVEN_SCREEN=1600x1200)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    sealed_wine_test(contract_tests_64 contract_tests 120)
+    # A few of the desktop tests are enough for every day. `./test all` runs what has the label `whole` too.
+    sealed_wine_test(desktop_core_64 desktop_tests 120
+      "--gtest_filter=SettingsTest.*:ShredderTest.*:ConsoleTest.JunkIsFound*:ConsoleTest.TheSystemFolder*")
+    sealed_wine_test(desktop_tests_64 desktop_tests 240)
+    set_tests_properties(wine.desktop_tests_64 PROPERTIES COST 40 ENVIRONMENT ${screen} LABELS "wine;whole")
+    return()
+  endif()
+
   add_executable(demo demo/main.cpp ${driver})
   target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32 wininet)
 
   sealed_wine_test(desktop_tests desktop_tests 240)
-  # A window cannot be larger than its screen, and a layout test needs a large one.
-  set_tests_properties(wine.desktop_tests PROPERTIES COST 40 ENVIRONMENT SCRUBHAVEN_SCREEN=1600x1200)
+  set_tests_properties(wine.desktop_tests PROPERTIES COST 40 ENVIRONMENT ${screen})
   sealed_wine_test(contract_tests contract_tests 120)
   # The Windows 98 family deletes keys with their subkeys, stores texts in its own way, and has narrow calls only.
   sealed_wine_test(windows_98 contract_tests 60

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 #include <optional>
+#include <span>
 #include <system_error>
 
 #include "platform/Conversions.h"
@@ -209,7 +210,7 @@ std::string textOf(const TextFont& font) {
 
 template <typename Choice, std::size_t N>
 std::string textOf(Choice value, const Names<N>& names) {
-  return names[static_cast<std::size_t>(value)];
+  return std::span<const char* const>(names)[static_cast<std::size_t>(value)];
 }
 
 // ---- Measures -------------------------------------------------------------------------------------------------------

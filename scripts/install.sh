@@ -10,9 +10,10 @@ PIN=$ROOT/build/apt-same-suite.pref
 PACKAGES=(
   g++ cmake ninja-build
   g++-mingw-w64-i686-win32 g++-mingw-w64-i686-posix
+  g++-mingw-w64-x86-64-win32 g++-mingw-w64-x86-64-posix
   googletest libbenchmark-dev
   clang-format clang-tidy-19
-  wine wine32:i386 fonts-wine
+  wine wine32:i386 wine64 fonts-wine
   xvfb imagemagick # virtual screen, screenshots
   openssl          # bench/compare_shred.sh
   attr             # setfattr, in fill_sample_drive.sh

@@ -10,10 +10,14 @@
 # Environment variables:
 #   SCRUBHAVEN_VERSION   the Windows version that Wine reports in a fresh prefix (default winxp): win95, win98, nt40 ...
 #   SCRUBHAVEN_DRIVE_D   the only folder that may be drive d:
+#   SCRUBHAVEN_BITS      32 (the default) or 64: which Windows a fresh prefix is. A 64-bit one runs programs of both kinds
 
 SEAL_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 SEAL_BUILD=$SEAL_ROOT/build
-SEAL_TEMPLATE=$SEAL_BUILD/prefix-template
+SEAL_BITS=${SCRUBHAVEN_BITS:-32}
+SEAL_TEMPLATE=$SEAL_BUILD/prefix-template${SEAL_BITS#32}
+# The program folder for such a Windows.
+SEAL_APP=$SEAL_BUILD/app${SEAL_BITS#32}
 
 seal_refuse() {
   printf 'not sealed, not started: %s\n' "$*" >&2
@@ -27,10 +31,18 @@ inside_build() {
   [[ $path == "$SEAL_BUILD"/?* ]] || seal_refuse "$1 is not below build/"
 }
 
+# Prints win32 or win64: what the prefix is, or is to become when Wine has not made it yet.
+prefix_architecture() {
+  local made
+  made=$(sed -n '/^#arch=/{s///p;q}' "$1/system.reg" 2>/dev/null)
+  printf '%s' "${made:-win$SEAL_BITS}"
+}
+
 # Exports the variables by which Wine finds its files, the host's files and the host's programs.
 prefix_environment() {
   local prefix=$1 home=$1/home
-  export WINEPREFIX=$prefix WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all}
+  WINEARCH=$(prefix_architecture "$prefix")
+  export WINEPREFIX=$prefix WINEARCH WINEDEBUG=${WINEDEBUG:--all}
   export WINEDLLOVERRIDES='winemenubuilder.exe=d;mscoree=;mshtml='
   export HOME=$home XDG_DATA_HOME=$home/.local/share XDG_CONFIG_HOME=$home/.config XDG_CACHE_HOME=$home/.cache
   export XDG_STATE_HOME=$home/.local/state
@@ -101,7 +113,7 @@ SH
 # third of the size and is copied several times faster. Old 16-bit files have another format and stay as they are.
 strip_libraries() {
   find "$1/drive_c/windows" -type f \( -name '*.dll' -o -name '*.exe' -o -name '*.drv' -o -name '*.ocx' \) -print0 |
-    xargs -0 -n 50 i686-w64-mingw32-strip
+    xargs -0 -n 50 x86_64-w64-mingw32-strip
 }
 
 # The prefix that all others are copied from; made once for each version of Wine and of this script.
@@ -144,7 +156,7 @@ make_prefix() {
   (
     flock 9
     make_template
-  ) 9>"$SEAL_BUILD/prefix-template.lock" || return 1
+  ) 9>"$SEAL_TEMPLATE.lock" || return 1
   if [[ -e $prefix ]]; then
     stop_prefix "$prefix"
     rm -rf -- "$prefix"

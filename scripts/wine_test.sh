@@ -25,7 +25,7 @@ mkdir -p "$SCRUBHAVEN_DRIVE_D"
 ln -s -- "$SCRUBHAVEN_DRIVE_D" "$PREFIX/dosdevices/d:"
 trap 'stop_prefix "$PREFIX"' EXIT
 trap 'exit 143' TERM INT HUP
-[[ ! -f $SEAL_BUILD/app/scrubhaven.exe ]] || "$SCRIPTS/install_app.sh" "$PREFIX" || exit 1
+[[ ! -f $SEAL_APP/scrubhaven.exe ]] || "$SCRIPTS/install_app.sh" "$PREFIX" || exit 1
 mkdir -p "$PREFIX/drive_c/tests"
 cp -- "$PROGRAM" "$PREFIX/drive_c/tests/$NAME.exe"
 

@@ -221,6 +221,7 @@ TEST_F(Launch, RunsTheCommandLineWithItsQuotedArguments) {
   EXPECT_EQ(numberOf(machine().shell().launchHidden("no-such-program \"x\"")), kFileNotFound);
 }
 
+#ifndef _WIN64
 // Two gigabytes in one piece are more than such a process can get.
 TEST(MemoryLimit, RandomBytesThatDoNotFitLeaveTheKeystreamWhereItWas) {
   SeedKeystream("limit");
@@ -228,6 +229,7 @@ TEST(MemoryLimit, RandomBytesThatDoNotFitLeaveTheKeystreamWhereItWas) {
   EXPECT_EQ(numberOf(RandomBytes(0x7F000000)), platform::kOutOfMemory);
   EXPECT_TRUE(keystream().S == before.S && keystream().i == before.i && keystream().j == before.j);
 }
+#endif
 
 }  // namespace
 }  // namespace contract

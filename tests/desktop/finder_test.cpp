@@ -42,6 +42,17 @@ TEST_F(ConsoleTest, JunkIsFoundAndStaysWhileItIsReadOnlyOrInUse) {
   EXPECT_EQ(recycledItems(), recycled + 1);
 }
 
+// A 64-bit Windows shows a 32-bit program another folder under this name.
+TEST_F(ConsoleTest, TheSystemFolderIsScannedOnceAndAsItIs) {
+  const std::string file = "C:\\windows\\system32\\seen once.bak";
+  makeFile(file, "S");
+  console().control(".bak").flip();
+  console().openFolder("windows");
+  use("Scan");
+  waitForResults("Results: ");
+  EXPECT_EQ(junk().texts(), Texts{file});
+}
+
 // Thousands of empty files, each of which is opened, and the button pressed while they are being listed.
 TEST_F(ConsoleTest, AbortStopsALongScanAtOnce) {
   constexpr int kFolders = 20;
