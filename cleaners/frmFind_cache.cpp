@@ -27,7 +27,9 @@ void frmFind::bindCachePage() {
 
 void frmFind::Del_Cache_Click() {
   openCachePage();
+  scanBegins(lvCache, "");
   const platform::Result<void> scanned = ScanCache();
+  scanEnds();
   if (!scanned) {
     reportUnhandled(scanned.error());
     Scan.enable();

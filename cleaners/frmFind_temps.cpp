@@ -36,6 +36,7 @@ void frmFind::Del_Temps_Click() {
   if (answer != Answer::kOk) return;
   // The folders listed here are removed: no row of an earlier run may be among them.
   ListView2.clear();
+  forgetScan();
   std::string folder;
   ClearTempSubfolders(folder);
   PurgeTempFolders();

@@ -51,7 +51,10 @@ if(WIN32)
   endif()
 
   add_executable(demo demo/main.cpp ${driver})
-  target_link_libraries(demo PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32 wininet)
+  add_executable(screenshots EXCLUDE_FROM_ALL demo/screenshots.cpp ${driver})
+  foreach(program demo screenshots)
+    target_link_libraries(${program} PRIVATE scrubhaven_options user32 gdi32 comctl32 shell32 advapi32 wininet)
+  endforeach()
 
   sealed_wine_test(desktop_tests desktop_tests 240)
   set_tests_properties(wine.desktop_tests PROPERTIES COST 40 ENVIRONMENT ${screen})

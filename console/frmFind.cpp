@@ -20,12 +20,16 @@ frmFind::frmFind()
     : Form("frmFind", std::string("Velmatrix Scrubhaven Pro ") + kProductVersion),
       Picture1(*this, "Picture1", ControlInit{.toolTip = "Visit Velmatrix on the Web"}),
 
+      lblFileTools(*this, "lblFileTools", ControlInit{.caption = "Files"}, controls::Ground::kHeading),
       cmdZero(*this, "cmdZero", ControlInit{.caption = "Find 0 Byte Files", .toolTip = "Find 0 byte (empty) Files"}),
       cmdFurnace(*this, "cmdFurnace",
                  ControlInit{.caption = "Shredder", .toolTip = "Open the Scrubhaven Pro Shredder"}),
       Del_Temps(
           *this, "Del_Temps",
           ControlInit{.caption = "Delete Temps", .toolTip = "Deletes ALL Temporary Files in the Windows Temp Folders"}),
+      Del_Recycle(*this, "Del_Recycle",
+                  ControlInit{.caption = "Empty Recycle Bin", .toolTip = "Empty the Windows Recycle Bin"}),
+      lblPrivacyTools(*this, "lblPrivacyTools", ControlInit{.caption = "Privacy"}, controls::Ground::kHeading),
       Del_Cache(*this, "Del_Cache",
                 ControlInit{.caption = "IE Cache/Cookies", .toolTip = "Clean Internet Explorer Temporary Files"}),
       Del_History(
@@ -33,14 +37,13 @@ frmFind::frmFind()
           ControlInit{.caption = "Clear IE History", .toolTip = "Clear Internet Explorer Visited Page History"}),
       Del_Recent(*this, "Del_Recent",
                  ControlInit{.caption = "Clear Recent Docs", .toolTip = "Clear Recently Used Documents List"}),
-      Del_Recycle(*this, "Del_Recycle",
-                  ControlInit{.caption = "Empty Recycle Bin", .toolTip = "Empty the Windows Recycle Bin"}),
       cmdMRU(*this, "cmdMRU",
              ControlInit{.caption = "Clear Typed URLs", .toolTip = "Clear Internet Explorer Typed URL List"}),
       cmdLists(*this, "cmdLists",
                ControlInit{.caption = "Clean MRU Lists", .toolTip = "Cleans MRU Lists of Common Programs"}),
       cmdIndex(*this, "cmdIndex",
                ControlInit{.caption = "Wipe Index Files", .toolTip = "Delete index.dat Files on Next Restart"}),
+      lblSystemTools(*this, "lblSystemTools", ControlInit{.caption = "System"}, controls::Ground::kHeading),
       cmdPrefetch(*this, "cmdPrefetch",
                   ControlInit{.caption = "Clear Prefetch", .toolTip = "Clears the Windows Prefetch Folder"}),
       cmdSwap(*this, "cmdSwap",
@@ -74,7 +77,7 @@ frmFind::frmFind()
                {.title = "Expires", .share = 3},
                {.title = "Last Access", .share = 3}}),
 
-      lblJunkCommands(Frame2, "lblJunkCommands", ControlInit{.caption = "Junk files:"}),
+      lblJunkCommands(Frame2, "lblJunkCommands", ControlInit{.caption = "Junk:"}),
       Select_All(Frame2, "Select_All",
                  ControlInit{.caption = "Select All", .toolTip = "Select or clear all items", .enabled = false}),
       cmdInvert(Frame2, "cmdInvert", ControlInit{.caption = "Invert", .toolTip = "Invert Selection", .enabled = false}),
@@ -95,23 +98,27 @@ frmFind::frmFind()
       cmdZeroInvert(Frame2, "cmdZeroInvert", ControlInit{.caption = "Invert"}),
       cmdZeroDelete(Frame2, "cmdZeroDelete", ControlInit{.caption = "Delete", .toolTip = "Delete Selected Files"}),
 
-      lblCacheCommands(Frame2, "lblCacheCommands", ControlInit{.caption = "Internet cache:"}),
+      lblCacheCommands(Frame2, "lblCacheCommands", ControlInit{.caption = "Cache:"}),
       cmdSelect(Frame2, "cmdSelect",
                 ControlInit{.caption = "Select All", .toolTip = "Select or clear all items", .enabled = false}),
       cmdCacheInvert(Frame2, "cmdCacheInvert",
                      ControlInit{.caption = "Invert", .toolTip = "Scan selected drive and folders", .enabled = false}),
       cmdCleanCache(Frame2, "cmdCleanCache",
                     ControlInit{.caption = "Clean", .toolTip = "Delete selected cache items", .enabled = false}),
-      cmdCacheAbort(Frame2, "cmdCacheAbort", ControlInit{.caption = "Abort"}),
 
       Frame3(*this, "Frame3", ControlInit{.caption = "Scan Results"}),
       Label6(Frame3, "Label6", ControlInit{.visible = false}),
       lblStatus(Frame3, "lblStatus", ControlInit{.visible = false}),
-      lblFile(Frame3, "lblFile", ControlInit{.visible = false}) {
+      lblFile(Frame3, "lblFile", ControlInit{.visible = false}),
+      cmdCacheAbort(Frame3, "cmdCacheAbort", ControlInit{.caption = "Abort"}),
+
+      Status(*this, "Status") {
   makeFileTypeBoxes();
   setMnemonics();
   // Esc aborts a scan. There is no default button, because most buttons here destroy something.
   setCancelButton(cmdAbort);
+  setStatusBar(Status);
+  setFirstFocus(Dir1);
   bindShell();
   bindJunkScan();
   bindDelete();

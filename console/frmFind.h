@@ -22,6 +22,7 @@
 #include "controls/Label.h"
 #include "controls/ListView.h"
 #include "controls/PictureBox.h"
+#include "controls/StatusBar.h"
 #include "finder/deletion.h"
 #include "finder/junk_types.h"
 #include "finder/tree_walk.h"
@@ -33,6 +34,7 @@ class frmFind final : public controls::Form {
   frmFind();
 
   controls::Box layout() override;
+  void prepareToShow() override;
   void gotFocus() override;
   void closeRequested() override;
 
@@ -51,16 +53,19 @@ class frmFind final : public controls::Form {
 
   controls::PictureBox Picture1;
 
+  controls::Label lblFileTools;
   controls::FlatButton cmdZero;
   controls::FlatButton cmdFurnace;
   controls::FlatButton Del_Temps;
+  controls::FlatButton Del_Recycle;
+  controls::Label lblPrivacyTools;
   controls::FlatButton Del_Cache;
   controls::FlatButton Del_History;
   controls::FlatButton Del_Recent;
-  controls::FlatButton Del_Recycle;
   controls::FlatButton cmdMRU;
   controls::FlatButton cmdLists;
   controls::FlatButton cmdIndex;
+  controls::Label lblSystemTools;
   controls::FlatButton cmdPrefetch;
   controls::FlatButton cmdSwap;
   controls::FlatButton cmdSysrestore;
@@ -102,12 +107,14 @@ class frmFind final : public controls::Form {
   controls::FlatButton cmdSelect;
   controls::FlatButton cmdCacheInvert;
   controls::FlatButton cmdCleanCache;
-  controls::FlatButton cmdCacheAbort;
 
   controls::Frame Frame3;
   controls::Label Label6;
   controls::Label lblStatus;
   controls::Label lblFile;
+  controls::FlatButton cmdCacheAbort;
+
+  controls::StatusBar Status;
 
   // ---- Public services ---------------------------------------------------------------------------------------------
 
@@ -229,6 +236,32 @@ class frmFind final : public controls::Form {
   // The flags of a shell deletion, to the Recycle Bin or for good as chosen now.
   std::int32_t chosenFlags() const;
   finder::DeletionQuestions deletionQuestions();
+
+  // ---- Status bar and empty lists ----------------------------------------------------------------------------------
+
+  // The last scan, or the one that runs, and what it has seen so far.
+  struct ScanState {
+    const controls::ListView* list = nullptr;  // that it fills; null before the first scan
+    std::string folder;                        // empty for the Internet cache
+    std::size_t folders = 0;
+    std::size_t files = 0;
+    std::size_t found = 0;  // rows at the end
+    bool runs = false;
+    bool aborted = false;
+  };
+  // To be called at the begin of a scan of `folder` that fills `list`, and at its end. The result line of an earlier
+  // scan is emptied.
+  void scanBegins(const controls::ListView& list, const std::string& folder);
+  void scanEnds();
+  // The lists show no results any more.
+  void forgetScan();
+  // Counts a folder that a scan has read.
+  void countFolder(std::size_t files);
+  std::string emptyTextOf(const controls::ListView& list) const;
+  std::vector<std::string> statusPanes() const;
+  void nameVisibleCommands();
+  controls::Box commandsOf(const controls::ListView& list);
+  ScanState scan_;
 
   // ---- Junk scan ---------------------------------------------------------------------------------------------------
 

@@ -36,6 +36,7 @@ void frmFind::showSelectedTip(controls::ListView& list) {
 
 void frmFind::reportAbort() {
   AbortRequested = false;
+  scan_.aborted = true;
   messageBox("    Scan Aborted", platform::kBoxOk, "Scan Aborted");
 }
 

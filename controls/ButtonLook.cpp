@@ -216,9 +216,9 @@ std::string textOf(Choice value, const Names<N>& names) {
 // ---- Measures -------------------------------------------------------------------------------------------------------
 
 // Dialog units.
-constexpr int kPaddingX = 6;
-constexpr int kPaddingY = 2;
-constexpr int kLeastHeight = 14;
+constexpr int kPaddingX = 4;
+constexpr int kPaddingY = 1;
+constexpr int kLeastHeight = 13;
 constexpr int kGap = 3;  // between picture, caption and mark
 
 // Pixels at 96 dots per inch.

@@ -11,7 +11,19 @@ namespace controls {
 class Form;
 class Frame;
 
-enum class Kind { kButton, kCheckBox, kLabel, kTextBox, kFrame, kPicture, kListView, kDriveList, kDirList, kFileList };
+enum class Kind {
+  kButton,
+  kCheckBox,
+  kLabel,
+  kTextBox,
+  kFrame,
+  kPicture,
+  kListView,
+  kDriveList,
+  kDirList,
+  kFileList,
+  kStatusBar
+};
 
 // An event handler without arguments. Empty: the event is ignored.
 using Event = std::function<void()>;

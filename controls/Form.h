@@ -8,6 +8,7 @@
 #include "controls/Control.h"
 #include "controls/FlatButton.h"
 #include "controls/Layout.h"
+#include "controls/StatusBar.h"
 #include "platform/RuntimeError.h"
 #include "platform/Ui.h"
 
@@ -32,8 +33,16 @@ class Form {
   // All controls, in order of creation. They are members of the derived form.
   const std::vector<Control*>& controls() const { return controls_; }
 
-  // Builds the layout of the controls. The tab order is the order of this tree.
+  // Builds the layout of the controls, which may depend on those that are visible; the status bar is not in it. The tab
+  // order is the order of this tree.
   virtual Box layout() = 0;
+  // Called before the window shows changes, to bring up to date what follows from other controls.
+  virtual void prepareToShow() {}
+
+  // The status bar, or null.
+  StatusBar* statusBar() const { return statusBar_; }
+  // The control that has the keyboard first; null for the first one in tab order.
+  const Control* firstFocus() const { return firstFocus_; }
 
   // The button that Enter clicks, or null. It must not delete anything.
   FlatButton* defaultButton() const { return defaultButton_; }
@@ -75,6 +84,9 @@ class Form {
   void setDefaultButton(FlatButton& button) { defaultButton_ = &button; }
   void setCancelButton(FlatButton& button) { cancelButton_ = &button; }
 
+  void setStatusBar(StatusBar& bar) { statusBar_ = &bar; }
+  void setFirstFocus(const Control& control) { firstFocus_ = &control; }
+
   // The form's load event.
   virtual void formLoad() {}
 
@@ -89,6 +101,8 @@ class Form {
   std::vector<Control*> controls_;
   FlatButton* defaultButton_ = nullptr;
   FlatButton* cancelButton_ = nullptr;
+  StatusBar* statusBar_ = nullptr;
+  const Control* firstFocus_ = nullptr;
   Form* owner_ = nullptr;  // null for the first window
   bool open_ = false;
   bool covered_ = false;  // shows a modal window of its own

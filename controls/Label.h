@@ -1,4 +1,4 @@
-// A static text, or a coloured bar.
+// A static text, a heading, or a coloured bar.
 #pragma once
 
 #include <algorithm>
@@ -8,8 +8,9 @@
 
 namespace controls {
 
-// The background of a label: the window's colour, the track of a progress bar, or its filled part.
-enum class Ground { kWindow, kTrack, kFilled };
+// The background of a label: the window's colour, the same with a line behind the text, the track of a progress bar, or
+// its filled part.
+enum class Ground { kWindow, kHeading, kTrack, kFilled };
 
 class Label final : public Control {
  public:

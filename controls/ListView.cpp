@@ -12,7 +12,7 @@ void ListView::add(std::string text, std::vector<std::string> subItems) {
 void ListView::add(Row row) {
   if (keyOf_) keyHashes_.insert(std::hash<std::string>()(keyOf_(row.text)));
   const bool ticked = row.ticked;
-  if (ticked) ++tickedCount_;
+  if (ticked) countTick(row, true);
   rows_.push_back(std::move(row));
   notify(Change::kRows);
   if (ticked) raiseItemCheck();
@@ -25,7 +25,16 @@ bool ListView::containsKey(const std::string& key) const {
 
 void ListView::forget(const Row& row) {
   if (keyOf_) keyHashes_.erase(keyHashes_.find(std::hash<std::string>()(keyOf_(row.text))));
-  if (row.ticked) --tickedCount_;
+  if (row.ticked) countTick(row, false);
+}
+
+void ListView::countTick(const Row& row, bool in) {
+  if (in) {
+    ++tickedCount_;
+  } else {
+    --tickedCount_;
+  }
+  if (weightOf_) tickedWeight_ += in ? weightOf_(row) : -weightOf_(row);
 }
 
 void ListView::removeRows(std::vector<std::size_t> indices) {
@@ -59,6 +68,7 @@ void ListView::clear() {
   rows_.clear();
   keyHashes_.clear();
   tickedCount_ = 0;
+  tickedWeight_ = 0;
   selected_.reset();
   notify(Change::kRows);
   if (hadTicks) raiseItemCheck();
@@ -68,11 +78,7 @@ void ListView::setTicked(std::size_t index, bool ticked) {
   Row& row = rows_[index];
   if (row.ticked == ticked) return;
   row.ticked = ticked;
-  if (ticked) {
-    ++tickedCount_;
-  } else {
-    --tickedCount_;
-  }
+  countTick(row, ticked);
   notify(Change::kRows);
   raiseItemCheck();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -50,6 +51,8 @@ class ListView final : public Control {
   const std::string& text(std::size_t index) const { return rows_[index].text; }
   bool ticked(std::size_t index) const { return rows_[index].ticked; }
   std::size_t tickedCount() const { return tickedCount_; }
+  // The sum of the weights of the ticked rows, 0 without weighBy.
+  std::int64_t tickedWeight() const { return tickedWeight_; }
 
   // Adds a row at the end.
   void add(std::string text, std::vector<std::string> subItems = {});
@@ -75,9 +78,22 @@ class ListView final : public Control {
   void indexBy(std::function<std::string(std::string_view)> keyOf) { keyOf_ = std::move(keyOf); }
   bool containsKey(const std::string& key) const;
 
+  // Gives every row a weight from now on. To be called while the list is empty.
+  void weighBy(std::function<std::int64_t(const Row&)> weightOf) { weightOf_ = std::move(weightOf); }
+
+  // What the list shows in its middle while it has no rows.
+  const std::string& emptyText() const { return emptyText_; }
+  void setEmptyText(std::string text) {
+    if (emptyText_ == text) return;
+    emptyText_ = std::move(text);
+    notify(Change::kValue);
+  }
+
  private:
   // Takes a row that is about to go out of the counts.
   void forget(const Row& row);
+  // Takes the row's tick into the counts, or out of them.
+  void countTick(const Row& row, bool in);
   void raiseItemCheck() {
     if (onItemCheck) onItemCheck();
   }
@@ -86,6 +102,9 @@ class ListView final : public Control {
   bool checkBoxes_;
   std::vector<Row> rows_;
   std::size_t tickedCount_ = 0;
+  std::int64_t tickedWeight_ = 0;
+  std::function<std::int64_t(const Row&)> weightOf_;
+  std::string emptyText_;
   std::optional<std::size_t> selected_;
   std::function<std::string(std::string_view)> keyOf_;
   std::unordered_multiset<std::size_t> keyHashes_;  // takes less memory than the keys

@@ -25,7 +25,7 @@ class Demonstration : Program {
   void play() {
     say("1. The program opens. All file types are ticked, and the folder C:\\Sample is opened.");
     takeScreenshot("1-console");
-    console().control("Select All", "Custom Ext.").click();
+    console().control("Select All", ".err").click();
     console().openFolder("Sample");
 
     say("2. Scan.");

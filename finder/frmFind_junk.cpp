@@ -23,6 +23,8 @@ void frmFind::makeFileTypeBoxes() {
 
 void frmFind::bindJunkScan() {
   ListView1.indexBy(rowKey);
+  ListView1.weighBy(
+      [](const controls::Row& row) { return row.subItems.empty() ? 0 : finder::bytesOf(row.subItems.front()); });
   ListView1.onItemCheck = [this] { ListView1_ItemCheck(); };
   ListView1.onItemClick = [this] { showSelectedTip(ListView1); };
   bindTool(Scan, &frmFind::Scan_Click);
@@ -44,6 +46,7 @@ void frmFind::Scan_Click() {
   platform::machine().ui().setPointer(platform::Pointer::kHourglass);
   std::string folder = Dir1.path();
   junkRoot_ = folder;
+  scanBegins(ListView1, folder);
   junkRootLinks_ = platform::linksOnTheWayTo(platform::machine().files(), folder);
   ListView1.clear();
   const std::uint32_t startTick = platform::machine().environment().getTickCount();
@@ -51,6 +54,7 @@ void frmFind::Scan_Click() {
   std::int32_t dirCount = 0;
   std::int32_t lastLength = 0;
   FindFilesAPI(folder, patterns, fileCount, dirCount, lastLength);
+  scanEnds();
   if (AbortRequested) {
     reportAbortedScan(fileCount, startTick);
   } else {
@@ -65,6 +69,7 @@ void frmFind::prepareScan() {
                      &cmdZeroDelete, &cmdZeroInvert});
   setVisible(true, {&ListView1, &Select_All, &Delete, &cmdInvert});
   ListView1.clear();
+  forgetScan();
   Select_All.setCaption(kSelectAll);
   setDeletionChoiceVisible(false);
   setDeletionChoiceEnabled(false);
@@ -142,6 +147,7 @@ std::int64_t frmFind::FindFilesAPI(std::string& path, const finder::ScanPatterns
                            .entersHiddenSystemFolders = false,
                            .stopTest = finder::StopTest::kBeforeEachPattern,
                            .stopRequested = [this] { return AbortRequested; },
+                           .onFolderRead = [this](std::size_t files) { countFolder(files); },
                            .onFilesBegin = [&size] { size = {}; },
                            .onFile = list,
                            .onFolderDone = [this](const std::string& progress) { lblFile.setCaption(progress); }});

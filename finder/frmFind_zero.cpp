@@ -47,17 +47,20 @@ void frmFind::bindZeroBytes() {
 
 void frmFind::cmdZero_Click() {
   ListView2.clear();
+  forgetScan();
   std::string folder = Dir1.path();
   zeroRoot_ = folder;
   zeroRootLinks_ = platform::linksOnTheWayTo(platform::machine().files(), folder);
   enterZeroScan();
   messageBox("Use extreme caution when deleting 0 byte files - see help for details", platform::kBoxCritical,
              "Warning!");
+  scanBegins(ListView2, folder);
   const std::uint32_t startTick = platform::machine().environment().getTickCount();
   std::int32_t fileCount = 0;
   std::int32_t dirCount = 0;
   std::int64_t total = 0;
   FindZeros(folder, "*.*", fileCount, dirCount, total);
+  scanEnds();
   if (AbortRequested) reportAbort();
   reportZeroScan(startTick);
 }
@@ -102,6 +105,7 @@ void frmFind::FindZeros(std::string& path, const std::string& pattern, std::int3
                             {.patterns = {&pattern, 1},
                              .stopTest = finder::StopTest::kBeforeEachFolderEntry,
                              .stopRequested = [this] { return AbortRequested; },
+                             .onFolderRead = [this](std::size_t files) { countFolder(files); },
                              .onFile =
                                  [&](const finder::FoundFile& file) {
                                    ++FileCount;

@@ -1,6 +1,7 @@
 #include "finder/junk_types.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "platform/Conversions.h"
 #include "platform/Platform.h"
@@ -86,6 +87,13 @@ void SizeText::update(std::int32_t length) {
     number_ = length;
     unit_ = " bytes";
   }
+}
+
+std::int64_t bytesOf(std::string_view sizeText) {
+  std::int64_t number = 0;
+  if (std::from_chars(sizeText.data(), sizeText.data() + sizeText.size(), number).ec != std::errc()) return 0;
+  if (number < 0) return number + (std::int64_t{1} << 32);
+  return sizeText.ends_with(" Kb") ? number * kBytesPerKb : number;
 }
 
 }  // namespace finder

@@ -57,4 +57,8 @@ class SizeText {
   const char* unit_ = "";
 };
 
+// The bytes that a text of the size column stands for; 0 for any other text. Lengths between 2 and 4 GB have a negative
+// number of bytes in the column.
+std::int64_t bytesOf(std::string_view sizeText);
+
 }  // namespace finder

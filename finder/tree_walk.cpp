@@ -1,5 +1,6 @@
 #include "finder/tree_walk.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -29,6 +30,8 @@ bool isSearchable(const std::string& pattern) {
   return !platform::trimmed(pattern).empty() && pattern.find_first_of("\\/") == std::string::npos;
 }
 
+bool isFile(const platform::FolderEntry& entry) { return !platform::isDirectory(entry.attributes); }
+
 std::uint32_t tickCount() { return platform::machine().environment().getTickCount(); }
 
 class Walker {
@@ -46,6 +49,7 @@ class Walker {
     Entries entries;
     if (!readEntries(folder, entries)) return processPendingMessages();
     const std::vector<std::string> subfolders = subfoldersToEnter(folder, entries);
+    if (walk_.onFolderRead) walk_.onFolderRead(static_cast<std::size_t>(std::ranges::count_if(entries, isFile)));
     if (walk_.onFilesBegin) walk_.onFilesBegin();
     std::string lastFile;
     for (const Search& search : searches_) {

@@ -28,6 +28,8 @@ struct TreeWalk {
   StopTest stopTest = StopTest::kNever;
   std::function<bool()> stopRequested = {};  // required unless stopTest is kNever
   std::function<void(const std::string& folder)> onSubfolder = {};
+  // After each folder has been read, with the number of files in it.
+  std::function<void(std::size_t files)> onFolderRead = {};
   std::function<void()> onFilesBegin = {};
   std::function<void(const FoundFile&)> onFile = {};
   // After a folder's files and before its subfolders. `progress` is the folder's path followed by the names of the last

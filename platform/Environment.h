@@ -27,6 +27,10 @@ class Environment {
   virtual std::string resourceText(const std::string& name) = 0;
   // `text` in upper case by the rules of the machine's code page. CharUpperBuffA.
   virtual std::string upperCase(std::string_view text) = 0;
+  // Whether the program may change what belongs to the whole machine: its process is a member of the Administrators
+  // group and may use that (a program that an administrator has not confirmed on Vista and later may not). True where a
+  // system has no rights, as the Windows 95 family. OpenProcessToken, GetTokenInformation.
+  virtual bool isAdministrator() = 0;
 
   // Today's date in the user's short date format ("21/11/2026"). GetDateFormatA.
   virtual std::string dateText() = 0;

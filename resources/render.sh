@@ -53,5 +53,5 @@ render_sounds() {
 
 render_application_icon
 for drawing in icons/*.svg; do render_tool_icon "$(basename "$drawing" .svg)"; done
-for percent in 100 150 200; do render_logo "$percent"; done
+for percent in 75 100 150 200; do render_logo "$percent"; done
 render_sounds

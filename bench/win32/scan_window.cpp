@@ -105,7 +105,7 @@ int main(int count, char** arguments) {
   try {
     const desktop::Program program;
     const desktop::Window console = program.console();
-    console.control("Select All", "Custom Ext.").click();
+    console.control("Select All", ".err").click();
     console.openFolder("tree");
     const bool aborts = count > 2 && arguments[2] == std::string("abort");
     (aborts ? timeAborts : timeScans)(program, console, runs);

@@ -29,6 +29,8 @@ class MemoryEnvironment final : public Environment {
   void setVariable(const std::string& name, std::string value) { variables_[name] = std::move(value); }
   void setResourceText(const std::string& name, std::string text) { resources_[name] = std::move(text); }
 
+  void setAdministrator(bool isAdministrator) { isAdministrator_ = isAdministrator; }
+
   std::uint32_t getTickCount() override { return tickCount_; }
   std::string programFolder() override { return programFolder_; }
   std::string windowsFolder() override { return "C:\\Windows"; }
@@ -38,6 +40,7 @@ class MemoryEnvironment final : public Environment {
   }
   std::string resourceText(const std::string& name) override { return resources_[name]; }
   std::string upperCase(std::string_view text) override { return upper(text); }
+  bool isAdministrator() override { return isAdministrator_; }
   std::string dateText() override { return dateText_; }
   std::string timeText() override { return timeText_; }
   float secondsSinceMidnight() override { return seconds_; }
@@ -47,6 +50,7 @@ class MemoryEnvironment final : public Environment {
   std::string programFolder_;
   MemoryFaults& faults_;
   std::uint32_t tickCount_ = 0;
+  bool isAdministrator_ = true;
   std::string dateText_ = "1/1/2004";
   std::string timeText_ = "12:00:00 PM";
   float seconds_ = 43200;

@@ -2,11 +2,39 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
 
 #include "platform/win32/CodePage.h"
 
 namespace platform::win32 {
+namespace {
+
+// The groups of the process's user, as a TOKEN_GROUPS; empty where they cannot be asked.
+std::vector<std::byte> groupsOfProcess() {
+  HANDLE token = nullptr;
+  if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) == FALSE) return {};
+  DWORD size = 0;
+  GetTokenInformation(token, TokenGroups, nullptr, 0, &size);
+  std::vector<std::byte> groups(size);
+  if (GetTokenInformation(token, TokenGroups, groups.data(), size, &size) == FALSE) groups.clear();
+  CloseHandle(token);
+  return groups;
+}
+
+bool isAdministrators(PSID group) {
+  struct {
+    SID head = {SID_REVISION, 2, SECURITY_NT_AUTHORITY, {SECURITY_BUILTIN_DOMAIN_RID}};
+    DWORD last = DOMAIN_ALIAS_RID_ADMINS;
+  } administrators;
+  return EqualSid(group, &administrators.head) != FALSE;
+}
+
+}  // namespace
+
 std::uint32_t Win32Environment::getTickCount() { return GetTickCount(); }
 
 std::string Win32Environment::programFolder() {
@@ -47,6 +75,16 @@ std::string Win32Environment::resourceText(const std::string& name) {
 }
 
 std::string Win32Environment::upperCase(std::string_view text) { return upperCaseOf(text); }
+
+bool Win32Environment::isAdministrator() {
+  const std::vector<std::byte> bytes = groupsOfProcess();
+  if (bytes.empty()) return true;
+  const auto* const groups = reinterpret_cast<const TOKEN_GROUPS*>(bytes.data());
+  // A group without the bit only denies.
+  return std::ranges::any_of(std::span(groups->Groups, groups->GroupCount), [](const SID_AND_ATTRIBUTES& group) {
+    return (group.Attributes & SE_GROUP_ENABLED) != 0 && isAdministrators(group.Sid);
+  });
+}
 
 std::string Win32Environment::dateText() {
   std::array<char, 256> text{};

@@ -14,6 +14,7 @@ class Win32Environment final : public Environment {
   std::string getEnvironmentVariable(const std::string& name) override;
   std::string resourceText(const std::string& name) override;
   std::string upperCase(std::string_view text) override;
+  bool isAdministrator() override;
   std::string dateText() override;
   std::string timeText() override;
   float secondsSinceMidnight() override;

@@ -3,12 +3,14 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <sstream>
 #include <thread>
 
 #include "platform/Enumeration.h"
 #include "platform/Paths.h"
+#include "platform/win32/Win32Environment.h"
 #include "platform/win32/ui/Win32Ui.h"
 #include "shredder/modMain.h"
 #include "tests/contract/ContractTest.h"
@@ -206,7 +208,7 @@ TEST_F(ForeignNames, TextsThatComeInAreExactOrRefused) {
   EXPECT_EQ(numberOf(choose(L"C:\\contract\\nul.bak")), kBadFileName);
 }
 
-// ---- A hidden launch, and the limits of a process of 32 bits
+// ---- A hidden launch, rights, and the limits of a process of 32 bits
 
 class Launch : public ContractTest {};
 
@@ -219,6 +221,37 @@ TEST_F(Launch, RunsTheCommandLineWithItsQuotedArguments) {
   // The command may still hold its file open.
   for (int i = 0; i < kPatience && !opensForReading(file, kShareNone); ++i) Sleep(50);
   EXPECT_EQ(numberOf(machine().shell().launchHidden("no-such-program \"x\"")), kFileNotFound);
+}
+
+// The token of this process without the rights of the Administrators group, as Vista and later give it first.
+HANDLE ordinaryToken() {
+  HANDLE own = nullptr;
+  HANDLE ordinary = nullptr;
+  DWORD size = SECURITY_MAX_SID_SIZE;
+  std::array<BYTE, SECURITY_MAX_SID_SIZE> administrators{};
+  SID_AND_ATTRIBUTES denied = {administrators.data(), 0};
+  CreateWellKnownSid(WinBuiltinAdministratorsSid, nullptr, administrators.data(), &size);
+  OpenProcessToken(GetCurrentProcess(), TOKEN_ALL_ACCESS, &own);
+  CreateRestrictedToken(own, 0, 1, &denied, 0, nullptr, 0, nullptr, &ordinary);
+  return ordinary;
+}
+
+// The test starts itself once more with that token.
+TEST(Rights, AnAdministratorHasThemAndLosesThemWithTheGroup) {
+  const bool isOrdinary = GetEnvironmentVariableA("SCRUBHAVEN_ORDINARY", nullptr, 0) != 0;
+  EXPECT_EQ(win32::Win32Environment().isAdministrator(), !isOrdinary);
+  if (isOrdinary) return;
+  SetEnvironmentVariableA("SCRUBHAVEN_ORDINARY", "1");
+  std::string command = std::string(GetCommandLineA()) + " --gtest_filter=Rights.*";
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof(startup);
+  startup.dwFlags = STARTF_USESTDHANDLES;  // its closing line would be taken for that of the whole run
+  PROCESS_INFORMATION process = {};
+  ASSERT_TRUE(CreateProcessAsUserA(ordinaryToken(), nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                                   nullptr, &startup, &process));
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD status = 1;
+  EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &status) && status == 0);
 }
 
 #ifndef _WIN64

@@ -296,6 +296,16 @@ Texts Window::labelTexts() const {
   return texts;
 }
 
+Texts Window::statusTexts() const {
+  const HWND bar = FindWindowExA(handle(), nullptr, STATUSCLASSNAMEA, nullptr);
+  Texts texts;
+  const auto count = static_cast<WPARAM>(ask(bar, SB_GETPARTS));
+  for (WPARAM i = 0; i < count; ++i) {
+    texts.emplace_back(exchange(bar, SB_GETTEXTA, static_cast<int>(i), std::array<char, kTextRoom>{}).first.data());
+  }
+  return texts;
+}
+
 Control Window::focused() const {
   GUITHREADINFO info = {};
   info.cbSize = sizeof(info);

@@ -82,6 +82,8 @@ class Window : public Control {
   bool isOpen() const { return IsWindow(handle()) && visible(); }
   // All its controls, hidden ones too, in tab order.
   std::vector<Control> controls() const;
+  // What its status bar shows, from left to right.
+  Texts statusTexts() const;
   // The one control of that text; with `after`, the first one behind the control with that text.
   Control control(const std::string& text, const std::string& after = "") const;
   List list(const std::string& name) const { return List(control(name)); }

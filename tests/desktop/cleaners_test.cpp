@@ -49,7 +49,7 @@ TEST_F(ConsoleTest, TickedEntriesLeaveTheSystemsCache) {
     files.push_back(support::cachePage(std::string("http://desktop.example/") + page, kAfternoon));
   }
   const List cache = console().list("lvCache");
-  const Control clean = console().control("Clean", "Internet cache:");
+  const Control clean = console().control("Clean", "Cache:");
   use("IE Cache/Cookies");
   waitForResults(" Results: Found 2 cache entries.");
   // The window shows one control's new state after the other.

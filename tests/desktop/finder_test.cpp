@@ -30,6 +30,10 @@ TEST_F(ConsoleTest, JunkIsFoundAndStaysWhileItIsReadOnlyOrInUse) {
 
   lock(locked);
   for (const std::string& file : {locked, readOnly, small}) junk().flip(file);
+  waitUntil("the status bar to count", [this] {
+    const Texts texts = console().statusTexts();
+    return texts.size() == 3 && texts[1] == "5 rows" && texts[2] == "3 ticked, 2.5 KB";
+  });
   const std::size_t recycled = recycledItems();
   use("Delete Files");
   EXPECT_EQ(window("Confirm Deletion").focused().text(), "No");

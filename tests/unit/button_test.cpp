@@ -203,10 +203,10 @@ TEST_F(Buttons, ATooSmallButtonCutsItsCaptionAndAlignmentMovesBothParts) {
     look.Alignment = align;
     const auto parts = arrangeButton(look, caption, {300, 23}, screen);
     EXPECT_EQ(parts.picture.right() + screen.pixelsX(3), parts.caption.x);
-    EXPECT_EQ(parts.mark.right(), 300 - screen.pixelsX(6));
+    EXPECT_EQ(parts.mark.right(), 300 - screen.pixelsX(4));
     starts.push_back(parts.picture.x);
   }
-  EXPECT_EQ(starts.front(), screen.pixelsX(6));
+  EXPECT_EQ(starts.front(), screen.pixelsX(4));
   EXPECT_TRUE(std::ranges::is_sorted(starts) && starts[0] != starts[1] && starts[1] != starts[2]);
 }
 

@@ -1,5 +1,6 @@
 // The console's shell, and what its three scans share.
 #include "console/modOS.h"
+#include "console/rights.h"
 #include "tests/unit/ConsoleTest.h"
 
 using platform::Pointer;
@@ -67,6 +68,14 @@ TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
   EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
 }
 
+TEST_F(Console, NamesTheToolsThatWillNotWorkWithoutRights) {
+  EXPECT_EQ(rightsNotice(), "");
+  machine.environment().setAdministrator(false);
+  EXPECT_EQ(rightsNotice(), "Without administrator rights: " + form.cmdIndex.caption() + ", " +
+                                form.cmdPrefetch.caption() + ", " + form.cmdSwap.caption() + " and " +
+                                form.cmdSysrestore.caption() + " will not work.");
+}
+
 TEST_F(Console, NamesTheWindowsVersion) {
   const auto name = [this](std::uint32_t family, std::uint32_t major, std::uint32_t minor, std::uint32_t build = 0) {
     machine.version().set({.major = major, .minor = minor, .build = build, .platformId = family});
@@ -118,12 +127,12 @@ TEST_F(Pages, FollowEachOtherInEveryOrder) {
   EXPECT_EQ(shown(form),
             "ListView1 : Select_All- cmdInvert- Delete- optRecycle- optWipe- cmdSelectAll cmdZeroInvert cmdZeroDelete "
             "cmdSelect- cmdCacheInvert- cmdCleanCache- cmdCacheAbort ");
-  const std::string junk = "ListView1 : Select_All cmdInvert Delete- optRecycle- optWipe- cmdCacheAbort Label6 ";
-  const std::string zero = "optRecycle- cmdSelectAll cmdZeroInvert cmdZeroDelete- cmdSelect- ";
-  const std::string cache = "lvCache : cmdSelect cmdCacheInvert cmdCleanCache- cmdCacheAbort lblStatus ";
+  const std::string junk = "ListView1 : Select_All cmdInvert Delete- optRecycle- optWipe- Label6 cmdCacheAbort ";
+  const std::string zero = "ListView2 : cmdSelectAll cmdZeroInvert cmdZeroDelete- ";
+  const std::string cache = "lvCache : cmdSelect cmdCacheInvert cmdCleanCache- lblStatus cmdCacheAbort ";
   const std::tuple<const char*, const char*, std::string> cases[] = {
-      {"junk", "zero", "ListView2 : cmdInvert- Delete- " + zero + "cmdCacheAbort Label6 "},
-      {"cache", "zero", "ListView2 : " + zero + "cmdCacheInvert- cmdCacheAbort Label6 "},
+      {"junk", "zero", zero + "cmdInvert- Delete- optRecycle- cmdSelect- Label6 cmdCacheAbort "},
+      {"cache", "zero", zero + "optRecycle- cmdSelect- cmdCacheInvert- Label6 cmdCacheAbort "},
       {"zero", "junk", junk},
       {"cache", "junk", junk},
       {"junk", "cache", cache},

@@ -188,7 +188,7 @@ void ButtonPeer::drawContent(HDC target, const RECT& place, const ButtonLook& lo
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, colour);
   drawText(target, withMnemonic(caption, button_.mnemonic()), shifted(parts.caption, shift),
-           DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+           DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
 }
 
 }  // namespace platform::win32

@@ -7,10 +7,12 @@
 namespace platform::win32 {
 namespace {
 
+// WS_CLIPSIBLINGS: a control does not paint over one above it in the Z order, such as the status bar while the window
+// is scrolled.
 HWND createChild(const Host& host, const controls::Control& control, const NativeWindow& native) {
-  const HWND window =
-      CreateWindowExA(native.extendedStyle, native.windowClass, windowText(control).c_str(), WS_CHILD | native.style, 0,
-                      0, 0, 0, host.window, nullptr, GetModuleHandleA(nullptr), nullptr);
+  const HWND window = CreateWindowExA(native.extendedStyle, native.windowClass, windowText(control).c_str(),
+                                      WS_CHILD | WS_CLIPSIBLINGS | native.style, 0, 0, 0, 0, host.window, nullptr,
+                                      GetModuleHandleA(nullptr), nullptr);
   SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(host.metrics.font()), FALSE);
   return window;
 }
@@ -56,6 +58,7 @@ ControlPeer::~ControlPeer() { control_.attach(nullptr); }
 
 void ControlPeer::changed(controls::Change change) {
   host_.changed = true;
+  if (change == controls::Change::kVisible) host_.rearrange = true;
   if (change == controls::Change::kCaption) captionChanged_ = true;
   if (change == controls::Change::kValue || change == controls::Change::kRows) valueChanged_ = true;
 }
@@ -89,7 +92,8 @@ void ControlPeer::showState() {
 }
 
 bool ControlPeer::isKeyboardKind() const {
-  return control_.kind() != controls::Kind::kLabel && control_.kind() != controls::Kind::kFrame;
+  const controls::Kind kind = control_.kind();
+  return kind != controls::Kind::kLabel && kind != controls::Kind::kFrame && kind != controls::Kind::kStatusBar;
 }
 
 }  // namespace platform::win32

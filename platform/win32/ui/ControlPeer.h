@@ -16,7 +16,8 @@ namespace platform::win32 {
 struct Host {
   HWND window;
   const ScreenMetrics& metrics;
-  bool& changed;  // set by peers when they need a flush()
+  bool& changed;    // set by peers when they need a flush()
+  bool& rearrange;  // set by peers when a control has been shown or hidden
 };
 
 // The arguments of CreateWindowExA that depend on the kind of control.

@@ -12,6 +12,8 @@ constexpr const char* kWindowClass = "ScrubhavenForm";
 constexpr const char* kIconName = "APPLICATION";
 constexpr UINT kThemeChanged = 0x031A;  // WM_THEMECHANGED, from Windows XP on
 constexpr UINT_PTR kHoverTimer = 1;
+constexpr int kScrollLine = 14;      // dialog units
+constexpr int kRevealMargin = 4;     // dialog units around a control that is scrolled into view
 constexpr UINT kHoverInterval = 50;  // milliseconds between checks whether the pointer has left a control
 
 // The initial size of the first window, in percent of its least size.
@@ -71,6 +73,7 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
       toolTips_(handle_) {
   SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   createControls();
+  followScheme(handle_);
   form_.attach(this);
 }
 
@@ -84,14 +87,13 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::createControls() {
-  const Host host{handle_, metrics_, changed_};
-  std::vector<ControlPeer*> order;
+  const Host host{handle_, metrics_, changed_, rearrange_};
   for (controls::Control* control : controls::tabOrder(layout_)) {
     std::unique_ptr<ControlPeer> peer = makePeer(host, *control);
     toolTips_.add(peer->handle());
-    order.push_back(peer.get());
     peers_.emplace(peer->handle(), std::move(peer));
   }
+  std::vector<ControlPeer*> order = tabOrder();
   // Frames go to the bottom of the Z order, an outer one below its inner ones, so that they do not paint over the
   // controls in them.
   for (auto peer = order.rbegin(); peer != order.rend(); ++peer) {
@@ -99,7 +101,19 @@ void FormWindow::createControls() {
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   keys_.emplace(form_, std::move(order));
-  followScheme(handle_);
+  if (form_.statusBar() == nullptr) return;
+  auto status = std::make_unique<StatusBarPeer>(host, *form_.statusBar());
+  status_ = status.get();
+  SetWindowPos(status->handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  peers_.emplace(status->handle(), std::move(status));
+}
+
+std::vector<ControlPeer*> FormWindow::tabOrder() const {
+  std::unordered_map<const controls::Control*, ControlPeer*> peerOfControl;
+  for (const auto& [window, peer] : peers_) peerOfControl[&peer->control()] = peer.get();
+  std::vector<ControlPeer*> order;
+  for (const controls::Control* control : controls::tabOrder(layout_)) order.push_back(peerOfControl.at(control));
+  return order;
 }
 
 void FormWindow::open() {
@@ -136,16 +150,43 @@ void FormWindow::repaintNow() {
 }
 
 void FormWindow::flush() {
+  if (status_ != nullptr) status_->move();
   if (!changed_) return;
+  form_.prepareToShow();
   changed_ = false;
+  if (rearrange_) rearrange();
+  // The tooltip that it shows may be another one now.
+  if (status_ != nullptr) status_->changed(controls::Change::kValue);
   keys_->beginChanges();
   for (const auto& [window, peer] : peers_) peer->flush();
   keys_->endChanges();
+  followFocus(false);
 }
 
 bool FormWindow::handleKey(const MSG& message) {
   const bool ours = message.hwnd == handle_ || IsChild(handle_, message.hwnd);
-  return ours && keys_->handle(message);
+  if (!ours || !keys_->handle(message)) return false;
+  followFocus(true);
+  return true;
+}
+
+void FormWindow::followFocus(bool byKey) {
+  ControlPeer* const now = keys_->focused();
+  if (now == focused_) return;
+  focused_ = now;
+  if (now == nullptr) return;
+  if (form_.statusBar() != nullptr && hovered_ == nullptr) {
+    form_.statusBar()->setHinted(byKey ? &now->control() : nullptr);
+  }
+  if (across_.view >= across_.content && down_.view >= down_.content) return;
+  RECT at;
+  GetWindowRect(now->handle(), &at);
+  MapWindowPoints(nullptr, handle_, reinterpret_cast<POINT*>(&at), 2);
+  const int marginX = metrics_.pixelsX(kRevealMargin);
+  const int marginY = metrics_.pixelsY(kRevealMargin);
+  across_.reveal(across_.offset + at.left - marginX, across_.offset + at.right + marginX);
+  down_.reveal(down_.offset + at.top - marginY, down_.offset + at.bottom + marginY);
+  arrange();
 }
 
 controls::Size FormWindow::wholeSize(controls::Size inside) const {
@@ -154,10 +195,17 @@ controls::Size FormWindow::wholeSize(controls::Size inside) const {
   return {static_cast<int>(frame.right - frame.left), static_cast<int>(frame.bottom - frame.top)};
 }
 
+controls::Size FormWindow::leastWholeSize() const {
+  controls::Size inside = controls::leastSize(layout_, metrics_);
+  inside.height += statusHeight();
+  return wholeSize(inside);
+}
+
 controls::Rect FormWindow::initialPlace() const {
   const RECT area = workArea();
   RECT around = area;
   controls::Size inside = controls::leastSize(layout_, metrics_);
+  inside.height += statusHeight();
   if (owner_ == nullptr) {
     inside = {MulDiv(inside.width, kInitialWidth, 100), MulDiv(inside.height, kInitialHeight, 100)};
   } else {
@@ -172,21 +220,113 @@ controls::Rect FormWindow::initialPlace() const {
   return place;
 }
 
-// Moves all controls in one step. SWP_NOCOPYBITS, because the pixels at the old position may be those of another
-// control.
+int FormWindow::statusHeight() const { return status_ == nullptr ? 0 : controls::statusBarHeight(metrics_); }
+
+controls::Size FormWindow::room() const {
+  RECT whole;
+  GetWindowRect(handle_, &whole);
+  const controls::Size frame = wholeSize({});
+  return {std::max<int>(0, whole.right - whole.left - frame.width),
+          std::max<int>(0, whole.bottom - whole.top - frame.height)};
+}
+
+void FormWindow::showScrollBar(int bar, bool shown, const controls::Scrolling& scrolling) const {
+  SCROLLINFO info = {};
+  info.cbSize = sizeof(info);
+  info.fMask = SIF_PAGE | SIF_POS | SIF_RANGE;
+  info.nMax = std::max(0, scrolling.content - 1);
+  info.nPage = static_cast<UINT>(scrolling.view);
+  info.nPos = scrolling.offset;
+  ShowScrollBar(handle_, bar, shown);
+  if (shown) SetScrollInfo(handle_, bar, &info, TRUE);
+}
+
+// Showing a scroll bar sends WM_SIZE.
 void FormWindow::arrange() {
-  RECT inside;
-  GetClientRect(handle_, &inside);
-  const controls::Places places = controls::arrange(layout_, metrics_, {inside.right, inside.bottom});
-  HDWP moves = BeginDeferWindowPos(static_cast<int>(peers_.size()));
+  if (arranging_) return;
+  arranging_ = true;
+  const controls::Size content = controls::leastSize(layout_, metrics_);
+  controls::Size inside = room();
+  inside.height = std::max(0, inside.height - statusHeight());
+  const controls::Size bar = {GetSystemMetrics(SM_CXVSCROLL), GetSystemMetrics(SM_CYHSCROLL)};
+  const controls::ScrollBars bars = controls::scrollBarsFor(content, inside, bar);
+  if (bars.vertical) inside.width = std::max(0, inside.width - bar.width);
+  if (bars.horizontal) inside.height = std::max(0, inside.height - bar.height);
+  across_.content = content.width;
+  across_.view = inside.width;
+  down_.content = content.height;
+  down_.view = inside.height;
+  across_.scrollTo(across_.offset);
+  down_.scrollTo(down_.offset);
+  showScrollBar(SB_HORZ, bars.horizontal, across_);
+  showScrollBar(SB_VERT, bars.vertical, down_);
+
+  NativePlaces places;
+  const controls::Places inLayout = controls::arrange(layout_, metrics_, inside);
   for (const auto& [window, peer] : peers_) {
-    const controls::Rect place = peer->nativePlace(places.at(&peer->control()));
+    if (peer.get() == status_) {
+      places[window] = {0, inside.height, inside.width, statusHeight()};
+      continue;
+    }
+    controls::Rect place = peer->nativePlace(inLayout.at(&peer->control()));
+    place.x -= across_.offset;
+    place.y -= down_.offset;
+    places[window] = place;
+  }
+  const int right = seenAcross_ - across_.offset;
+  const int down = seenDown_ - down_.offset;
+  seenAcross_ = across_.offset;
+  seenDown_ = down_.offset;
+  const bool isScrolled = right != 0 || down != 0;
+  if (isScrolled && places == shifted(right, down)) {
+    shiftControls(right, down);
+  } else if (places != placed_) {
+    moveControls(places);
+  }
+  arranging_ = false;
+}
+
+// In one step. SWP_NOCOPYBITS, because the pixels at the old position may be those of another control.
+void FormWindow::moveControls(const NativePlaces& places) {
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
+  for (const auto& [window, place] : places) {
     moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, place.width, place.height,
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
   }
   EndDeferWindowPos(moves);
+  placed_ = places;
   for (const auto& [window, peer] : peers_) peer->placed();
   redrawAll();
+}
+
+FormWindow::NativePlaces FormWindow::shifted(int right, int down) const {
+  NativePlaces places = placed_;
+  for (auto& [window, place] : places) {
+    if (status_ != nullptr && window == status_->handle()) continue;
+    place.x += right;
+    place.y += down;
+  }
+  return places;
+}
+
+// ScrollWindowEx moves only the controls that are seen.
+void FormWindow::shiftControls(int right, int down) {
+  placed_ = shifted(right, down);
+  const RECT view = {0, 0, across_.view, down_.view};
+  ScrollWindowEx(handle_, right, down, &view, &view, nullptr, nullptr, SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(placed_.size()));
+  for (const auto& [window, place] : placed_) {
+    moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, 0, 0,
+                           SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+  }
+  EndDeferWindowPos(moves);
+}
+
+void FormWindow::rearrange() {
+  rearrange_ = false;
+  layout_ = form_.layout();
+  keys_->setOrder(tabOrder());
+  if (IsWindowVisible(handle_) && !IsIconic(handle_)) arrange();
 }
 
 void FormWindow::redrawAll() const {
@@ -209,6 +349,7 @@ void FormWindow::hover(ControlPeer* peer) {
   if (hovered_ == peer) return;
   if (hovered_ != nullptr) hovered_->pointerLeaves();
   hovered_ = peer;
+  if (form_.statusBar() != nullptr) form_.statusBar()->setHinted(peer == nullptr ? nullptr : &peer->control());
   if (peer == nullptr) {
     KillTimer(handle_, kHoverTimer);
     return;
@@ -275,10 +416,55 @@ LRESULT FormWindow::receiveActivation(WPARAM first, LPARAM second) {
 
 // The window cannot be made smaller than its least size, unless the work area is smaller.
 LRESULT FormWindow::receiveSizeLimits(MINMAXINFO& limits) const {
-  const controls::Size least = wholeSize(controls::leastSize(layout_, metrics_));
+  const controls::Size least = leastWholeSize();
   const RECT area = workArea();
   limits.ptMinTrackSize = {std::min<LONG>(least.width, area.right - area.left),
                            std::min<LONG>(least.height, area.bottom - area.top)};
+  return 0;
+}
+
+LRESULT FormWindow::receiveScroll(int bar, int action) {
+  controls::Scrolling& scrolling = bar == SB_HORZ ? across_ : down_;
+  const int line = metrics_.pixelsY(kScrollLine);
+  SCROLLINFO info = {};
+  info.cbSize = sizeof(info);
+  info.fMask = SIF_TRACKPOS;
+  GetScrollInfo(handle_, bar, &info);
+  switch (action) {
+    case SB_LINEUP:
+      scrolling.scrollTo(scrolling.offset - line);
+      break;
+    case SB_LINEDOWN:
+      scrolling.scrollTo(scrolling.offset + line);
+      break;
+    case SB_PAGEUP:
+      scrolling.scrollTo(scrolling.offset - scrolling.view);
+      break;
+    case SB_PAGEDOWN:
+      scrolling.scrollTo(scrolling.offset + scrolling.view);
+      break;
+    case SB_TOP:
+      scrolling.scrollTo(0);
+      break;
+    case SB_BOTTOM:
+      scrolling.scrollTo(scrolling.content);
+      break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      scrolling.scrollTo(info.nTrackPos);
+      break;
+    default:
+      return 0;
+  }
+  arrange();
+  UpdateWindow(handle_);
+  return 0;
+}
+
+LRESULT FormWindow::receiveWheel(int delta) {
+  constexpr int kLinesPerNotch = 3;
+  down_.scrollTo(down_.offset - MulDiv(delta, kLinesPerNotch * metrics_.pixelsY(kScrollLine), WHEEL_DELTA));
+  arrange();
   return 0;
 }
 
@@ -311,6 +497,12 @@ LRESULT FormWindow::receive(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
       if (first != SIZE_MINIMIZED) arrange();
       return 0;
+    case WM_HSCROLL:
+      return receiveScroll(SB_HORZ, LOWORD(first));
+    case WM_VSCROLL:
+      return receiveScroll(SB_VERT, LOWORD(first));
+    case WM_MOUSEWHEEL:
+      return receiveWheel(GET_WHEEL_DELTA_WPARAM(first));
     case WM_SETFOCUS:
       keys_->restoreFocus();
       return 0;

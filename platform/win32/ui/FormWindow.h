@@ -13,6 +13,7 @@
 #include "platform/win32/ui/ControlPeer.h"
 #include "platform/win32/ui/KeyNavigation.h"
 #include "platform/win32/ui/ScreenMetrics.h"
+#include "platform/win32/ui/StatusBarPeer.h"
 #include "platform/win32/ui/ToolTips.h"
 
 namespace platform::win32 {
@@ -57,10 +58,33 @@ class FormWindow final : public controls::Peer {
   LRESULT receivePointer(HWND under, LPARAM details);
   LRESULT receiveActivation(WPARAM first, LPARAM second);
   LRESULT receiveSizeLimits(MINMAXINFO& limits) const;
+  // WM_HSCROLL or WM_VSCROLL: `bar` is SB_HORZ or SB_VERT, `action` is SB_LINEUP ...
+  LRESULT receiveScroll(int bar, int action);
+  LRESULT receiveWheel(int delta);
 
   void createControls();
+  // The peers of the controls in the layout, in its order.
+  std::vector<ControlPeer*> tabOrder() const;
+  // Takes over the layout of the controls that are visible now.
+  void rearrange();
+  // Places all controls in the window, which may be scrolled, and the status bar below them.
   void arrange();
+  using NativePlaces = std::unordered_map<HWND, controls::Rect>;
+  void moveControls(const NativePlaces& places);
+  // Shows the window's content moved by so many pixels, without painting again what was seen before.
+  void shiftControls(int right, int down);
+  // Where the native windows are after that.
+  NativePlaces shifted(int right, int down) const;
+  void showScrollBar(int bar, bool shown, const controls::Scrolling& scrolling) const;
+  // The inside of the window without scroll bars.
+  controls::Size room() const;
+  int statusHeight() const;
+  // After the focus may have moved: scrolls the control that has it into view. The status bar shows the tooltip of a
+  // control that has been reached by a key.
+  void followFocus(bool byKey);
   controls::Size wholeSize(controls::Size inside) const;
+  // The least size of the window, without scroll bars.
+  controls::Size leastWholeSize() const;
   // The rectangle in which the window opens, in screen coordinates.
   controls::Rect initialPlace() const;
   void repaintNow();
@@ -81,6 +105,15 @@ class FormWindow final : public controls::Peer {
   std::unordered_map<HWND, std::unique_ptr<ControlPeer>> peers_;
   std::optional<KeyNavigation> keys_;
   ControlPeer* hovered_ = nullptr;
+  StatusBarPeer* status_ = nullptr;  // null for a form without a status bar
+  ControlPeer* focused_ = nullptr;   // when followFocus() last looked
+  controls::Scrolling across_;
+  controls::Scrolling down_;
+  int seenAcross_ = 0;  // the offsets at which placed_ was computed
+  int seenDown_ = 0;
+  NativePlaces placed_;  // where the native windows are
+  bool arranging_ = false;
+  bool rearrange_ = false;
   bool changed_ = true;
   DWORD repaintedAt_ = 0;  // tick count; repaintNow() paints again after kFlushInterval
   bool closed_ = false;

@@ -125,7 +125,10 @@ void KeyNavigation::focus(ControlPeer& peer) {
 }
 
 void KeyNavigation::restoreFocus() {
-  ControlPeer* const target = remembered_ != nullptr && remembered_->takesFocus() ? remembered_ : next(nullptr, true);
+  ControlPeer* const first = usablePeerOf(form_.firstFocus());
+  ControlPeer* const target = remembered_ != nullptr && remembered_->takesFocus() ? remembered_
+                              : first != nullptr                                  ? first
+                                                                                  : next(nullptr, true);
   if (target != nullptr) focus(*target);
 }
 
@@ -142,18 +145,18 @@ void KeyNavigation::endChanges() {
   ControlPeer* const before = focusedBefore_;
   if (before == nullptr || before->takesFocus()) return;
   const bool goesBack = before == successor_ && displaced_->takesFocus();
-  ControlPeer* const cancel = usableCancelButton();
+  ControlPeer* const cancel = usablePeerOf(form_.cancelButton());
   ControlPeer* const there = goesBack ? displaced_ : cancel != nullptr ? cancel : next(before, false);
   displaced_ = before;
   successor_ = goesBack ? nullptr : there;
   if (there != nullptr) focus(*there);
 }
 
-ControlPeer* KeyNavigation::usableCancelButton() const {
-  const auto cancels = [this](const ControlPeer* peer) {
-    return &peer->control() == form_.cancelButton() && peer->takesFocus();
+ControlPeer* KeyNavigation::usablePeerOf(const controls::Control* control) const {
+  const auto isWanted = [control](const ControlPeer* peer) {
+    return &peer->control() == control && peer->takesFocus();
   };
-  const auto found = std::ranges::find_if(order_, cancels);
+  const auto found = std::ranges::find_if(order_, isWanted);
   return found == order_.end() ? nullptr : *found;
 }
 

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "controls/Form.h"
@@ -15,14 +16,18 @@ class KeyNavigation {
  public:
   // `order` is the tab order; its peers must outlive this object.
   KeyNavigation(const controls::Form& form, std::vector<ControlPeer*> order);
+  void setOrder(std::vector<ControlPeer*> order) { order_ = std::move(order); }
 
   // Handles a navigation key; false when the message is to be dispatched to the control.
   bool handle(const MSG& message);
 
-  // Sets the focus to the control last remembered, or to the first one that takes it. SetFocus.
+  // Sets the focus to the control last remembered, or to the form's first focus, or to the first one that takes it.
+  // SetFocus.
   void restoreFocus();
   // Remembers which control has the focus. GetFocus.
   void rememberFocus();
+  // The peer of the control that has the focus; null when none has it. GetFocus.
+  ControlPeer* focused() const;
 
   // To be called before and after controls are shown, hidden, enabled or disabled. A control that can no longer have
   // the focus passes it to another one, its successor, and gets it back when the successor loses it in the same way.
@@ -30,7 +35,8 @@ class KeyNavigation {
   void endChanges();
 
  private:
-  ControlPeer* focused() const;
+  // The peer of the control if it takes the focus, else null.
+  ControlPeer* usablePeerOf(const controls::Control* control) const;
   bool pressKey(const MSG& message);
   bool pressEnter();
   bool pressEscape();
@@ -39,7 +45,6 @@ class KeyNavigation {
   // The next control in tab order that takes the focus, wrapping around; null when there is none. `from` may be null:
   // the first or last one.
   ControlPeer* next(const ControlPeer* from, bool forward) const;
-  ControlPeer* usableCancelButton() const;
   static void focus(ControlPeer& peer);
 
   const controls::Form& form_;

@@ -7,6 +7,8 @@
 namespace platform::win32 {
 namespace {
 
+constexpr int kBeforeLine = 3;  // dialog units between a heading and its line
+
 int colourOf(controls::Ground ground) {
   switch (ground) {
     case controls::Ground::kTrack:
@@ -14,6 +16,7 @@ int colourOf(controls::Ground ground) {
     case controls::Ground::kFilled:
       return COLOR_HIGHLIGHT;
     case controls::Ground::kWindow:
+    case controls::Ground::kHeading:
       break;
   }
   return COLOR_BTNFACE;
@@ -30,6 +33,11 @@ void LabelPeer::draw(const DRAWITEMSTRUCT& item) {
   const std::string text = withMnemonic(control().caption(), control().mnemonic());
   const bool wraps = place.bottom - place.top >= 2 * metrics().lineHeight();
   drawText(item.hDC, text, place, wraps ? DT_WORDBREAK : DT_SINGLELINE | DT_VCENTER | DT_PATH_ELLIPSIS);
+  if (label_.ground() == controls::Ground::kHeading) {
+    place.left += textExtent(item.hDC, text) + metrics().pixelsX(kBeforeLine);
+    place.top = (place.top + place.bottom) / 2;
+    DrawEdge(item.hDC, &place, EDGE_ETCHED, BF_TOP);
+  }
   SelectObject(item.hDC, fontBefore);
 }
 

@@ -9,10 +9,8 @@ namespace platform::win32 {
 
 class LabelPeer final : public ControlPeer {
  public:
-  // WS_CLIPSIBLINGS: a label does not paint over one above it in the Z order.
   LabelPeer(const Host& host, controls::Label& label)
-      : ControlPeer(host, label, {.windowClass = "STATIC", .style = SS_OWNERDRAW | SS_NOTIFY | WS_CLIPSIBLINGS}),
-        label_(label) {}
+      : ControlPeer(host, label, {.windowClass = "STATIC", .style = SS_OWNERDRAW | SS_NOTIFY}), label_(label) {}
 
   void draw(const DRAWITEMSTRUCT& item) override;
   void placed() override;

@@ -3,15 +3,17 @@
 #include <numeric>
 
 #include "platform/win32/ui/CommonControls.h"
+#include "platform/win32/ui/TextDrawing.h"
 
 namespace platform::win32 {
 namespace {
 
+constexpr int kEmptyTextMargin = 4;  // dialog units
+
 NativeWindow nativeList(bool ownerData) {
   const DWORD rows = ownerData ? LVS_OWNERDATA : 0;
   return {.windowClass = WC_LISTVIEWA,
-          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS |
-                   WS_CLIPSIBLINGS | rows,
+          .style = LVS_REPORT | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_NOSORTHEADER | LVS_SHAREIMAGELISTS | rows,
           .extendedStyle = WS_EX_CLIENTEDGE};
 }
 
@@ -65,9 +67,35 @@ void ListViewPeer::changed(controls::Change change) {
 
 void ListViewPeer::showValue() {
   showRowCount();
+  showEmptyText();
   if (!onlyGrown_) redraw();
   onlyGrown_ = true;
   showSelection();
+}
+
+void ListViewPeer::showEmptyText() {
+  const std::string text = list_.empty() ? list_.emptyText() : "";
+  if (text == shownEmptyText_) return;
+  shownEmptyText_ = text;
+  InvalidateRect(handle(), nullptr, TRUE);
+}
+
+// Below the header, which is the list's only child.
+void ListViewPeer::drawEmptyText() const {
+  RECT room;
+  GetClientRect(handle(), &room);
+  RECT header = {};
+  const HWND above = GetWindow(handle(), GW_CHILD);
+  if (above != nullptr) GetWindowRect(above, &header);
+  room.top += header.bottom - header.top;
+  InflateRect(&room, -metrics().pixelsX(kEmptyTextMargin), 0);
+  const HDC target = GetDC(handle());
+  const HGDIOBJ fontBefore = SelectObject(target, metrics().font());
+  SetBkMode(target, TRANSPARENT);
+  SetTextColor(target, GetSysColor(COLOR_GRAYTEXT));
+  drawText(target, shownEmptyText_, room, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_PATH_ELLIPSIS);
+  SelectObject(target, fontBefore);
+  ReleaseDC(handle(), target);
 }
 
 // A list that was emptied is scrolled back to its first row.
@@ -196,7 +224,9 @@ LRESULT CALLBACK ListViewPeer::procedure(HWND window, UINT message, WPARAM first
   ListViewPeer& peer = peerOf<ListViewPeer>(window);
   if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) return peer.mouseDown(message, first, second);
   if (message == WM_KEYDOWN && first == VK_SPACE && peer.list_.checkBoxes()) return peer.tickFocused();
-  return CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
+  const LRESULT result = CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
+  if (message == WM_PAINT && !peer.shownEmptyText_.empty()) peer.drawEmptyText();
+  return result;
 }
 
 // A click on a row's check box only flips its tick; any other click on a row selects it.

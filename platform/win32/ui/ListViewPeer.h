@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "controls/ListView.h"
@@ -32,6 +33,8 @@ class ListViewPeer final : public ControlPeer {
   void addColumns();
   void distributeColumnWidths();
   void showRowCount();
+  void showEmptyText();
+  void drawEmptyText() const;
   void storeRows(int count);
   void showSelection();
   void fillItem(LVITEMA& item) const;
@@ -45,6 +48,7 @@ class ListViewPeer final : public ControlPeer {
   WNDPROC nativeProcedure_ = nullptr;
   HIMAGELIST tickPictures_ = nullptr;
   std::vector<int> columnWidths_;              // in pixels, as last set by this object
+  std::string shownEmptyText_;                 // empty while there are rows
   std::size_t rowsSeen_ = 0;                   // row count at the last change
   std::optional<std::size_t> shownSelection_;  // the selected row of the native list
   bool onlyGrown_ = true;                      // only rows appended since the last flush

@@ -9,6 +9,7 @@
 #include "platform/win32/ui/LabelPeer.h"
 #include "platform/win32/ui/ListViewPeer.h"
 #include "platform/win32/ui/PicturePeer.h"
+#include "platform/win32/ui/StatusBarPeer.h"
 #include "platform/win32/ui/TextBoxPeer.h"
 
 namespace platform::win32 {
@@ -45,6 +46,8 @@ std::unique_ptr<ControlPeer> makePeer(const Host& host, controls::Control& contr
       return make<DirListPeer, controls::DirList>(host, control);
     case Kind::kFileList:
       return make<FileListPeer, controls::FileList>(host, control);
+    case Kind::kStatusBar:
+      return make<StatusBarPeer, controls::StatusBar>(host, control);
   }
   return nullptr;
 }

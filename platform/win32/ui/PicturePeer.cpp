@@ -7,7 +7,7 @@ namespace {
 
 // The pictures are bitmap resources NAME.PERCENT: the control's name, and the size in percent of that for 96 dots per
 // inch.
-constexpr int kPercents[] = {200, 150, 100};
+constexpr int kPercents[] = {200, 150, 100, 75};
 constexpr int kHandPointer = 32649;  // IDC_HAND, from Windows 98 and 2000 on
 constexpr int kFocusInset = 2;       // pixels
 

@@ -20,9 +20,7 @@ HFONT messageFont() {
 
 ScreenMetrics::ScreenMetrics()
     : font_(messageFont()), screen_(CreateCompatibleDC(nullptr)), fontBefore_(SelectObject(screen_, font_)) {
-  // As the dialog manager does: the average width of the 52 letters, rounded.
-  const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  baseWidth_ = (textWidth(letters) / 26 + 1) / 2;
+  lettersWidth_ = textWidth("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
   TEXTMETRICA metrics = {};
   GetTextMetricsA(screen_, &metrics);
   baseHeight_ = metrics.tmHeight;
@@ -34,7 +32,9 @@ ScreenMetrics::~ScreenMetrics() {
   DeleteObject(font_);
 }
 
-int ScreenMetrics::pixelsX(int dialogUnits) const { return MulDiv(dialogUnits, baseWidth_, 4); }
+// From the average width of the 52 letters. Rounded to whole pixels, as the dialog manager does, it would make windows
+// in some fonts wider than their texts are.
+int ScreenMetrics::pixelsX(int dialogUnits) const { return MulDiv(dialogUnits, lettersWidth_, 52 * 4); }
 
 int ScreenMetrics::pixelsY(int dialogUnits) const { return MulDiv(dialogUnits, baseHeight_, 8); }
 

@@ -36,8 +36,8 @@ class ScreenMetrics final : public controls::Metrics {
   HFONT font_;
   HDC screen_;  // memory device context with font_ selected
   HGDIOBJ fontBefore_;
-  int baseWidth_ = 0;   // pixels of four horizontal dialog units
-  int baseHeight_ = 0;  // pixels of eight vertical dialog units
+  int lettersWidth_ = 0;  // pixels of 52 times four horizontal dialog units
+  int baseHeight_ = 0;    // pixels of eight vertical dialog units
 };
 
 }  // namespace platform::win32

@@ -14,4 +14,8 @@ void drawText(HDC target, const std::string& text, RECT place, UINT format);
 // The width in pixels of a one-line text. GetTextExtentPoint32W, GetTextExtentPoint32A.
 int textExtent(HDC target, const std::string& text);
 
+// `text` with an ellipsis in its middle where it would be wider than `width` pixels. Where the wide calls work.
+// DrawTextW.
+std::wstring shortenedText(HDC target, const std::string& text, int width);
+
 }  // namespace platform::win32
