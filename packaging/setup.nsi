@@ -16,6 +16,7 @@ RequestExecutionLevel highest
 ManifestSupportedOS all
 SetCompressor /SOLID lzma
 AllowSkipFiles off
+BrandingText "Scrubhaven Pro ${VERSION}"
 ShowInstDetails nevershow
 ShowUninstDetails nevershow
 !packhdr "${WORK}/stub.tmp" '"${__FILEDIR__}/add_processor_check.pl" "${WORK}/stub.tmp"'
@@ -61,6 +62,7 @@ VIAddVersionKey ProductVersion "${VERSION}"
 !define SCRIPT_TYPE "ScrubhavenScript"
 
 Var Has64Bits
+Var Size ; kilobytes
 Var IsUpgrade
 
 ; ---- Both directions -------------------------------------------------------------------------------------------------
@@ -118,21 +120,6 @@ FunctionEnd
 
 ; ---- Installing ------------------------------------------------------------------------------------------------------
 
-Function .onInit
-  Call RefuseOldSystem
-  Call ChooseSystem
-  Call IsAdministrator
-  Pop $0
-  ${If} $0 = 1
-    SetShellVarContext all
-  ${Else}
-    SetShellVarContext current
-  ${EndIf}
-  Call RefuseWhileRunning
-  Call ChooseFolder
-  Call ChooseDesktop
-FunctionEnd
-
 Function RefuseOldSystem
   ${IfNot} ${FileExists} "$SYSDIR\msvcrt.dll"
     MessageBox MB_OK|MB_ICONEXCLAMATION "Scrubhaven Pro needs the file msvcrt.dll, which this Windows lacks.$\n$\n\
@@ -186,15 +173,12 @@ Section "Scrubhaven Pro" SEC_PROGRAM
   ${If} $Has64Bits = 1
     File "${WORK}/app64/scrubhaven.exe"
     File "${WORK}/common/delindex.cmd"
-    StrCpy $0 ${SIZE_64}
   ${ElseIf} ${IsNT}
     File "${WORK}/app32/scrubhaven.exe"
     File "${WORK}/common/delindex.cmd"
-    StrCpy $0 ${SIZE_32}
   ${Else}
     File "${WORK}/app32/scrubhaven.exe"
     File "${WORK}/app95/delindex.cmd"
-    StrCpy $0 ${SIZE_95}
     Call RegisterScriptType
   ${EndIf}
   !include "${WORK}/install.nsh"
@@ -213,7 +197,7 @@ Section "Scrubhaven Pro" SEC_PROGRAM
   WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr SHCTX "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
   WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
-  WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $0
+  WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $Size
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
 SectionEnd
@@ -227,6 +211,29 @@ SectionEnd
   !insertmacro MUI_DESCRIPTION_TEXT ${SEC_PROGRAM} "The program, its help, and its entries in the Start menu."
   !insertmacro MUI_DESCRIPTION_TEXT ${SEC_DESKTOP} "A shortcut on the desktop."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+Function .onInit
+  Call RefuseOldSystem
+  Call ChooseSystem
+  Call IsAdministrator
+  Pop $0
+  ${If} $0 = 1
+    SetShellVarContext all
+  ${Else}
+    SetShellVarContext current
+  ${EndIf}
+  Call RefuseWhileRunning
+  Call ChooseFolder
+  Call ChooseDesktop
+  ${If} $Has64Bits = 1
+    StrCpy $Size ${SIZE_64}
+  ${ElseIf} ${IsNT}
+    StrCpy $Size ${SIZE_32}
+  ${Else}
+    StrCpy $Size ${SIZE_95}
+  ${EndIf}
+  SectionSetSize ${SEC_PROGRAM} $Size
+FunctionEnd
 
 ; A shortcut of the earlier version is made again.
 Function ChooseDesktop
