@@ -89,4 +89,7 @@ else()
   add_test(NAME wine.companions COMMAND "${test_scripts}/companions_test.sh")
   set_tests_properties(lint.format lint.layers lint.help lint.seal wine.companions PROPERTIES TIMEOUT 180)
   set_tests_properties(wine.companions PROPERTIES COST 10 LABELS wine)
+  # Lays out the program folders anew, from which other tests copy.
+  add_test(NAME wine.package COMMAND "${test_scripts}/package_test.sh")
+  set_tests_properties(wine.package PROPERTIES TIMEOUT 900 LABELS "wine;whole" RUN_SERIAL TRUE)
 endif()

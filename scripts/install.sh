@@ -1,5 +1,6 @@
 #!/bin/bash
-# Installs what building, running and testing need on a Debian 12 machine, and only what is missing.
+# install.sh [package]: installs what building, running and testing need on a Debian 12 machine, and only what is missing;
+# with `package` what ./package needs as well.
 # With nothing missing it queries dpkg once and returns. Output of apt goes to build/install.log.
 set -uo pipefail
 
@@ -19,6 +20,7 @@ PACKAGES=(
   attr             # setfattr, in fill_sample_drive.sh
   fp-utils         # chmcmd and chmls, in build_help.sh
 )
+[[ ${1:-} != package ]] || PACKAGES+=(nsis zip)
 
 say() { printf 'install: %s\n' "$*"; }
 
