@@ -1,19 +1,15 @@
 #include "platform/Conversions.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
 
+#include "platform/Paths.h"
+
 namespace platform {
 namespace {
-
-// `lowerCase` is in lower case.
-bool equalsWithoutCase(std::string_view text, std::string_view lowerCase) {
-  return std::ranges::equal(text, lowerCase, {}, [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; });
-}
 
 // The value as a number, of whatever size.
 Result<double> numberOf(const Variant& value) {

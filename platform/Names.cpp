@@ -12,10 +12,6 @@ constexpr std::string_view kMeaningInPaths = "\\/:*?\"<>|";
 constexpr std::array<std::string_view, 6> kDevices = {"con", "prn", "aux", "nul", "conin$", "conout$"};
 constexpr std::array<std::string_view, 2> kNumberedDevices = {"com", "lpt"};
 
-bool equalsWithoutCase(std::string_view text, std::string_view lowerCase) {
-  return std::ranges::equal(text, lowerCase, {}, lowerLetter);
-}
-
 bool hasMeaningInPaths(char byte) { return static_cast<unsigned char>(byte) < ' ' || kMeaningInPaths.contains(byte); }
 
 // A device has any extension, and blanks before it.

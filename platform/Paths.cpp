@@ -4,6 +4,10 @@
 
 namespace platform {
 
+bool equalsWithoutCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, {}, lowerLetter, lowerLetter);
+}
+
 std::size_t rootLength(std::string_view path) {
   constexpr std::size_t kDriveRoot = 3;
   if (path.size() >= 2 && path[1] == ':') return std::min(kDriveRoot, path.size());

@@ -12,6 +12,9 @@ constexpr char lowerLetter(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
+// Whether the texts differ at most in the case of A to Z.
+bool equalsWithoutCase(std::string_view a, std::string_view b);
+
 // The number of characters that name the root of a full path: "X:\", or "\\server\share".
 std::size_t rootLength(std::string_view path);
 

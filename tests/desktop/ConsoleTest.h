@@ -10,6 +10,8 @@
 
 namespace desktop {
 
+inline constexpr DWORD kShredding = 60000;  // milliseconds that a run of the shredder may take
+
 // A folder of its own for each test, which the program's folder list shows. It is not deleted: the prefix is made anew
 // for every run.
 class TestFolder {

@@ -11,8 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr DWORD kShredding = 60000;  // milliseconds that a run may take
-
 // Texts are UTF-8, the program's code page.
 const Texts kChosen = {"A.tmp", "ą.tmp", "отчёт.tmp", "表＼x.tmp", "😀.tmp"};
 const Texts kKept = {"a.tmp", "x.tmp", "ａ.tmp"};

@@ -4,7 +4,6 @@
 namespace desktop {
 namespace {
 
-constexpr DWORD kShredding = 60000;  // milliseconds that a run may take
 constexpr std::size_t kLarge = 12 << 20;
 
 class ShredderTest : public ConsoleTest {
