@@ -107,10 +107,6 @@ void MemoryDisk::addLink(const std::string& path, const std::string& target) {
   link->entries = {folder, folder->entries.get()};  // the link also owns the folder, which its entries name as parent
 }
 
-void MemoryDisk::setAttributes(const std::string& path, std::uint32_t attributes) {
-  setSettable(*existing(path), attributes);
-}
-
 void MemoryDisk::setCurrentFolder(const std::string& path) {
   const std::string full = fullPath(path).value();
   if (!existing(full)->isFolder()) throw std::logic_error("that is no folder: " + full);

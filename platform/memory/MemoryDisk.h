@@ -68,7 +68,6 @@ class MemoryDisk {
   void addLink(const std::string& path, const std::string& target);
   // From now on enumerations give this size for the file, as a folder does whose entry is older than the latest writes.
   void setListedSize(const std::string& path, std::uint64_t size) { existing(path)->listedSize = size; }
-  void setAttributes(const std::string& path, std::uint32_t attributes);
   // Takes a file, or a folder with all that is in it, off the disk; false when something there is open.
   bool takeAway(const std::string& path);
   // Makes the folder its drive's current one, and the drive the current drive.

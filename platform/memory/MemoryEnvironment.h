@@ -21,11 +21,12 @@ class MemoryEnvironment final : public Environment {
   // Wraps round like the real one.
   void advance(std::uint32_t milliseconds) { tickCount_ += milliseconds; }
   // What the clock and the calendar show from now on.
-  void setDay(std::string dateText, std::string timeText, float seconds) {
-    dateText_ = std::move(dateText);
-    timeText_ = std::move(timeText);
-    seconds_ = seconds;
-  }
+  struct Day {
+    std::string date = "1/1/2004";
+    std::string time = "12:00:00 PM";
+    float seconds = 43200;
+  };
+  void setDay(Day day) { day_ = std::move(day); }
   void setVariable(const std::string& name, std::string value) { variables_[name] = std::move(value); }
   void setResourceText(const std::string& name, std::string text) { resources_[name] = std::move(text); }
 
@@ -41,9 +42,9 @@ class MemoryEnvironment final : public Environment {
   std::string resourceText(const std::string& name) override { return resources_[name]; }
   std::string upperCase(std::string_view text) override { return upper(text); }
   bool isAdministrator() override { return isAdministrator_; }
-  std::string dateText() override { return dateText_; }
-  std::string timeText() override { return timeText_; }
-  float secondsSinceMidnight() override { return seconds_; }
+  std::string dateText() override { return day_.date; }
+  std::string timeText() override { return day_.time; }
+  float secondsSinceMidnight() override { return day_.seconds; }
   double nextUniform() override { return uniform_.next(); }
 
  private:
@@ -51,9 +52,7 @@ class MemoryEnvironment final : public Environment {
   MemoryFaults& faults_;
   std::uint32_t tickCount_ = 0;
   bool isAdministrator_ = true;
-  std::string dateText_ = "1/1/2004";
-  std::string timeText_ = "12:00:00 PM";
-  float seconds_ = 43200;
+  Day day_;
   UniformSequence uniform_;
   std::map<std::string, std::string, NameOrder> variables_;
   std::map<std::string, std::string, NameOrder> resources_;

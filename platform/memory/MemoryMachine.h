@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/Platform.h"
+#include "platform/RegistryScriptShell.h"
 #include "platform/memory/MemoryCalendar.h"
 #include "platform/memory/MemoryDisk.h"
 #include "platform/memory/MemoryEnvironment.h"
@@ -17,7 +18,6 @@
 #include "platform/memory/MemoryFileSystem.h"
 #include "platform/memory/MemoryProfileFile.h"
 #include "platform/memory/MemoryRegistry.h"
-#include "platform/memory/MemoryScriptShell.h"
 #include "platform/memory/MemoryShell.h"
 #include "platform/memory/MemoryUi.h"
 #include "platform/memory/MemoryUrlCache.h"
@@ -43,7 +43,7 @@ class MemoryMachine : public Machine {
   MemoryShell& shell() override { return shell_; }
   MemoryRegistry& registry() override { return registry_; }
   MemoryProfileFile& profiles() override { return profiles_; }
-  MemoryScriptShell& scriptShell() override { return scriptShell_; }
+  RegistryScriptShell& scriptShell() override { return scriptShell_; }
   MemoryVersion& version() override { return version_; }
   MemoryEnvironment& environment() override { return environment_; }
   MemoryUi& ui() override { return ui_; }
@@ -85,7 +85,7 @@ class MemoryMachine : public Machine {
   MemoryVersion version_{faults_};
   MemoryRegistry registry_{version_, faults_};
   MemoryProfileFile profiles_{disk_, faults_};
-  MemoryScriptShell scriptShell_{registry_, faults_};
+  RegistryScriptShell scriptShell_{registry_};
   MemoryEnvironment environment_{kProgramFolder, faults_};
   MemoryUi ui_{disk_, faults_};
   MemoryUrlCache urlCache_{faults_};

@@ -46,7 +46,8 @@ class MemoryUi final : public Ui {
 
   // Queues an action of the user; each call of serveEvents carries out one of them.
   void whenServing(std::function<void()> action) { queued_.push_back(std::move(action)); }
-  // Runs the action at every call of serveEvents and serveSystem, except those that the action itself leads to.
+  // Runs the action at every call of serveEvents and serveSystem, except those that the action itself leads to, until
+  // it throws.
   void everyServing(std::function<void()> action) { always_ = std::move(action); }
   // Queues what the user does in a next modal window, and which must close it (std::logic_error if not). Without a
   // script the user closes the window at once.
@@ -108,13 +109,10 @@ class MemoryUi final : public Ui {
 
  private:
   void runAlways() {
-    if (inAlways_ || !always_) return;
-    // An exception from an action ends the loop too.
-    const struct Reset {
-      bool& flag;
-      ~Reset() { flag = false; }
-    } reset{inAlways_ = true};
-    always_();
+    std::function<void()> action = std::exchange(always_, nullptr);
+    if (!action) return;
+    action();
+    always_ = std::move(action);
   }
 
   // The first and the last button of a box.
@@ -138,7 +136,6 @@ class MemoryUi final : public Ui {
   std::deque<std::string> chosenFiles_;
   std::deque<std::function<void()>> queued_;
   std::function<void()> always_;
-  bool inAlways_ = false;
   std::deque<std::function<void(controls::Form&)>> modal_;
   std::vector<std::string> sounds_;
   std::string clipboard_;

@@ -4,11 +4,11 @@
 #define _WIN32_WINNT 0x0600
 #include <windows.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 
 #include "platform/win32/Win32Machine.h"
+#include "platform/win32/ui/Win32Ui.h"
 #include "tests/contract/ContractTest.h"
 #include "tests/support/WinFiles.h"
 
@@ -32,28 +32,9 @@ void removeTree(const std::string& folder) {
   require(!std::filesystem::exists(folder), "remove " + folder);
 }
 
-// A walk processes pending messages, of which a program without windows has none.
-class NoWindows final : public platform::Ui {
- public:
-  platform::Answer messageBox(const std::string&, const std::string&, std::uint32_t) override {
-    return platform::Answer::kNo;
-  }
-  platform::Result<std::string> openFileDialog(const platform::OpenFileRequest&) override {
-    return platform::failure(platform::kDialogCancelled);
-  }
-  void serveEvents() override {}
-  void serveSystem() override {}
-  void playSound(const std::string&) override {}
-  bool copyText(const std::string&) override { return false; }
-  void setPointer(platform::Pointer) override {}
-  platform::Pointer pointer() const override { return platform::Pointer::kDefault; }
-  void runModal(controls::Form&, controls::Form*) override {}
-  [[noreturn]] void end() override { std::abort(); }
-};
-
 class Win32TestMachine final : public TestMachine {
  public:
-  Win32TestMachine() : machine_(std::make_unique<NoWindows>()) {
+  Win32TestMachine() : machine_(std::make_unique<platform::win32::Win32Ui>()) {
     removeAll();
     for (const std::string& folder : {root(), onOtherDrive()}) std::filesystem::create_directories(folder);
   }

@@ -38,6 +38,17 @@ inline bool isUntouched(const std::string& path, std::size_t size = 1000) {
 }
 
 // Starts the program for each test; the folder exists before.
-class ConsoleTest : public testing::Test, protected TestFolder, protected Program {};
+class ConsoleTest : public testing::Test, protected TestFolder, protected Program {
+ protected:
+  // Waits for the window of the help viewer and closes it.
+  static void closeHelp() {
+    constexpr DWORD kLongestStart = 20000;
+    HWND help = nullptr;
+    const auto isOpen = [&help] { return (help = FindWindowA("HH Parent", nullptr)) != nullptr; };
+    waitUntil("the help window", isOpen, kLongestStart);
+    PostMessageA(help, WM_CLOSE, 0, 0);
+    waitUntil("the help window to close", [help] { return IsWindow(help) == FALSE; });
+  }
+};
 
 }  // namespace desktop

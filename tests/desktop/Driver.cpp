@@ -47,12 +47,6 @@ std::string textOf(HWND window) {
   return text;
 }
 
-std::string classOf(HWND window) {
-  std::array<char, 64> name{};
-  GetClassNameA(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
-}
-
 DWORD processOf(HWND window) {
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
@@ -168,6 +162,12 @@ void takeScreenshot(const std::string& name) {
 // ---- Control --------------------------------------------------------------------------------------------------------
 
 std::string Control::text() const { return textOf(window_); }
+
+std::string Control::className() const {
+  std::array<char, 64> name{};
+  GetClassNameA(window_, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
 
 bool Control::ticked() const { return ask(window_, BM_GETCHECK) == BST_CHECKED; }
 
@@ -296,7 +296,7 @@ void Window::openFolder(const std::string& line) const {
 Texts Window::labelTexts() const {
   Texts texts;
   for (const Control& control : controls()) {
-    if (control.visible() && classOf(control.handle()) == "Static") texts.push_back(control.text());
+    if (control.visible() && control.className() == "Static") texts.push_back(control.text());
   }
   return texts;
 }
@@ -377,7 +377,8 @@ void Program::answer(const Answer& expected, DWORD limit) const {
 }
 
 bool Program::showsBox() const {
-  return findVisible(process_.dwProcessId, [](HWND window) { return classOf(window) == "#32770"; }) != nullptr;
+  return findVisible(process_.dwProcessId, [](HWND window) { return Control(window).className() == "#32770"; }) !=
+         nullptr;
 }
 
 }  // namespace desktop

@@ -38,6 +38,7 @@ class Control {
   HWND handle() const { return window_; }
   // Without the mark of its access key. Lists and pictures have the names that readers announce.
   std::string text() const;
+  std::string className() const;
   bool visible() const { return IsWindowVisible(window_) != FALSE; }
   bool enabled() const { return IsWindowEnabled(window_) != FALSE; }
   // Whether a check box is ticked.

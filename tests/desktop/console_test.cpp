@@ -1,63 +1,30 @@
 // The console window: the layout at three sizes, the keyboard, and a start on an old Windows.
-#include <algorithm>
-#include <array>
-
 #include "tests/desktop/ConsoleTest.h"
 
 namespace desktop {
 namespace {
-
-// In the font of the program's windows, which is the user's message font.
-SIZE textSize(const std::string& text) {
-  NONCLIENTMETRICSA settings = {};
-  settings.cbSize = sizeof(settings);
-  SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(settings), &settings, 0);
-  const HFONT font = CreateFontIndirectA(&settings.lfMessageFont);
-  const HDC screen = CreateCompatibleDC(nullptr);
-  SelectObject(screen, font);
-  SIZE size = {};
-  GetTextExtentPoint32A(screen, text.data(), static_cast<int>(text.size()), &size);
-  DeleteDC(screen);
-  DeleteObject(font);
-  return size;
-}
 
 bool contains(const RECT& outer, const RECT& inner) {
   RECT common;
   return IntersectRect(&common, &outer, &inner) && EqualRect(&common, &inner);
 }
 
-// Whether the control is of the class "Button" and of this type (BS_GROUPBOX ...).
-bool isButton(const Control& control, LONG type) {
-  std::array<char, 16> name{};
-  GetClassNameA(control.handle(), name.data(), name.size());
-  return name.data() == std::string("Button") && (GetWindowLongA(control.handle(), GWL_STYLE) & BS_TYPEMASK) == type;
-}
-
-// Every visible control is inside the window, shows its whole text, and overlaps no other; a frame may contain others.
+// Every visible control is inside the window and overlaps no other; a frame may contain others.
 void expectSoundLayout(const Window& window) {
   RECT inside = {};
   GetClientRect(window.handle(), &inside);
   MapWindowPoints(window.handle(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
-  std::vector<Control> controls = window.controls();
-  std::erase_if(controls, [](const Control& control) { return !control.visible(); });
-  for (auto one = controls.begin(); one != controls.end(); ++one) {
-    const RECT at = one->place();
-    EXPECT_TRUE(contains(inside, at)) << one->text() << " leaves the window";
-    const SIZE needed = textSize(one->text());
-    const bool isMarked = isButton(*one, BS_CHECKBOX) || isButton(*one, BS_GROUPBOX);
-    const int lines = std::max(1, static_cast<int>((at.bottom - at.top) / std::max(1L, needed.cy)));
-    EXPECT_LE(needed.cx, lines * (at.right - at.left - (isMarked ? GetSystemMetrics(SM_CXMENUCHECK) : 0)))
-        << one->text();
-    EXPECT_LE(needed.cy, at.bottom - at.top) << one->text();
-    for (auto other = one + 1; other != controls.end(); ++other) {
-      const RECT its = other->place();
+  std::vector<RECT> others;
+  for (const Control& control : window.controls()) {
+    if (!control.visible()) continue;
+    const RECT at = control.place();
+    EXPECT_TRUE(contains(inside, at)) << control.text() << " leaves the window";
+    for (const RECT& its : others) {
       RECT common;
-      const bool frames =
-          (isButton(*one, BS_GROUPBOX) && contains(at, its)) || (isButton(*other, BS_GROUPBOX) && contains(its, at));
-      EXPECT_TRUE(frames || !IntersectRect(&common, &at, &its))
-          << one->text() << " and " << other->text() << " overlap";
+      EXPECT_TRUE(contains(at, its) || contains(its, at) || !IntersectRect(&common, &at, &its))
+          << control.text() << " overlaps another";
     }
+    others.push_back(at);
   }
 }
 
@@ -86,27 +53,25 @@ TEST_F(ConsoleTest, CanBeReadAtAnySize) {
 // The message that Windows sends when the window comes to a screen of another resolution. Wine has one for all.
 TEST_F(ConsoleTest, FollowsTheResolutionOfItsScreen) {
   const Window window = console();
-  const auto places = [&window] {
-    std::vector<RECT> all;
-    for (const Control& control : window.controls()) all.push_back(control.place());
+  const auto heightOf = [](const RECT& place) { return place.bottom - place.top; };
+  const auto heights = [&] {
+    std::vector<LONG> all;
+    for (const Control& control : window.controls()) all.push_back(control.visible() ? heightOf(control.place()) : 0);
     return all;
   };
-  const auto heightOf = [](const RECT& place) { return place.bottom - place.top; };
   const RECT small = window.place();
-  const std::vector<RECT> before = places();
+  const std::vector<LONG> before = heights();
   const RECT large = {0, 0, (small.right - small.left) * 3 / 2, heightOf(small) * 3 / 2};
   window.changeDpi(144, large);
   const RECT now = window.place();
   EXPECT_TRUE(EqualRect(&large, &now));
-  const std::vector<RECT> after = places();
+  const std::vector<LONG> after = heights();
   for (std::size_t i = 0; i < before.size(); ++i) {
-    const bool isLower = heightOf(after[i]) * 10 < heightOf(before[i]) * 13;
-    EXPECT_FALSE(isLower && window.controls()[i].visible()) << window.controls()[i].text();
+    EXPECT_GE(after[i] * 10, before[i] * 13) << window.controls()[i].text();
   }
   takeScreenshot("console-144dpi");
   window.changeDpi(96, small);
-  const auto isSame = [](const RECT& one, const RECT& other) { return EqualRect(&one, &other) != FALSE; };
-  EXPECT_TRUE(std::ranges::equal(places(), before, isSame));
+  EXPECT_EQ(heights(), before);
 }
 
 TEST_F(ConsoleTest, CanBeUsedByAccessKeys) {
@@ -125,12 +90,7 @@ TEST_F(ConsoleTest, CanBeUsedByAccessKeys) {
 
   // The viewer is another program, which the shell opens.
   use("Help");
-  HWND help = nullptr;
-  waitUntil(
-      "the help window", [&help] { return (help = FindWindowA("HH Parent", nullptr)) != nullptr; }, 20000);
-  EXPECT_TRUE(!showsBox() && window.enabled());
-  PostMessageA(help, WM_CLOSE, 0, 0);
-  waitUntil("the help window to close", [help] { return IsWindow(help) == FALSE; });
+  closeHelp();
   window.control(".bak").flip();
   pressKey(VK_F4, VK_MENU);
   waitForEnd();

@@ -1,14 +1,40 @@
 // A loaded console on an in-memory machine.
 #pragma once
 
+#include <fstream>
+#include <iterator>
+
 #include "console/frmFind.h"
+#include "finder/frmChoose.h"
+#include "settings/frmPage.h"
+#include "settings/frmSR.h"
+#include "shredder/frmFolder.h"
+#include "shredder/frmMain.h"
 #include "tests/unit/UnitTest.h"
+
+// One of each other window of the console.
+struct OtherWindows {
+  explicit OtherWindows(frmFind& console) : choose(console.CustomExtensions) {}
+
+  frmMain shredder;
+  frmFolder picker{shredder};
+  frmPage page;
+  frmSR restore;
+  frmChoose choose;
+  const std::vector<controls::Form*> all = {&shredder, &picker, &page, &restore, &choose};
+};
 
 class ConsoleTest : public UnitTest {
  protected:
   frmFind form;
 
   void SetUp() override { form.load(); }
+
+  // The contents of a file of the program's resources.
+  static std::string resource(const char* name) {
+    std::ifstream file(std::string(SCRUBHAVEN_RESOURCES) + '/' + name);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
 
   // Ticks the file types at these indices and scans from `folder` down. Returns the texts of the boxes shown.
   Paths scan(std::initializer_list<std::size_t> types, const std::string& folder) {

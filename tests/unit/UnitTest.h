@@ -156,14 +156,20 @@ class UnitTest : public testing::Test {
     return texts;
   }
 
+  // The texts of the boxes that the action causes.
+  template <typename Action>
+  Paths boxesOf(const Action& action) const {
+    const auto before = static_cast<std::ptrdiff_t>(machine.boxes().size());
+    action();
+    const Paths all = boxTexts();
+    return {all.begin() + before, all.end()};
+  }
+
   // Clicks the button and answers the boxes in their order; the rest get their default answers. Returns the texts of
   // the boxes that it has caused.
   Paths press(controls::FlatButton& button, std::initializer_list<platform::Answer> answers = {}) {
-    const auto before = static_cast<std::ptrdiff_t>(machine.boxes().size());
     for (const platform::Answer answer : answers) machine.answer(answer);
-    button.click();
-    const Paths all = boxTexts();
-    return {all.begin() + before, all.end()};
+    return boxesOf([&] { button.click(); });
   }
 
   void addFiles(const std::string& folder, std::initializer_list<const char*> names, const std::string& bytes = "x") {

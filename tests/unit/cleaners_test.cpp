@@ -129,7 +129,7 @@ TEST_F(TempFolders, EmptiesExactlyItsFoldersWithAllBelowAfterAWarning) {
     expected.push_back(folder + "\\r\r\nis a read only file - OK to Delete?");
   }
   expected.push_back(kDone);
-  machine.disk().setAttributes("C:\\Windows\\Temp\\Sub", kHidden | platform::kSystem);
+  machine.disk().addFolder("C:\\Windows\\Temp\\Sub", kHidden | platform::kSystem);
   // Files of other attributes, which are the numbers in their names, stay unasked in the variables' folders.
   machine.addFile("C:\\Winnt\\Temp\\r", "x", kReadOnly | kHidden);
   const Paths kept =

@@ -10,8 +10,6 @@ namespace {
 
 using Console = ConsoleTest;
 
-constexpr const char* kHelpFile = "C:\\Program Files\\Scrubhaven\\scrubhaven.chm";
-
 TEST_F(Console, StartsAtTheRootAndAChosenDriveShowsTheWayToItsCurrentFolder) {
   EXPECT_EQ(form.Dir1.path(), "C:\\");
   machine.disk().addDrive('D', "BACKUP");
@@ -45,27 +43,9 @@ TEST_F(Console, AbortHelpAndCloseActWhileAScanRunsAndToolsDoNot) {
   });
   EXPECT_EQ(scan({kTypeTmp}, "C:\\J"), Paths{"    Scan Aborted"});
   const platform::ShellCommand& help = machine.shell().commands().at(1);
-  EXPECT_EQ(help.file, kHelpFile);
+  EXPECT_EQ(help.file, "C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
   EXPECT_TRUE(help.verb == "Open" && help.parameters == "0" && help.folder == "0" && help.showCommand == 1);
   EXPECT_THROW(form.cmdExit.click(), Ended);
-}
-
-TEST_F(Console, ShowsTheTopicOfAControlOrWindowUntilItEnds) {
-  const auto topic = [this](const char* name) {
-    form.openHelp(name);
-    return machine.shell().helpPage() ? machine.shell().helpPage()->second : "none";
-  };
-  // Without HTML Help, or the file, it is what the Help button does.
-  EXPECT_EQ(topic("cmdZero"), "none");
-  EXPECT_EQ(machine.shell().commands().at(0).file, kHelpFile);
-  machine.addFile(kHelpFile);
-  EXPECT_EQ(topic("cmdZero") + topic("Check0") + topic("Check19"),
-            "zero-byte-files.htmljunk-files.htmljunk-files.html");
-  EXPECT_EQ(topic("ListView1") + topic("ListView2"), "deleting.htmlzero-byte-files.html");
-  EXPECT_EQ(topic("frmSR") + topic("Label6") + topic(""), "system-restore.htmloverview.htmloverview.html");
-  EXPECT_EQ(machine.shell().helpPage()->first, kHelpFile);
-  EXPECT_THROW(form.cmdExit.click(), Ended);
-  EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
 }
 
 TEST_F(Console, NamesTheToolsThatWillNotWorkWithoutRights) {

@@ -96,7 +96,7 @@ TEST_F(JunkScan, OnlyHiddenSystemFoldersAndLinksAreNotSearched) {
   for (const auto& [folder, attributes] :
        {std::pair("Hidden", kHidden), {"System", kSystem}, {"Both", kHidden | kSystem}}) {
     machine.addFile(std::string("C:\\W\\") + folder + "\\a.tmp", "x");
-    machine.disk().setAttributes(std::string("C:\\W\\") + folder, attributes);
+    machine.disk().addFolder(std::string("C:\\W\\") + folder, attributes);
   }
   machine.addFile("C:\\Elsewhere\\c.tmp", "x");
   machine.disk().addLink("C:\\W\\Link", "C:\\Elsewhere");
@@ -207,7 +207,7 @@ TEST_F(ZeroByteFiles, ListsEmptyFilesOfAllFoldersButTheNamesThatWindowsKeeps) {
   addFiles("C:\\Z\\Case", {"io.sys", "MsDos.Sys", "win.ini", "System.ini", "desktop.ini", "BOOT.INI"}, "");
   addFiles("C:\\Z", {"1 one byte"});
   addFiles("C:\\Z\\Hidden", {"a", "b"}, "");
-  machine.disk().setAttributes("C:\\Z\\Hidden", kHidden | platform::kSystem);
+  machine.disk().addFolder("C:\\Z\\Hidden", kHidden | platform::kSystem);
   machine.disk().setListedSize("C:\\Z\\1 one byte", 0);
   machine.addSizedFile("C:\\Z\\Hidden\\low half is 0", 0x100000000ULL);
   addFiles("C:\\Elsewhere", {"c"}, "");

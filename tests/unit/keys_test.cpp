@@ -3,11 +3,6 @@
 #include <set>
 
 #include "controls/TabOrder.h"
-#include "finder/frmChoose.h"
-#include "settings/frmPage.h"
-#include "settings/frmSR.h"
-#include "shredder/frmFolder.h"
-#include "shredder/frmMain.h"
 #include "tests/unit/ConsoleTest.h"
 
 using controls::Control;
@@ -34,10 +29,7 @@ class Keys : public ConsoleTest {
 
   // Presses the key; returns the texts of the boxes that it has caused.
   Paths key(KeyPress press, Control& focus) {
-    const auto before = static_cast<std::ptrdiff_t>(machine.boxes().size());
-    EXPECT_TRUE(form.pressKey(press, &focus));
-    const Paths all = boxTexts();
-    return {all.begin() + before, all.end()};
+    return boxesOf([&] { EXPECT_TRUE(form.pressKey(press, &focus)); });
   }
 };
 
@@ -47,30 +39,23 @@ TEST_F(Keys, ScanTickInvertAndDeleteInTheListInFrontByItsCommands) {
   key(kTickAll, form.Dir1);
   key(kInvert, form.Dir1);
   key({Key::kF5}, form.Dir1);
-  const auto use = [this](controls::ListView& list, const controls::FlatButton& deletion, const char* question) {
+  const auto use = [this](controls::ListView& list, const char* question) {
     ASSERT_GE(list.rowCount(), 2U);
-    const auto expectTicked = [&](std::size_t count) {
-      EXPECT_EQ(list.tickedCount(), count);
-      EXPECT_EQ(deletion.enabled(), count > 0);
-    };
     list.clickTick(0);
-    key(kTickAll, form.Dir1);
-    expectTicked(list.rowCount());
-    key(kTickAll, list);
-    expectTicked(list.rowCount());
+    for (Control* focus : std::initializer_list<Control*>{&form.Dir1, &list}) key(kTickAll, *focus);
+    EXPECT_EQ(list.tickedCount(), list.rowCount());
     key(kInvert, list);
-    expectTicked(0);
-    EXPECT_EQ(key({Key::kDelete}, list), Paths{});
+    EXPECT_EQ(key({Key::kDelete}, list), Paths{}) << "nothing is ticked";
     list.clickTick(1);
     key(kInvert, list);
-    expectTicked(list.rowCount() - 1);
+    EXPECT_EQ(list.tickedCount(), list.rowCount() - 1);
     EXPECT_EQ(key({Key::kDelete}, list), Paths{question});
   };
-  use(form.ListView1, form.Delete, "Confirm file deletion?");
+  use(form.ListView1, "Confirm file deletion?");
   press(form.cmdZero);
-  use(form.ListView2, form.cmdZeroDelete, "Confirm file deletion?");
+  use(form.ListView2, "Confirm file deletion?");
   press(form.Del_Cache);
-  use(form.lvCache, form.cmdCleanCache, "Delete Selected Cache Items?");
+  use(form.lvCache, "Delete Selected Cache Items?");
 }
 
 TEST_F(Keys, OfTheConsoleOnlyAbortAndHelpActWhileAToolRuns) {
@@ -86,12 +71,10 @@ TEST_F(Keys, OfTheConsoleOnlyAbortAndHelpActWhileAToolRuns) {
     key({Key::kEscape}, form.Dir1);
     EXPECT_TRUE(form.AbortRequested);
   };
-  machine.whenServing(pressAll);
-  EXPECT_EQ(key({Key::kF5}, form.Dir1), Paths{"    Scan Aborted"});
-  machine.whenServing(pressAll);
-  EXPECT_THAT(press(form.cmdZero), testing::Contains("    Scan Aborted"));
-  machine.whenServing(pressAll);
-  EXPECT_EQ(press(form.Del_Cache), Paths{"    Scan Aborted"});
+  for (controls::FlatButton* tool : {&form.Scan, &form.cmdZero, &form.Del_Cache}) {
+    machine.whenServing(pressAll);
+    EXPECT_EQ(press(*tool).back(), "    Scan Aborted");
+  }
   EXPECT_EQ(machine.shell().commands().size(), 3U) << "there is no help file";
 }
 
@@ -106,15 +89,17 @@ TEST_F(Keys, BackspaceGoesUpAndOnlyItGoesOnWhileItIsHeldDown) {
   EXPECT_FALSE(form.pressKey({Key::kBackspace}, &form.Drive1));
 }
 
-TEST_F(Keys, AskForHelpAboutAControlOfTheConsoleOrAWindow) {
-  machine.addFile("C:\\Program Files\\Scrubhaven\\scrubhaven.chm");
+TEST_F(Keys, AskForHelpAboutAControlOrWindowWhichIsShownUntilTheProgramEnds) {
+  const std::string file = "C:\\Program Files\\Scrubhaven\\scrubhaven.chm";
+  key({Key::kF1}, form.cmdZero);
+  EXPECT_EQ(machine.shell().commands().at(0).file, file) << "as the Help button does";
+  EXPECT_FALSE(machine.shell().helpPage());
+  machine.addFile(file);
   Paths topics;
   const auto help = [&](controls::Form& window, Control* focus) {
     EXPECT_TRUE(window.pressKey({Key::kF1}, focus));
     topics.push_back(machine.shell().helpPage()->second);
   };
-  help(form, &form.cmdZero);
-  help(form, nullptr);
   const auto helpAndEscape = [&](controls::Form& window) {
     help(window, window.controls().front());
     if (window.cancelButton() == nullptr) return window.close();
@@ -130,25 +115,26 @@ TEST_F(Keys, AskForHelpAboutAControlOfTheConsoleOrAWindow) {
   form.cmdFurnace.click();
   machine.ui().whenModal(helpAndEscape);
   form.cmdChoose.click();
-  EXPECT_EQ(topics, (Paths{"zero-byte-files.html", "overview.html", "add-folder.html", "shredder.html",
-                           "custom-extensions.html"}));
+  EXPECT_EQ(topics, (Paths{"add-folder.html", "shredder.html", "custom-extensions.html"}));
+  topics.clear();
+  for (Control* focus : std::initializer_list<Control*>{&form.cmdZero, &form.Check[0], &form.Check[19], &form.ListView1,
+                                                        &form.ListView2, &form.Label6}) {
+    help(form, focus);
+  }
+  EXPECT_EQ(topics, (Paths{"zero-byte-files.html", "junk-files.html", "junk-files.html", "deleting.html",
+                           "zero-byte-files.html", "overview.html"}));
+  EXPECT_EQ(machine.shell().helpPage()->first, file);
+  EXPECT_THROW(form.cmdExit.click(), platform::memory::Ended);
+  EXPECT_FALSE(machine.shell().helpPage()) << "its window would be destroyed with the process while it is in use";
 }
 
-TEST_F(Keys, TabReachesTheScanSoonAndGroupsOfToolsAndTypesAreOneStop) {
+TEST_F(Keys, TabGoesRoundBothWaysAndGroupsAreOneStop) {
   controls::TabOrder order = orderOf(form);
   Control* const first = order.first();
   ASSERT_EQ(first, &form.Dir1);
   std::vector<const Control*> stops;
   for (Control* at = order.tab(first, true); at != first; at = order.tab(at, true)) stops.push_back(at);
-  EXPECT_LE(std::ranges::find(stops, &form.Scan) - stops.begin(), 11);
   EXPECT_LE(stops.size(), 24U);
-  const auto isStop = [&stops](const Control& control) { return std::ranges::find(stops, &control) != stops.end(); };
-  for (const Control* one : std::initializer_list<const Control*>{&form.Picture1, &form.Drive1, &form.ListView1,
-                                                                  &form.cmdZero, &form.Del_Cache, &form.Check[0]}) {
-    EXPECT_TRUE(isStop(*one)) << one->name();
-  }
-  EXPECT_FALSE(isStop(form.Del_Temps) || isStop(form.Check[1]));
-
   // Back the same way.
   std::vector<const Control*> back;
   for (Control* at = order.tab(first, false); at != first; at = order.tab(at, false)) back.push_back(at);
@@ -178,15 +164,13 @@ TEST_F(Keys, ALostFocusGoesToTheAbortButtonOrTheListNeverToAButtonThatActs) {
   press(form.Del_Cache);
   EXPECT_EQ(refugeOf(form), &form.lvCache);
 
-  frmMain shredder;
-  shredder.load();
-  EXPECT_EQ(refugeOf(shredder), &shredder.ListView1);
-  shredder.cmdCancel.enable();
-  EXPECT_EQ(refugeOf(shredder), &shredder.cmdCancel);
-  frmPage page;
-  page.load();
-  EXPECT_EQ(orderOf(page).first(), &page.cmd_Cancel);
-  EXPECT_EQ(refugeOf(page), &page.cmd_Cancel);
+  OtherWindows others(form);
+  for (controls::Form* window : others.all) window->load();
+  EXPECT_EQ(refugeOf(others.shredder), &others.shredder.ListView1);
+  others.shredder.cmdCancel.enable();
+  EXPECT_EQ(refugeOf(others.shredder), &others.shredder.cmdCancel);
+  EXPECT_TRUE(orderOf(others.page).first() == &others.page.cmd_Cancel &&
+              refugeOf(others.page) == &others.page.cmd_Cancel);
 }
 
 // The captions that a box's control may show, beside the present one.
@@ -197,13 +181,10 @@ void collectCaptions(const controls::Box& box, std::multimap<const Control*, std
 }
 
 TEST_F(Keys, LettersAreUsedOnceAndCanBeSeenInEveryCaption) {
-  frmMain shredder;
-  frmFolder picker(shredder);
-  frmPage page;
-  frmSR restore;
-  frmChoose choose(form.CustomExtensions);
-  for (controls::Form* window :
-       std::initializer_list<controls::Form*>{&form, &shredder, &picker, &page, &restore, &choose}) {
+  const OtherWindows others(form);
+  std::vector<controls::Form*> windows = others.all;
+  windows.push_back(&form);
+  for (controls::Form* window : windows) {
     std::multimap<const Control*, std::string> captions;
     collectCaptions(window->layout(), captions);
     std::set<char> used;

@@ -1,13 +1,7 @@
 // Every window at every size, resolution and font: nothing overlaps, nothing is cut, and everything can be reached.
 #include <algorithm>
-#include <fstream>
 #include <set>
 
-#include "finder/frmChoose.h"
-#include "settings/frmPage.h"
-#include "settings/frmSR.h"
-#include "shredder/frmFolder.h"
-#include "shredder/frmMain.h"
 #include "tests/unit/ConsoleTest.h"
 
 using controls::Control;
@@ -80,7 +74,7 @@ bool isAround(const Control* frame, const Control* control) {
 // One window at one size.
 class Look {
  public:
-  Look(controls::Form& form, const FontMetrics& metrics, Size screen) : form_(form), metrics_(metrics) {
+  Look(controls::Form& form, const FontMetrics& metrics, Size screen) : metrics_(metrics) {
     const controls::Box box = form.layout();
     const Size least = controls::leastSize(box, metrics);
     view_ = {screen.width - metrics.pixels(kWindowFrame.width), screen.height - metrics.pixels(kWindowFrame.height)};
@@ -133,7 +127,7 @@ class Look {
   void checkWhole(const Control& control, const Rect& place) {
     int around = 0;
     if (control.kind() == Kind::kButton) around = 2 * kSpacing;
-    if (isTool(control)) around += kPicture + kSpacing;
+    if (hasPictureBesideText(control)) around += kPicture + kSpacing;
     if (control.kind() == Kind::kCheckBox || control.kind() == Kind::kFrame) around = kPicture;
     const bool isPath = control.name() == "lblFile";  // shortened in its middle
     const int needed = isPath ? metrics_.pixels(200) : metrics_.textWidth(control.caption()) + metrics_.pixels(around);
@@ -142,11 +136,9 @@ class Look {
     check(place.height >= (isList(control) ? 5 : 1) * metrics_.font.height, control.name(), "is too low");
   }
 
-  bool isTool(const Control& control) const {
-    const auto* console = dynamic_cast<const frmFind*>(&form_);
-    return console != nullptr && control.frame() == nullptr && control.kind() == Kind::kButton &&
-           !control.caption().empty() && &control != &console->cmdHelp && &control != &console->cmdExit &&
-           &control != &console->cmdAbort;
+  static bool hasPictureBesideText(const Control& control) {
+    if (control.kind() != Kind::kButton || control.caption().empty()) return false;
+    return !static_cast<const controls::FlatButton&>(control).look().Picture.empty();
   }
 
   // In its frame, in the window, and seen as a whole when it is scrolled to.
@@ -170,7 +162,6 @@ class Look {
     return scrolling.offset <= from && end >= std::min(to, from + view) && end <= std::max(content, view);
   }
 
-  controls::Form& form_;
   const FontMetrics& metrics_;
   Size view_;
   Size content_;
@@ -182,8 +173,7 @@ class Layout : public ConsoleTest {
  protected:
   // The program's own looks of buttons, with their pictures.
   void SetUp() override {
-    std::ifstream looks(std::string(SCRUBHAVEN_RESOURCES) + "/buttons.txt");
-    machine.environment().setResourceText("BUTTONS", std::string(std::istreambuf_iterator<char>(looks), {}));
+    machine.environment().setResourceText("BUTTONS", resource("buttons.txt"));
     ConsoleTest::SetUp();
     EXPECT_FALSE(form.cmdZero.look().Picture.empty());
   }
@@ -234,15 +224,41 @@ TEST_F(Layout, OfTheConsoleIsSoundInEveryState) {
 }
 
 TEST_F(Layout, OfTheOtherWindowsIsSound) {
-  frmMain shredder;
-  frmFolder picker(shredder);
-  frmPage page;
-  frmSR restore;
-  frmChoose choose(form.CustomExtensions);
-  for (controls::Form* window : std::initializer_list<controls::Form*>{&shredder, &picker, &page, &restore, &choose}) {
+  OtherWindows others(form);
+  for (controls::Form* window : others.all) {
     window->load();
-    expectComplete(*window, window == &restore ? &restore.ListView1 : nullptr);
+    expectComplete(*window, window == &others.restore ? &others.restore.ListView1 : nullptr);
     expectSoundAtEverySize(*window, window->caption());
+  }
+}
+
+// Every section of the file is for a button that exists, and every picture is a resource.
+TEST_F(Layout, LooksAreOfTheProgramsButtonsAndHaveTheirPictures) {
+  const std::string script = machine.environment().upperCase(resource("scrubhaven.rc"));
+  ASSERT_TRUE(script.contains("BUTTONS RCDATA"));
+  std::set<std::string> known = {"default"};
+  const auto check = [&](const controls::Form& window) {
+    known.insert(window.name());
+    for (const Control* control : window.controls()) {
+      if (control->kind() != Kind::kButton) continue;
+      known.insert(window.name() + '.' + control->name());
+      const controls::ButtonLook& look = static_cast<const controls::FlatButton*>(control)->look();
+      for (const std::string& picture : {look.Picture, look.PictureHover}) {
+        if (!picture.starts_with("icon:")) continue;
+        EXPECT_TRUE(script.contains(machine.environment().upperCase("\nicon_" + picture.substr(5) + " icon ")))
+            << picture;
+      }
+    }
+  };
+  check(form);
+  const OtherWindows others(form);
+  for (controls::Form* window : others.all) {
+    window->load();
+    check(*window);
+  }
+  std::istringstream lines(resource("buttons.txt"));
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_TRUE(!line.starts_with('[') || known.contains(line.substr(1, line.size() - 2))) << line;
   }
 }
 

@@ -20,12 +20,11 @@ const std::pair<std::int32_t, std::string> kCodes[] = {
     {platform::kFileAlreadyOpen, "openBinary "},
     {platform::kFileNotFound, "deleteFile getFile moveFile remove "},
     {platform::kPathNotFound, "deleteFolder filesIn holdFolder moveFile openBinary remove subfolders "},
-    {platform::kPermissionDenied, "launchHidden moveFile openBinary putBytes putBytesAt regDelete remove "},
+    {platform::kPermissionDenied, "launchHidden moveFile openBinary putBytes putBytesAt remove "},
     {platform::kRegistryAccessDenied, "closeKey "},
     {platform::kRegistryMoreData, "queryValue "},
     {platform::kRegistryNotFound, "deleteKey openKey queryValue "},
     {static_cast<std::int32_t>(0x80004002), "coCreateInstance "},
-    {static_cast<std::int32_t>(0x80070002), "regWrite "},
 };
 
 bool names(const std::string& list, const std::string& operation) {

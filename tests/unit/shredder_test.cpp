@@ -57,7 +57,7 @@ class Shredder : public UnitTest {
     keystream() = {};
     machine.addFolder(kHere);
     machine.disk().setCurrentFolder(kHere);
-    machine.environment().setDay("21/11/2026", "12:34:56", 45296.12F);
+    machine.environment().setDay({"21/11/2026", "12:34:56", 45296.12F});
     form.load();
   }
 
@@ -96,7 +96,7 @@ TEST_F(Shredder, FilesGetTheirPassesInPlaceAndNamesFromOneRunOfTheIndices) {
   shredFile("C:\\Docs\\a.txt");
   EXPECT_EQ(progress, (std::vector<std::int16_t>{4,  7,  11, 14, 18, 21, 25, 29, 32, 36, 39, 43, 46, 50,
                                                  54, 57, 61, 64, 68, 71, 75, 79, 82, 86, 89, 93, 96, 100}));
-  machine.environment().setDay("22/11/2026", "00:00:01", 1.5F);
+  machine.environment().setDay({"22/11/2026", "00:00:01", 1.5F});
   shredFile("C:\\Docs\\b.txt");
   EXPECT_EQ(machine.faults().calls("flushFileBuffers"), 2 * 2 * 84);
   ASSERT_EQ(machine.disk().writes().size(), 2 * kPasses);

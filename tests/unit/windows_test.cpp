@@ -1,10 +1,4 @@
 // The captions and tooltips of the windows.
-
-#include "finder/frmChoose.h"
-#include "settings/frmPage.h"
-#include "settings/frmSR.h"
-#include "shredder/frmFolder.h"
-#include "shredder/frmMain.h"
 #include "tests/unit/ConsoleTest.h"
 
 using controls::Control;
@@ -47,13 +41,11 @@ TEST_F(Windows, HaveTheirCaptionsAndTooltips) {
     }
   };
   expectWindow(form, "Velmatrix Scrubhaven Pro 1.32");
-  frmMain shredder;
-  expectWindow(shredder, "Scrubhaven Pro - Shredder");
-  EXPECT_EQ(shredder.cancelButton(), nullptr) << "Esc would cancel every later run";
-  expectWindow(frmFolder(shredder), "Add folder contents");
-  expectWindow(frmPage(), "Cear Pagfile");
-  expectWindow(frmSR(), "Toggle System Restore");
-  expectWindow(frmChoose(form.CustomExtensions), "Custom File Extensions");
+  const OtherWindows others(form);
+  EXPECT_EQ(others.shredder.cancelButton(), nullptr) << "Esc would cancel every later run";
+  const char* const captions[] = {"Scrubhaven Pro - Shredder", "Add folder contents", "Cear Pagfile",
+                                  "Toggle System Restore", "Custom File Extensions"};
+  for (std::size_t i = 0; i < std::size(captions); ++i) expectWindow(*others.all[i], captions[i]);
   EXPECT_THAT(tips, testing::ElementsAreArray(kTips));
 }
 

@@ -320,17 +320,28 @@ void FormWindow::arrange() {
   arranging_ = false;
 }
 
-// In one step. SWP_NOCOPYBITS, because the pixels at the old position may be those of another control.
+// Those whose place has changed, in one step, and paints what they covered and cover. SWP_NOCOPYBITS, because the pixels
+// at the old position may be those of another control.
 void FormWindow::moveControls(const NativePlaces& places) {
+  std::vector<HWND> moved;
+  std::vector<controls::Rect> stale;
   HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
   for (const auto& [window, place] : places) {
+    const auto before = placed_.find(window);
+    if (before != placed_.end() && before->second == place) continue;
     moves = DeferWindowPos(moves, window, nullptr, place.x, place.y, place.width, place.height,
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    moved.push_back(window);
+    stale.push_back(place);
+    if (before != placed_.end()) stale.push_back(before->second);
   }
   EndDeferWindowPos(moves);
   placed_ = places;
-  for (const auto& [window, peer] : peers_) peer->placed();
-  redrawAll();
+  for (const HWND window : moved) peerOf(window)->placed();
+  for (const controls::Rect& place : stale) {
+    const RECT rectangle = {place.x, place.y, place.right(), place.bottom()};
+    RedrawWindow(handle_, &rectangle, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+  }
 }
 
 FormWindow::NativePlaces FormWindow::shifted(int right, int down) const {
