@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "tests/desktop/Driver.h"
+#include "driver/Driver.h"
 
 using namespace desktop;  // NOLINT(google-build-using-namespace): this file is a script in the driver's terms
 

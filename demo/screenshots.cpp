@@ -2,7 +2,7 @@
 // C:\Sample must hold the sample files.
 #include <cstdio>
 
-#include "tests/desktop/Driver.h"
+#include "driver/Driver.h"
 
 using namespace desktop;  // NOLINT(google-build-using-namespace): this file is a script in the driver's terms
 

@@ -10,8 +10,8 @@
 #include <functional>
 #include <string>
 
+#include "driver/Driver.h"
 #include "finder/junk_types.h"
-#include "tests/desktop/Driver.h"
 
 namespace {
 

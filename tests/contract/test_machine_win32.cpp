@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <memory>
 
+#include "driver/WinFiles.h"
 #include "platform/win32/Win32Machine.h"
 #include "platform/win32/ui/Win32Ui.h"
 #include "tests/contract/ContractTest.h"
-#include "tests/support/WinFiles.h"
 
 namespace contract {
 namespace {

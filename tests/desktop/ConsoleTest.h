@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/desktop/Driver.h"
+#include "driver/Driver.h"
 
 namespace desktop {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <map>
 
-#include "tests/desktop/Driver.h"
+#include "driver/Driver.h"
 
 namespace desktop {
 namespace {

@@ -320,8 +320,8 @@ void FormWindow::arrange() {
   arranging_ = false;
 }
 
-// Those whose place has changed, in one step, and paints what they covered and cover. SWP_NOCOPYBITS, because the pixels
-// at the old position may be those of another control.
+// Those whose place has changed, in one step, and paints what they covered and cover. SWP_NOCOPYBITS, because the
+// pixels at the old position may be those of another control.
 void FormWindow::moveControls(const NativePlaces& places) {
   std::vector<HWND> moved;
   std::vector<controls::Rect> stale;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/WinFiles.h"
+#include "driver/WinFiles.h"
 
 namespace desktop {
 

@@ -1,4 +1,4 @@
-#include "tests/desktop/Driver.h"
+#include "driver/Driver.h"
 
 // Kept apart: the common controls' header needs <windows.h> before it.
 #include <commctrl.h>
