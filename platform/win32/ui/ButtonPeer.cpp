@@ -118,16 +118,14 @@ void ButtonPeer::draw(const DRAWITEMSTRUCT& item) {
   const int height = item.rcItem.bottom - item.rcItem.top;
   const HDC target = CreateCompatibleDC(item.hDC);
   const HBITMAP bitmap = CreateCompatibleBitmap(item.hDC, width, height);
-  const HFONT font = metrics().makeFont(look.Font);
   const HGDIOBJ bitmapBefore = SelectObject(target, bitmap);
-  const HGDIOBJ fontBefore = SelectObject(target, font);
+  const HGDIOBJ fontBefore = SelectObject(target, metrics().font(look.Font));
 
   drawButton(target, {0, 0, width, height}, look, state);
   BitBlt(item.hDC, item.rcItem.left, item.rcItem.top, width, height, target, 0, 0, SRCCOPY);
 
   SelectObject(target, fontBefore);
   SelectObject(target, bitmapBefore);
-  DeleteObject(font);
   DeleteObject(bitmap);
   DeleteDC(target);
 }

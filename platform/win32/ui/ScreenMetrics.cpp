@@ -1,5 +1,6 @@
 #include "platform/win32/ui/ScreenMetrics.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -36,6 +37,12 @@ ScreenMetrics::~ScreenMetrics() {
   SelectObject(screen_, fontBefore_);
   DeleteDC(screen_);
   DeleteObject(font_);
+  deleteOtherFonts();
+}
+
+void ScreenMetrics::deleteOtherFonts() {
+  for (const auto& [wanted, font] : otherFonts_) DeleteObject(font);
+  otherFonts_.clear();
 }
 
 bool ScreenMetrics::update(int dpi) {
@@ -49,6 +56,7 @@ bool ScreenMetrics::update(int dpi) {
   if (font_ == nullptr) font_ = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
   SelectObject(screen_, font_);
   DeleteObject(before);
+  deleteOtherFonts();
   measure();
   return true;
 }
@@ -71,14 +79,20 @@ int ScreenMetrics::textWidth(const std::string& text) const { return textExtent(
 int ScreenMetrics::pixels(int at96) const { return MulDiv(at96, dpi_, 96); }
 
 controls::Size ScreenMetrics::textSize(const std::string& text, const controls::TextFont& font) const {
-  const HFONT own = makeFont(font);
-  SelectObject(screen_, own);
+  if (font == controls::TextFont()) return {textWidth(text), baseHeight_};
+  SelectObject(screen_, this->font(font));
   TEXTMETRICA metrics = {};
   GetTextMetricsA(screen_, &metrics);
   const controls::Size size = {textWidth(text), static_cast<int>(metrics.tmHeight)};
   SelectObject(screen_, font_);
-  DeleteObject(own);
   return size;
+}
+
+HFONT ScreenMetrics::font(const controls::TextFont& font) const {
+  if (font == controls::TextFont()) return font_;
+  const auto known = std::ranges::find(otherFonts_, font, [](const auto& entry) { return entry.first; });
+  if (known != otherFonts_.end()) return known->second;
+  return otherFonts_.emplace_back(font, makeFont(font)).second;
 }
 
 HFONT ScreenMetrics::makeFont(const controls::TextFont& font) const {

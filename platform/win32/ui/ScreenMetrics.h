@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "controls/ButtonLook.h"
 #include "controls/Layout.h"
@@ -32,16 +34,19 @@ class ScreenMetrics final : public controls::Metrics {
 
   // Owned by this object.
   HFONT font() const { return font_; }
-  // `font` for this screen; the caller deletes it. CreateFontIndirectA.
-  HFONT makeFont(const controls::TextFont& font) const;
+  // `font` for this screen, made once and owned by this object. CreateFontIndirectA.
+  HFONT font(const controls::TextFont& font) const;
   // The height of a line in pixels.
   int lineHeight() const { return baseHeight_; }
 
  private:
   void measure();
+  HFONT makeFont(const controls::TextFont& font) const;
+  void deleteOtherFonts();
 
   LOGFONTA settings_ = {};  // of font_
   HFONT font_ = nullptr;
+  mutable std::vector<std::pair<controls::TextFont, HFONT>> otherFonts_;
   int dpi_ = 0;
   HDC screen_;  // memory device context with font_ selected
   HGDIOBJ fontBefore_;
