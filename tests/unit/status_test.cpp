@@ -19,6 +19,15 @@ class Status : public ConsoleTest {
   }
 };
 
+TEST_F(Status, NamesTheToolsThatNeedRightsUntilTheFirstScan) {
+  machine.environment().setAdministrator(false);
+  form.load();
+  EXPECT_TRUE(shown().starts_with("Without administrator rights: ")) << shown();
+  addFiles("C:\\J", {"a.tmp"});
+  scan({kTypeTmp}, "C:\\J");
+  EXPECT_TRUE(shown().starts_with("Folder to search: C:\\J")) << shown();
+}
+
 TEST_F(Status, TellsWhatIsSearchedFoundAndTicked) {
   addFiles("C:\\J", {"small.tmp"}, std::string(1000, 'x'));
   addFiles("C:\\J\\Sub", {"large.tmp"}, std::string(3000000, 'x'));
