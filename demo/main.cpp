@@ -51,14 +51,13 @@ class Demonstration : Program {
     expect(recycledItems() == before + 3, "3 more items are in the Recycle Bin");
 
     say("5. \"Delete to Recycle Bin\" is unticked, and rows are deleted for good.");
-    console().control("Delete to Recycle Bin").flip();
-    deleteAll({"Setup\\setup1.tmp", "Setup\\setup2.tmp"}, {kConfirm});
+    deleteAll({"Setup\\setup1.tmp", "Setup\\setup2.tmp"}, {kConfirm}, "Delete to Recycle Bin");
     expect(recycledItems() == before + 3, "no more items are in the Recycle Bin");
 
     say("6. \"Shred Files?\" is ticked, and rows are wiped.");
-    console().control("Shred Files?").flip();
     deleteAll({"Documents\\letter to the bank.wbk", "Tools\\customers.db$"},
-              {kConfirm, {"Files Shredded", "OK", "All files that are not locked have been shredded."}});
+              {kConfirm, {"Files Shredded", "OK", "All files that are not locked have been shredded."}},
+              "Shred Files?");
     expect(std::ranges::all_of(junk().texts(), exists), "every other listed file is still there");
     takeScreenshot("3-done");
 
@@ -72,8 +71,10 @@ class Demonstration : Program {
 
   bool isListed(const std::string& file) { return std::ranges::count(junk().texts(), "C:\\Sample\\" + file) > 0; }
 
-  void deleteAll(const Texts& files, const std::vector<Answer>& answers) {
+  // `way` is the check box that is flipped first, if any. It is enabled while rows are ticked.
+  void deleteAll(const Texts& files, const std::vector<Answer>& answers, const std::string& way = "") {
     for (const std::string& file : files) junk().flip("C:\\Sample\\" + file);
+    if (!way.empty()) console().control(way).flip();
     use("Delete Files", answers);
     for (const std::string& file : files) {
       waitUntil("the row of " + file + " to leave", [&] { return !isListed(file); });
