@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "bench/Ranges.h"
 #include "console/frmFind.h"
 #include "platform/memory/MemoryMachine.h"
 
@@ -30,11 +31,7 @@ void addRowsWithKeys(benchmark::State& state) {
   }
   state.SetComplexityN(state.range(0));
 }
-BENCHMARK(addRowsWithKeys)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(addRowsWithKeys)->Apply(upToAMillion);
 
 // What a row takes on the heap beyond the characters of its texts.
 void memoryOfRows(benchmark::State& state) {
@@ -64,11 +61,7 @@ void tickAllAndInvert(benchmark::State& state) {
   }
   state.SetComplexityN(state.range(0));
 }
-BENCHMARK(tickAllAndInvert)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(tickAllAndInvert)->Apply(upToAMillion);
 
 // As the user does it, with all that follows each tick in the console.
 void selectAllInTheConsole(benchmark::State& state) {
@@ -86,11 +79,7 @@ void selectAllInTheConsole(benchmark::State& state) {
   }
   state.SetComplexityN(state.range(0));
 }
-BENCHMARK(selectAllInTheConsole)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(1'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(selectAllInTheConsole)->Apply(upToAMillion);
 
 // By the first column, of which every row shares most with its neighbours.
 void sortByPath(benchmark::State& state) {
@@ -126,10 +115,6 @@ void removeEverySecondRow(benchmark::State& state) {
   }
   state.SetComplexityN(state.range(0));
 }
-BENCHMARK(removeEverySecondRow)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(10'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(removeEverySecondRow)->Apply(upToAMillion);
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "bench/Ranges.h"
 #include "console/frmFind.h"
 #include "platform/memory/MemoryMachine.h"
 
@@ -45,11 +46,7 @@ void junkScan(benchmark::State& state) {
   for (auto _ : state) console.form.Scan.click();
   expectRows(state, console.form.ListView1, state.range(0) / 2);
 }
-BENCHMARK(junkScan)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(1'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(junkScan)->Apply(upToAMillion);
 
 void zeroByteScan(benchmark::State& state) {
   MemoryMachine machine;
@@ -66,11 +63,7 @@ void zeroByteScan(benchmark::State& state) {
   }
   expectRows(state, console.form.ListView2, state.range(0) / 4);
 }
-BENCHMARK(zeroByteScan)
-    ->Unit(benchmark::kMillisecond)
-    ->RangeMultiplier(10)
-    ->Range(1'000, 1'000'000)
-    ->Complexity(benchmark::oN);
+BENCHMARK(zeroByteScan)->Apply(upToAMillion);
 
 // Counts the calls of all operations on files while every row is deleted.
 void deletion(benchmark::State& state, bool wipes) {

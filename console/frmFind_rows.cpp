@@ -30,9 +30,6 @@ void frmFind::bindRows() {
   for (const auto& [list, buttons] : commands) {
     for (controls::FlatButton* button : buttons) button->setAccessibleDescription(list->accessibleName());
   }
-  for (controls::FlatButton* tool : {&Del_History, &Del_Recent, &Del_Recycle, &cmdMRU, &cmdLists}) {
-    tool->setAccessibleDescription("Acts at once");
-  }
 }
 
 // While a tool runs, nothing can be ticked by the menu: what is ticked may be in work.

@@ -19,6 +19,7 @@ void FlatButton::setLook(ButtonLook look) {
   look_ = std::move(look);
   if (caption().empty()) setCaption(look_.Caption);
   if (!look_.Enabled) disable();
+  if (look_.Mark) setAccessibleDescription("Acts at once");
 }
 
 void FlatButton::click() {

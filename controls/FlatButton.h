@@ -15,7 +15,8 @@ class FlatButton final : public Control {
   Event onPointerEnters;
 
   const ButtonLook& look() const { return look_; }
-  // To be set before the button is shown. A caption that the button has already stays, and so does a disabled state.
+  // To be set before the button is shown. A caption that the button has already stays, and so does a disabled state. A
+  // mark is told to screen readers.
   void setLook(ButtonLook look);
 
   // A click by the user: plays the click sound, opens the look's URL and raises onClick, or does nothing while the

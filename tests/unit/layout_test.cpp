@@ -243,6 +243,7 @@ TEST_F(Layout, LooksAreOfTheProgramsButtonsAndHaveTheirPictures) {
       if (control->kind() != Kind::kButton) continue;
       known.insert(window.name() + '.' + control->name());
       const controls::ButtonLook& look = static_cast<const controls::FlatButton*>(control)->look();
+      EXPECT_EQ(control->accessibleDescription() == "Acts at once", look.Mark) << control->name();
       for (const std::string& picture : {look.Picture, look.PictureHover}) {
         if (!picture.starts_with("icon:")) continue;
         EXPECT_TRUE(script.contains(machine.environment().upperCase("\nicon_" + picture.substr(5) + " icon ")))
