@@ -1,6 +1,7 @@
 #include "controls/Layout.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "controls/ButtonLook.h"
@@ -145,8 +146,13 @@ class Measure {
     return leastButtonSize(look, widest, metrics_);
   }
 
-  // The least size of a control's content.
+  // The least size of a control's content. Measured once, because every box around the control asks for it.
   Size controlSize(const Box& box) const {
+    const auto known = controlSizes_.find(&box);
+    return known != controlSizes_.end() ? known->second : controlSizes_[&box] = measuredSize(box);
+  }
+
+  Size measuredSize(const Box& box) const {
     switch (box.control->kind()) {
       case Kind::kButton:
         return buttonSize(box);
@@ -240,6 +246,7 @@ class Measure {
 
   const Metrics& metrics_;
   Counted counted_;
+  mutable std::unordered_map<const Box*, Size> controlSizes_;
 };
 
 class Arranger {

@@ -66,10 +66,12 @@ ButtonPeer::ButtonPeer(const Host& host, controls::FlatButton& button)
   replaceProcedure(handle(), *this, procedure, nativeProcedure_);
 }
 
-// Screen readers learn by this message which button is the default one; an owner-drawn button cannot have the style.
+// Screen readers learn by WM_GETDLGCODE which button is the default one; an owner-drawn button cannot have the style.
 LRESULT CALLBACK ButtonPeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   const auto& peer = peerOf<ButtonPeer>(window);
   if (message == WM_GETDLGCODE) return DLGC_BUTTON | (peer.isDefault() ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+  // The native button would paint itself at once, and again when it is invalid.
+  if (message == WM_ENABLE) return 0;
   return CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
 }
 

@@ -8,8 +8,7 @@ namespace platform::win32 {
 
 class CheckBoxPeer final : public ControlPeer {
  public:
-  CheckBoxPeer(const Host& host, controls::CheckBox& box)
-      : ControlPeer(host, box, {.windowClass = "BUTTON", .style = BS_CHECKBOX}), box_(box) {}
+  CheckBoxPeer(const Host& host, controls::CheckBox& box);
 
   void onCommand(int code) override {
     if (code == BN_CLICKED) box_.click();
@@ -24,7 +23,10 @@ class CheckBoxPeer final : public ControlPeer {
   void showValue() override { SendMessageA(handle(), BM_SETCHECK, box_.ticked() ? BST_CHECKED : BST_UNCHECKED, 0); }
 
  private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+
   controls::CheckBox& box_;
+  WNDPROC nativeProcedure_ = nullptr;
 };
 
 }  // namespace platform::win32

@@ -256,7 +256,7 @@ void ListViewPeer::fillItem(LVITEMA& item) {
   const bool isThere = row < list_.rowCount();
   if ((item.mask & LVIF_TEXT) != 0) {
     const std::string& text = isThere ? list_.cell(row, static_cast<std::size_t>(item.iSubItem)) : kNothing;
-    item.pszText = asNative(drawnText(text, item.iItem, item.iSubItem));
+    item.pszText = asNative(drawnText(text, static_cast<std::size_t>(item.iSubItem)));
   }
   if ((item.mask & LVIF_STATE) != 0) {
     item.state = INDEXTOSTATEIMAGEMASK(isThere && list_.ticked(row) ? 2 : 1);
@@ -265,9 +265,9 @@ void ListViewPeer::fillItem(LVITEMA& item) {
 }
 
 // Other programs, such as screen readers, get the whole text.
-const std::string& ListViewPeer::drawnText(const std::string& text, int item, int column) {
-  if (!painting_ || !list_.columns()[static_cast<std::size_t>(column)].shortened) return text;
-  const int room = textRoom(item, column);
+const std::string& ListViewPeer::drawnText(const std::string& text, std::size_t column) {
+  if (!painting_ || !list_.columns()[column].shortened) return text;
+  const int room = paintedRooms_[column];
   if (metrics().textWidth(text) <= room) return text;
   std::string& drawn = drawnTexts_[nextDrawn_++ % drawnTexts_.size()];
   drawn = shortenedInMiddle(text, room);
@@ -403,10 +403,20 @@ LRESULT CALLBACK ListViewPeer::procedure(HWND window, UINT message, WPARAM first
     if (isOwn) peer.openRowMenu(isMenuKey ? -1 : second);
     return 0;
   }
-  if (message == WM_PAINT) peer.painting_ = true;
-  const LRESULT result = CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
-  if (message == WM_PAINT) peer.painting_ = false;
-  if (message == WM_PAINT && !peer.shownEmptyText_.empty()) peer.drawEmptyText();
+  if (message == WM_PAINT) return peer.paint(first, second);
+  return CallWindowProcA(peer.nativeProcedure_, window, message, first, second);
+}
+
+LRESULT ListViewPeer::paint(WPARAM first, LPARAM second) {
+  // Measured before, because the native list requests an item's text to tell the place of the item.
+  paintedRooms_.clear();
+  for (int column = 0; !list_.empty() && column < static_cast<int>(columnWidths_.size()); ++column) {
+    paintedRooms_.push_back(textRoom(0, column));
+  }
+  painting_ = !list_.empty();
+  const LRESULT result = CallWindowProcA(nativeProcedure_, handle(), WM_PAINT, first, second);
+  painting_ = false;
+  if (!shownEmptyText_.empty()) drawEmptyText();
   return result;
 }
 

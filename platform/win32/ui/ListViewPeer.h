@@ -33,6 +33,7 @@ class ListViewPeer final : public ControlPeer {
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
   LRESULT mouseDown(UINT message, WPARAM first, LPARAM second);
   bool keyDown(WPARAM key);
+  LRESULT paint(WPARAM first, LPARAM second);
   void tickFocused();
   // `where` is that of WM_CONTEXTMENU: the pointer's place on the screen, or -1 for the keyboard.
   void openRowMenu(LPARAM where);
@@ -49,7 +50,7 @@ class ListViewPeer final : public ControlPeer {
   void showOrder();
   int widthOf(const controls::Column& column) const;
   void fillItem(LVITEMA& item);
-  const std::string& drawnText(const std::string& text, int item, int column);
+  const std::string& drawnText(const std::string& text, std::size_t column);
   std::string shortenedInMiddle(const std::string& text, int width) const;
   // LVIR_BOUNDS or LVIR_LABEL of an item. LVM_GETITEMRECT.
   RECT partOf(int item, int part) const;
@@ -68,6 +69,7 @@ class ListViewPeer final : public ControlPeer {
   WNDPROC nativeProcedure_ = nullptr;
   HIMAGELIST tickPictures_ = nullptr;
   std::vector<int> columnWidths_;  // in pixels, as last set by this object
+  std::vector<int> paintedRooms_;  // textRoom() of the columns while the list is painted
   std::string shownEmptyText_;     // empty while there are rows
   std::size_t rowsSeen_ = 0;       // row count at the last change
   std::optional<controls::SortOrder> shownOrder_;

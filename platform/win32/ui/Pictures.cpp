@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 namespace platform::win32 {
 namespace {
@@ -97,12 +99,20 @@ void drawInvert(HDC target, const RECT& place, COLORREF line) {
   drawPolygon(target, square, half);
 }
 
-void drawIcon(HDC target, const RECT& place, const char* name) {
+// Loaded once for the life of the program; null when there is no such resource.
+HICON iconOfSize(const std::string& name, SIZE size) {
+  static std::map<std::tuple<std::string, LONG, LONG>, HICON> loaded;
+  const auto [entry, isNew] = loaded.try_emplace({name, size.cx, size.cy});
+  if (isNew) {
+    entry->second = static_cast<HICON>(
+        LoadImageA(GetModuleHandleA(nullptr), name.c_str(), IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR));
+  }
+  return entry->second;
+}
+
+void drawIcon(HDC target, const RECT& place, const std::string& name) {
   const SIZE size = sizeOf(place);
-  const HANDLE icon = LoadImageA(GetModuleHandleA(nullptr), name, IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR);
-  if (icon == nullptr) return;
-  DrawIconEx(target, place.left, place.top, static_cast<HICON>(icon), size.cx, size.cy, 0, nullptr, DI_NORMAL);
-  DestroyIcon(static_cast<HICON>(icon));
+  DrawIconEx(target, place.left, place.top, iconOfSize(name, size), size.cx, size.cy, 0, nullptr, DI_NORMAL);
 }
 
 void drawBitmap(HDC target, const RECT& place, const char* name) {
@@ -123,7 +133,7 @@ void drawBitmap(HDC target, const RECT& place, const char* name) {
 
 void drawSolid(HDC target, const RECT& place, const std::string& name, COLORREF line) {
   const std::string icon = iconResource(name);
-  if (!icon.empty()) return drawIcon(target, place, icon.c_str());
+  if (!icon.empty()) return drawIcon(target, place, icon);
   if (name.starts_with(kBitmap)) return drawBitmap(target, place, name.c_str() + kBitmap.size());
   if (name == "drawn:magnifier") return drawMagnifier(target, place, line);
   if (name == "drawn:invert") return drawInvert(target, place, line);

@@ -31,20 +31,31 @@ void StatusBarPeer::placed() {
   showValue();
 }
 
+// The native bar paints itself with each text it is given, unless it may not.
 void StatusBarPeer::showValue() {
+  const bool isShown = (GetWindowLongA(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (isShown) SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
+  const bool changed = showTexts();
+  if (isShown) SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
+  if (changed) redraw();
+}
+
+bool StatusBarPeer::showTexts() {
   const HDC target = GetDC(handle());
   const HGDIOBJ fontBefore = SelectObject(target, metrics().font());
-  divide(paneWidths(target));
+  bool changed = divide(paneWidths(target));
   shown_.resize(rightEdges_.size());
-  setText(target, 0, bar_.text());
-  for (std::size_t i = 0; i < bar_.panes().size(); ++i) setText(target, i + 1, bar_.panes()[i]);
+  changed |= setText(target, 0, bar_.text());
+  for (std::size_t i = 0; i < bar_.panes().size(); ++i) changed |= setText(target, i + 1, bar_.panes()[i]);
   if (bar_.moving() != showsMoving_) {
     showsMoving_ = bar_.moving();
     position_ = 0;
+    changed = true;
   }
-  if (showsMoving_) SendMessageA(handle(), SB_SETTEXTA, (rightEdges_.size() - 1) | SBT_OWNERDRAW, 0);
+  if (changed && showsMoving_) SendMessageA(handle(), SB_SETTEXTA, (rightEdges_.size() - 1) | SBT_OWNERDRAW, 0);
   SelectObject(target, fontBefore);
   ReleaseDC(handle(), target);
+  return changed;
 }
 
 std::vector<int> StatusBarPeer::paneWidths(HDC target) {
@@ -61,23 +72,24 @@ std::vector<int> StatusBarPeer::paneWidths(HDC target) {
 }
 
 // The size grip is in the last part.
-void StatusBarPeer::divide(const std::vector<int>& widths) {
+bool StatusBarPeer::divide(const std::vector<int>& widths) {
   RECT room;
   GetClientRect(handle(), &room);
   std::vector<int> edges(widths.size() + 1);
   edges.back() = room.right;
   int left = room.right - systemMetric(SM_CXVSCROLL, handle());
   for (std::size_t i = widths.size(); i-- > 0;) edges[i] = left = std::max(0, left - widths[i]);
-  if (edges == rightEdges_) return;
+  if (edges == rightEdges_) return false;
   rightEdges_ = edges;
   shown_.clear();
   SendMessageA(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+  return true;
 }
 
-void StatusBarPeer::setText(HDC target, std::size_t part, const std::string& text) {
+bool StatusBarPeer::setText(HDC target, std::size_t part, const std::string& text) {
   const int left = part == 0 ? 0 : rightEdges_[part - 1];
   const int width = rightEdges_[part] - left - metrics().pixelsX(kPanePadding);
-  if (shown_[part] == text && !text.empty()) return;
+  if (shown_[part] == text) return false;
   shown_[part] = text;
   if (hasWideCalls()) {
     const std::wstring shortened = shortenedText(target, text, width);
@@ -85,6 +97,7 @@ void StatusBarPeer::setText(HDC target, std::size_t part, const std::string& tex
   } else {
     SendMessageA(handle(), SB_SETTEXTA, part, reinterpret_cast<LPARAM>(text.c_str()));
   }
+  return true;
 }
 
 void StatusBarPeer::move() {

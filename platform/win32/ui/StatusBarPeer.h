@@ -1,6 +1,7 @@
 // The native status bar (msctls_statusbar32), which the first version of the common controls has too.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,13 +26,15 @@ class StatusBarPeer final : public ControlPeer {
   // The widths of the panes behind the text, in pixels. While the bar moves, none gets narrower, so that they stand
   // still.
   std::vector<int> paneWidths(HDC target);
-  void divide(const std::vector<int>& widths);
-  void setText(HDC target, std::size_t part, const std::string& text);
+  // These return whether the native bar has changed.
+  bool showTexts();
+  bool divide(const std::vector<int>& widths);
+  bool setText(HDC target, std::size_t part, const std::string& text);
 
   controls::StatusBar& bar_;
-  std::vector<int> rightEdges_;     // of the parts, in pixels, as last set
-  std::vector<int> leastWidths_;    // of the panes, while the bar moves
-  std::vector<std::string> shown_;  // the texts of the parts, as last set
+  std::vector<int> rightEdges_;                    // of the parts, in pixels, as last set
+  std::vector<int> leastWidths_;                   // of the panes, while the bar moves
+  std::vector<std::optional<std::string>> shown_;  // the texts of the parts, if set since they were divided
   bool showsMoving_ = false;
   int position_ = 0;  // of the moving bar, counted in steps
 };
