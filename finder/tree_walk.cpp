@@ -10,14 +10,15 @@
 #include "platform/Enumeration.h"
 #include "platform/Paths.h"
 #include "platform/Platform.h"
+#include "platform/TreeReader.h"
 
 namespace finder {
 namespace {
 
-constexpr std::uint32_t kHiddenAndSystem = platform::kHidden | platform::kSystem;
 constexpr std::uint32_t kMostMillisecondsWithoutMessages = 20;
 
 using Entries = std::vector<platform::FolderEntry>;
+using platform::TreeReader;
 
 // A search pattern, and how to match it when that is ours to do.
 struct Search {
@@ -45,27 +46,15 @@ class Walker {
   std::int64_t total() const { return total_; }
 
   // `folder` ends in a backslash.
-  void walkFolder(const std::string& folder) {
-    Entries entries;
-    if (!readEntries(folder, entries)) return processPendingMessages();
-    const std::vector<std::string> subfolders = subfoldersToEnter(folder, entries);
-    if (walk_.onFolderRead) walk_.onFolderRead(static_cast<std::size_t>(std::ranges::count_if(entries, isFile)));
-    if (walk_.onFilesBegin) walk_.onFilesBegin();
-    std::string lastFile;
-    for (const Search& search : searches_) {
-      if (stops(StopTest::kBeforeEachPattern)) return processPendingMessages();
-      if (search.own) {
-        matchFiles(folder, entries, *search.own, lastFile);
-      } else if (isSearchable(search.pattern)) {
-        enumerateFiles(folder, search.pattern, lastFile);
-      }
-    }
-    if (walk_.onFolderDone) walk_.onFolderDone(folder + (subfolders.empty() ? "" : subfolders.back()) + lastFile);
-    processPendingMessages();
-    Entries().swap(entries);
-    for (const std::string& name : subfolders) {
+  void walk(const std::string& folder) {
+    const auto reader = platform::machine().files().readTree(folder, walk_.entersHiddenSystemFolders);
+    platform::FolderContents contents;
+    for (;;) {
+      const TreeReader::Step step = reader->next(contents);
+      if (step == TreeReader::Step::kEnd) return;
+      if (step == TreeReader::Step::kRead) walkFolder(contents);
+      processPendingMessages();
       if (walk_.stopTest != StopTest::kNever && walk_.stopRequested()) return;
-      walkFolder(folder + name + '\\');
     }
   }
 
@@ -84,42 +73,45 @@ class Walker {
 
   bool stops(StopTest here) const { return walk_.stopTest == here && walk_.stopRequested(); }
 
-  // Returns false when the walk has been stopped.
-  bool readEntries(const std::string& folder, Entries& entries) {
-    return platform::machine().files().readFolder(folder, [&](platform::FolderEntry& entry) {
-      if (stops(StopTest::kBeforeEachFolderEntry)) return false;
-      entries.push_back(std::move(entry));
-      processPendingMessagesInTime();
-      return true;
-    });
-  }
-
-  // Only what the folder calls a folder is asked for its attributes.
-  std::vector<std::string> subfoldersToEnter(const std::string& folder, const Entries& entries) {
-    std::vector<std::string> names;
-    for (const platform::FolderEntry& entry : entries) {
-      if (!platform::isDirectory(entry.attributes) || !isEntered(folder + entry.name)) continue;
-      names.push_back(entry.name);
+  void walkFolder(const platform::FolderContents& contents) {
+    if (!passesEntries(contents.entries)) return;
+    for (const std::string& name : contents.subfolders) {
       ++dirCount_;
-      if (walk_.onSubfolder) walk_.onSubfolder(folder + entry.name);
+      if (walk_.onSubfolder) walk_.onSubfolder(contents.folder + name);
     }
-    return names;
+    if (walk_.onFolderRead) {
+      walk_.onFolderRead(static_cast<std::size_t>(std::ranges::count_if(contents.entries, isFile)));
+    }
+    if (walk_.onFilesBegin) walk_.onFilesBegin();
+    std::string lastFile;
+    for (const Search& search : searches_) {
+      if (stops(StopTest::kBeforeEachPattern)) return;
+      if (search.own) {
+        matchFiles(contents, *search.own, lastFile);
+      } else if (isSearchable(search.pattern)) {
+        enumerateFiles(contents.folder, search.pattern, lastFile);
+      }
+    }
+    if (!walk_.onFolderDone) return;
+    walk_.onFolderDone(contents.folder + (contents.subfolders.empty() ? "" : contents.subfolders.back()) + lastFile);
   }
 
-  bool isEntered(const std::string& folder) const {
-    const std::uint32_t attributes = platform::machine().files().getFileAttributes(folder);
-    if (!platform::isOwnFolder(attributes)) return false;
-    return walk_.entersHiddenSystemFolders || (attributes & kHiddenAndSystem) != kHiddenAndSystem;
+  // Returns false when the walk is to be stopped.
+  bool passesEntries(const Entries& entries) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      if (stops(StopTest::kBeforeEachFolderEntry)) return false;
+      processPendingMessagesInTime();
+    }
+    return true;
   }
 
-  void matchFiles(const std::string& folder, const Entries& entries, const NamePattern& pattern,
-                  std::string& lastFile) {
-    for (const platform::FolderEntry& entry : entries) {
+  void matchFiles(const platform::FolderContents& contents, const NamePattern& pattern, std::string& lastFile) {
+    for (const platform::FolderEntry& entry : contents.entries) {
       processPendingMessagesInTime();
       if (platform::isDirectory(entry.attributes)) continue;
       const bool matches =
           pattern.matches(entry.name) || (!entry.shortName.empty() && pattern.matches(entry.shortName));
-      if (matches) visitFile(folder, entry.name, entry.size, lastFile);
+      if (matches) visitFile(contents.folder, entry.name, entry.size, lastFile);
     }
   }
 
@@ -154,7 +146,7 @@ std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const TreeWalk&
   if (path.empty()) return 0;
   if (path.back() != '\\') path += '\\';
   Walker walker(walk, DirCount);
-  walker.walkFolder(path);
+  walker.walk(path);
   return walker.total();
 }
 

@@ -42,7 +42,7 @@ struct TreeWalk {
 // to enter to `DirCount`. Returns the sum of the files' sizes, see countedSize. Folders that cannot be read are
 // skipped. Each folder is read once; only a pattern whose rules are the system's own (NamePattern) is enumerated
 // again. Processes pending messages after each folder, and every 20 ms within one.
-// FileSystem::readFolder, FindFirstFileA, FindNextFileA, FindClose, GetFileAttributesA.
+// FileSystem::readTree, FindFirstFileA, FindNextFileA, FindClose.
 std::int64_t walkTree(std::string& path, std::int32_t& DirCount, const TreeWalk& walk);
 
 // The full paths of the folders directly in `folder`, which ends in a backslash; links are left out.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Paths.h"
+#include "platform/TreeReader.h"
 
 namespace platform {
 namespace {
@@ -21,6 +22,10 @@ Result<void> FileSystem::rename(const std::string& from, const std::string& to) 
   if (!there) return std::unexpected(there.error());
   if (!onSameDrive(*here, *there)) return failure(kDifferentDrive);
   return moveFile(from, to);
+}
+
+std::unique_ptr<TreeReader> FileSystem::readTree(const std::string& folder, bool entersHiddenSystemFolders) {
+  return std::make_unique<DirectTreeReader>(*this, folder, entersHiddenSystemFolders);
 }
 
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,6 +76,8 @@ struct Drive {
   std::string label;
 };
 
+class TreeReader;
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -92,6 +95,11 @@ class FileSystem {
   // enumeration, until it returns false; returns false then. Names are those of an enumeration. A folder that cannot be
   // read has no entries. FindFirstFileW, FindNextFileW, FindClose; FindFirstFileA, FindNextFileA.
   virtual bool readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) = 0;
+
+  // Reads `folder`, which ends in a backslash, and all folders below it that are no links; those that are hidden and
+  // system only when `entersHiddenSystemFolders`. readFolder, getFileAttributes; the machine may do it ahead of the
+  // reader's use, so what has changed since is not seen.
+  virtual std::unique_ptr<TreeReader> readTree(const std::string& folder, bool entersHiddenSystemFolders);
 
   // GetFileAttributesA. Returns the attribute bits of a file or folder, kInvalidAttributes when it cannot be asked.
   virtual std::uint32_t getFileAttributes(const std::string& path) = 0;

@@ -10,6 +10,7 @@
 #include "platform/Paths.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/LastError.h"
+#include "platform/win32/ReadAhead.h"
 
 namespace platform::win32 {
 namespace {
@@ -182,6 +183,10 @@ bool Win32FileSystem::findClose(Handle enumeration) { return FindClose(native(en
 
 bool Win32FileSystem::readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) {
   return hasWideCalls() ? readEntries<WideCalls>(folder, visit) : readEntries<NarrowCalls>(folder, visit);
+}
+
+std::unique_ptr<TreeReader> Win32FileSystem::readTree(const std::string& folder, bool entersHiddenSystemFolders) {
+  return std::make_unique<ReadAhead>(folder, entersHiddenSystemFolders);
 }
 
 std::uint32_t Win32FileSystem::getFileAttributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }

@@ -19,6 +19,7 @@ class Win32FileSystem final : public FileSystem {
   bool findNextFile(Handle enumeration, FindRecord& record) override;
   bool findClose(Handle enumeration) override;
   bool readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) override;
+  std::unique_ptr<TreeReader> readTree(const std::string& folder, bool entersHiddenSystemFolders) override;
   std::uint32_t getFileAttributes(const std::string& path) override;
   Result<std::uint64_t> fileSize(const std::string& path) override;
   bool anyFileMatches(const std::string& pattern, std::uint32_t mask) override;
