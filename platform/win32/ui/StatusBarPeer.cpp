@@ -33,7 +33,7 @@ void StatusBarPeer::placed() {
 
 // The native bar paints itself with each text it is given, unless it may not.
 void StatusBarPeer::showValue() {
-  const bool isShown = (GetWindowLongA(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  const bool isShown = (GetWindowLongPtrA(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
   if (isShown) SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
   const bool changed = showTexts();
   if (isShown) SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
