@@ -31,31 +31,21 @@ void StatusBarPeer::placed() {
   showValue();
 }
 
-// The native bar paints itself with each text it is given, unless it may not.
+// The native bar paints a part at once when it is set, so only those that change are set.
 void StatusBarPeer::showValue() {
-  const bool isShown = (GetWindowLongPtrA(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
-  if (isShown) SendMessageA(handle(), WM_SETREDRAW, FALSE, 0);
-  const bool changed = showTexts();
-  if (isShown) SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
-  if (changed) redraw();
-}
-
-bool StatusBarPeer::showTexts() {
   const HDC target = GetDC(handle());
   const HGDIOBJ fontBefore = SelectObject(target, metrics().font());
-  bool changed = divide(paneWidths(target));
+  const bool isDivided = divide(paneWidths(target));
   shown_.resize(rightEdges_.size());
-  changed |= setText(target, 0, bar_.text());
-  for (std::size_t i = 0; i < bar_.panes().size(); ++i) changed |= setText(target, i + 1, bar_.panes()[i]);
+  setText(target, 0, bar_.text());
+  for (std::size_t i = 0; i < bar_.panes().size(); ++i) setText(target, i + 1, bar_.panes()[i]);
   if (bar_.moving() != showsMoving_) {
     showsMoving_ = bar_.moving();
     position_ = 0;
-    changed = true;
   }
-  if (changed && showsMoving_) SendMessageA(handle(), SB_SETTEXTA, (rightEdges_.size() - 1) | SBT_OWNERDRAW, 0);
+  if (showsMoving_ && isDivided) SendMessageA(handle(), SB_SETTEXTA, (rightEdges_.size() - 1) | SBT_OWNERDRAW, 0);
   SelectObject(target, fontBefore);
   ReleaseDC(handle(), target);
-  return changed;
 }
 
 std::vector<int> StatusBarPeer::paneWidths(HDC target) {
@@ -86,10 +76,10 @@ bool StatusBarPeer::divide(const std::vector<int>& widths) {
   return true;
 }
 
-bool StatusBarPeer::setText(HDC target, std::size_t part, const std::string& text) {
+void StatusBarPeer::setText(HDC target, std::size_t part, const std::string& text) {
   const int left = part == 0 ? 0 : rightEdges_[part - 1];
   const int width = rightEdges_[part] - left - metrics().pixelsX(kPanePadding);
-  if (shown_[part] == text) return false;
+  if (shown_[part] == text) return;
   shown_[part] = text;
   if (hasWideCalls()) {
     const std::wstring shortened = shortenedText(target, text, width);
@@ -97,7 +87,6 @@ bool StatusBarPeer::setText(HDC target, std::size_t part, const std::string& tex
   } else {
     SendMessageA(handle(), SB_SETTEXTA, part, reinterpret_cast<LPARAM>(text.c_str()));
   }
-  return true;
 }
 
 void StatusBarPeer::move() {

@@ -26,10 +26,9 @@ class StatusBarPeer final : public ControlPeer {
   // The widths of the panes behind the text, in pixels. While the bar moves, none gets narrower, so that they stand
   // still.
   std::vector<int> paneWidths(HDC target);
-  // These return whether the native bar has changed.
-  bool showTexts();
+  // Returns whether the parts are new ones, without texts.
   bool divide(const std::vector<int>& widths);
-  bool setText(HDC target, std::size_t part, const std::string& text);
+  void setText(HDC target, std::size_t part, const std::string& text);
 
   controls::StatusBar& bar_;
   std::vector<int> rightEdges_;                    // of the parts, in pixels, as last set
