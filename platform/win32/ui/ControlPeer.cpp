@@ -10,9 +10,11 @@ namespace {
 // WS_CLIPSIBLINGS: a control does not paint over one above it in the Z order, such as the status bar while the window
 // is scrolled.
 HWND createChild(const Host& host, const controls::Control& control, const NativeWindow& native) {
-  const HWND window = CreateWindowExA(native.extendedStyle, native.windowClass, windowText(control).c_str(),
-                                      WS_CHILD | WS_CLIPSIBLINGS | native.style, 0, 0, 0, 0, host.window, nullptr,
-                                      GetModuleHandleA(nullptr), nullptr);
+  const DWORD state = (control.shown() ? WS_VISIBLE : 0) | (control.usable() ? 0 : WS_DISABLED);
+  const HWND window =
+      CreateWindowExA(native.extendedStyle, native.windowClass, windowText(control).c_str(),
+                      WS_CHILD | WS_CLIPSIBLINGS | native.style | state, host.place.x, host.place.y, host.place.width,
+                      host.place.height, host.window, nullptr, GetModuleHandleA(nullptr), nullptr);
   SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(host.metrics.font()), FALSE);
   return window;
 }
@@ -49,7 +51,11 @@ void replaceProcedure(HWND window, ControlPeer& peer, WNDPROC procedure, WNDPROC
 }
 
 ControlPeer::ControlPeer(const Host& host, controls::Control& control, const NativeWindow& native)
-    : host_(host), control_(control), handle_(createChild(host, control, native)) {
+    : host_(host),
+      control_(control),
+      handle_(createChild(host, control, native)),
+      shown_(control.shown()),
+      usable_(control.usable()) {
   control_.attach(this);
   host_.changed = true;
 }

@@ -16,8 +16,9 @@ namespace platform::win32 {
 struct Host {
   HWND window;
   const ScreenMetrics& metrics;
-  bool& changed;    // set by peers when they need a flush()
-  bool& rearrange;  // set by peers when a control has been shown or hidden
+  controls::Rect place;  // where the native window is created, in pixels
+  bool& changed;         // set by peers when they need a flush()
+  bool& rearrange;       // set by peers when a control has been shown or hidden
 };
 
 // The arguments of CreateWindowExA that depend on the kind of control.
@@ -30,7 +31,8 @@ struct NativeWindow {
 // Changes of the control are recorded by changed() and applied to the native window by flush().
 class ControlPeer : public controls::Peer {
  public:
-  // Creates the native window, hidden and without a size, and attaches this peer to `control`.
+  // Creates the native window and attaches this peer to `control`. The window has the control's
+  // state.
   ControlPeer(const Host& host, controls::Control& control, const NativeWindow& native);
   // The native window must have been destroyed before, together with its parent.
   ~ControlPeer() override;
@@ -87,8 +89,8 @@ class ControlPeer : public controls::Peer {
   Host host_;
   controls::Control& control_;
   HWND handle_;
-  bool shown_ = false;  // state of the native window
-  bool usable_ = true;  // state of the native window
+  bool shown_;   // state of the native window
+  bool usable_;  // state of the native window
   bool captionChanged_ = false;
   bool valueChanged_ = true;
 };

@@ -8,7 +8,6 @@
 #include "platform/win32/ui/Dpi.h"
 #include "platform/win32/ui/DroppedFiles.h"
 #include "platform/win32/ui/PeerFactory.h"
-#include "platform/win32/ui/Scheme.h"
 
 namespace platform::win32 {
 namespace {
@@ -80,8 +79,13 @@ FormWindow::FormWindow(controls::Form& form, FormWindow* owner, const Ui& ui)
   metrics_.update(dpiOf(handle_));
   setIcons();
   addSystemMenuItem();
+  // The controls are created where they are shown, because moving each of them later takes as long again.
+  form_.prepareToShow();
+  layout_ = form_.layout();
+  const controls::Rect place = initialPlace();
+  SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
   createControls();
-  followScheme(handle_);
+  scheme_.follow(handle_);
   // Access keys and the focus are shown from the start, not only after a key has been used.
   SendMessageA(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   form_.attach(this);
@@ -115,10 +119,12 @@ void FormWindow::addSystemMenuItem() const {
 }
 
 void FormWindow::createControls() {
-  const Host host{handle_, metrics_, changed_, rearrange_};
+  const controls::Places places = fitContent();
   for (controls::Control* control : controls::tabOrder(layout_)) {
-    std::unique_ptr<ControlPeer> peer = makePeer(host, *control);
+    const controls::Rect place = places.at(control);
+    std::unique_ptr<ControlPeer> peer = makePeer({handle_, metrics_, place, changed_, rearrange_}, *control);
     toolTips_.add(peer->handle());
+    placed_[peer->handle()] = place;
     peers_.emplace(peer->handle(), std::move(peer));
   }
   std::vector<ControlPeer*> order = tabOrder();
@@ -128,12 +134,16 @@ void FormWindow::createControls() {
     if ((*peer)->control().kind() != controls::Kind::kFrame) continue;
     SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
+  for (ControlPeer* peer : order) peer->placed();
   keys_.emplace(form_, std::move(order));
-  if (form_.statusBar() == nullptr) return;
-  auto status = std::make_unique<StatusBarPeer>(host, *form_.statusBar());
-  status_ = status.get();
-  SetWindowPos(status->handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  peers_.emplace(status->handle(), std::move(status));
+  if (form_.statusBar() != nullptr) {
+    auto status =
+        std::make_unique<StatusBarPeer>(Host{handle_, metrics_, {}, changed_, rearrange_}, *form_.statusBar());
+    status_ = status.get();
+    SetWindowPos(status->handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    peers_.emplace(status->handle(), std::move(status));
+  }
+  arrange();
 }
 
 std::vector<ControlPeer*> FormWindow::tabOrder() const {
@@ -151,8 +161,6 @@ void FormWindow::annotateControls() {
 }
 
 void FormWindow::open() {
-  const controls::Rect place = initialPlace();
-  SetWindowPos(handle_, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
   flush();
   if (form_.onDrop) DragAcceptFiles(handle_, TRUE);
   if (owner_ != nullptr) EnableWindow(owner_->handle(), FALSE);
@@ -254,7 +262,7 @@ controls::Rect FormWindow::initialPlace() const {
   return place;
 }
 
-int FormWindow::statusHeight() const { return status_ == nullptr ? 0 : controls::statusBarHeight(metrics_); }
+int FormWindow::statusHeight() const { return form_.statusBar() == nullptr ? 0 : controls::statusBarHeight(metrics_); }
 
 controls::Size FormWindow::room() const {
   RECT whole;
@@ -275,10 +283,7 @@ void FormWindow::showScrollBar(int bar, bool shown, const controls::Scrolling& s
   if (shown) SetScrollInfo(handle_, bar, &info, TRUE);
 }
 
-// Showing a scroll bar sends WM_SIZE.
-void FormWindow::arrange() {
-  if (arranging_) return;
-  arranging_ = true;
+controls::Places FormWindow::fitContent() {
   const controls::Size content = controls::leastSize(layout_, metrics_);
   controls::Size inside = room();
   inside.height = std::max(0, inside.height - statusHeight());
@@ -294,12 +299,18 @@ void FormWindow::arrange() {
   down_.scrollTo(down_.offset);
   showScrollBar(SB_HORZ, bars.horizontal, across_);
   showScrollBar(SB_VERT, bars.vertical, down_);
+  return controls::arrange(layout_, metrics_, inside);
+}
 
+// Showing a scroll bar sends WM_SIZE.
+void FormWindow::arrange() {
+  if (arranging_) return;
+  arranging_ = true;
   NativePlaces places;
-  const controls::Places inLayout = controls::arrange(layout_, metrics_, inside);
+  const controls::Places inLayout = fitContent();
   for (const auto& [window, peer] : peers_) {
     if (peer.get() == status_) {
-      places[window] = {0, inside.height, inside.width, statusHeight()};
+      places[window] = {0, down_.view, across_.view, statusHeight()};
       continue;
     }
     controls::Rect place = peer->nativePlace(inLayout.at(&peer->control()));
@@ -379,9 +390,9 @@ void FormWindow::redrawAll() const {
 }
 
 // The common controls cache the system colours and expect their parent to forward WM_SYSCOLORCHANGE.
-void FormWindow::forwardColourChange() const {
+void FormWindow::forwardColourChange() {
   for (const auto& [window, peer] : peers_) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
-  followScheme(handle_);
+  scheme_.follow(handle_);
   redrawAll();
 }
 

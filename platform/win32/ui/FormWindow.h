@@ -12,6 +12,7 @@
 #include "platform/Ui.h"
 #include "platform/win32/ui/ControlPeer.h"
 #include "platform/win32/ui/KeyNavigation.h"
+#include "platform/win32/ui/Scheme.h"
 #include "platform/win32/ui/ScreenMetrics.h"
 #include "platform/win32/ui/StatusBarPeer.h"
 #include "platform/win32/ui/ToolTips.h"
@@ -75,8 +76,10 @@ class FormWindow final : public controls::Peer {
   std::vector<ControlPeer*> tabOrder() const;
   // Takes over the layout of the controls that are visible now.
   void rearrange();
-  // Places all controls in the window, which may be scrolled, and the status bar below them.
   void annotateControls();
+  // Shows the scroll bars that the layout needs in the window. Returns where it then puts the controls.
+  controls::Places fitContent();
+  // Places all controls in the window, which may be scrolled, and the status bar below them.
   void arrange();
   using NativePlaces = std::unordered_map<HWND, controls::Rect>;
   void moveControls(const NativePlaces& places);
@@ -103,7 +106,7 @@ class FormWindow final : public controls::Peer {
   // The least size of the window, less where the screen is smaller.
   controls::Size leastSizeOnScreen() const;
   void redrawAll() const;
-  void forwardColourChange() const;
+  void forwardColourChange();
   // The pointer has entered the control of `peer`; null when it has left all controls.
   void hover(ControlPeer* peer);
   void checkHover();
@@ -116,6 +119,7 @@ class FormWindow final : public controls::Peer {
   ScreenMetrics metrics_;
   HWND handle_;
   ToolTips toolTips_;
+  Scheme scheme_;
   std::unordered_map<HWND, std::unique_ptr<ControlPeer>> peers_;
   std::optional<KeyNavigation> keys_;
   ControlPeer* hovered_ = nullptr;

@@ -28,9 +28,10 @@ bool isHighContrast() {
          (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
-void followScheme(HWND window) {
+void Scheme::follow(HWND window) {
   const bool isPlain = isHighContrast() || brightnessOf(COLOR_BTNTEXT) > brightnessOf(COLOR_BTNFACE);
-  EnumChildWindows(window, setStyle, isPlain ? 1 : 0);
+  if (isPlain != isPlain_) EnumChildWindows(window, setStyle, isPlain ? 1 : 0);
+  isPlain_ = isPlain;
 }
 
 }  // namespace platform::win32
