@@ -230,6 +230,8 @@ class frmFind final : public controls::Form {
   bool anythingToDelete(const controls::ListView& list);
   // Whether a row is ticked in a list that is in front.
   bool anyTicked(const controls::ListView& list) const;
+  // The result list that the user sees; null when none is shown.
+  const controls::ListView* listInFront() const;
   // Whether the list is the one that the user sees. The commands of any other list find it empty.
   bool isInFront(const controls::ListView& list) const;
   // The indices of the ticked rows, ascending.

@@ -48,12 +48,14 @@ bool frmFind::anythingToDelete(const controls::ListView& list) {
 
 bool frmFind::anyTicked(const controls::ListView& list) const { return list.tickedCount() > 0 && isInFront(list); }
 
-bool frmFind::isInFront(const controls::ListView& list) const {
+const controls::ListView* frmFind::listInFront() const {
   for (const controls::ListView* one : {&lvCache, &ListView1, &ListView2}) {
-    if (one->visible()) return one == &list;
+    if (one->visible()) return one;
   }
-  return false;
+  return nullptr;
 }
+
+bool frmFind::isInFront(const controls::ListView& list) const { return listInFront() == &list; }
 
 std::vector<std::size_t> frmFind::tickedRows(const controls::ListView& list) {
   std::vector<std::size_t> rows;

@@ -88,10 +88,7 @@ std::string frmFind::emptyTextOf(const controls::ListView& list) const {
 }
 
 std::vector<std::string> frmFind::statusPanes() const {
-  const controls::ListView* front = nullptr;
-  for (const controls::ListView* list : {&lvCache, &ListView1, &ListView2}) {
-    if (isInFront(*list)) front = list;
-  }
+  const controls::ListView* const front = listInFront();
   std::vector<std::string> panes;
   if (scan_.runs && scan_.folders > 0) {
     panes.push_back(counted(scan_.folders, "folder", "folders") + ", " + counted(scan_.files, "file", "files") + ", " +

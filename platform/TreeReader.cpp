@@ -4,19 +4,24 @@
 
 namespace platform {
 
-DirectTreeReader::DirectTreeReader(FileSystem& files, std::string folder, bool entersHiddenSystemFolders)
-    : files_(files), entersHiddenSystemFolders_(entersHiddenSystemFolders), waiting_{std::move(folder)} {}
+DirectTreeReader::DirectTreeReader(FileSystem& files, std::string folder, bool entersHiddenSystemFolders,
+                                   std::function<bool()> isStopped)
+    : files_(files),
+      entersHiddenSystemFolders_(entersHiddenSystemFolders),
+      isStopped_(std::move(isStopped)),
+      waiting_{std::move(folder)} {}
 
 TreeReader::Step DirectTreeReader::next(FolderContents& contents) {
   if (waiting_.empty()) return Step::kEnd;
   contents = {.folder = std::move(waiting_.back()), .entries = {}, .subfolders = {}};
   waiting_.pop_back();
-  files_.readFolder(contents.folder, [&contents](FolderEntry& entry) {
+  files_.readFolder(contents.folder, [this, &contents](FolderEntry& entry) {
     contents.entries.push_back(std::move(entry));
-    return true;
+    return !isStopped_();
   });
   // Only what the folder calls a folder is asked for its attributes.
   for (const FolderEntry& entry : contents.entries) {
+    if (isStopped_()) break;
     const bool isFolder = isDirectory(entry.attributes) && isEntered(contents.folder + entry.name);
     if (isFolder) contents.subfolders.push_back(entry.name);
   }

@@ -1,6 +1,7 @@
 // Reads all folders of a tree, one after the other.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,8 +29,11 @@ class TreeReader {
 // Reads a folder when it is asked for.
 class DirectTreeReader final : public TreeReader {
  public:
-  // See FileSystem::readTree. `files` must outlive the reader.
-  DirectTreeReader(FileSystem& files, std::string folder, bool entersHiddenSystemFolders);
+  // See FileSystem::readTree. `files` must outlive the reader. `isStopped` is asked after each entry; when it returns
+  // true, the rest of the folder is left out.
+  DirectTreeReader(
+      FileSystem& files, std::string folder, bool entersHiddenSystemFolders,
+      std::function<bool()> isStopped = [] { return false; });
 
   Step next(FolderContents& contents) override;
 
@@ -38,6 +42,7 @@ class DirectTreeReader final : public TreeReader {
 
   FileSystem& files_;
   bool entersHiddenSystemFolders_;
+  std::function<bool()> isStopped_;
   std::vector<std::string> waiting_;  // full paths; the last one is next
 };
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <deque>
 #include <utility>
 
@@ -14,12 +15,16 @@ constexpr DWORD kLongestWait = 10;            // milliseconds for one folder
 constexpr DWORD kLongestEnd = 100;            // milliseconds for the end of the thread
 constexpr std::size_t kMostEntries = 20'000;  // that wait to be used
 
+// Empty folders take room too.
+std::size_t weightOf(const FolderContents& contents) { return contents.entries.size() + 1; }
+
 }  // namespace
 
 // What both threads use; it lives until the later of them is done with it. Only `read` and what is below it are used by
 // both, under the lock.
 struct ReadAhead::Shared {
-  Shared(const std::string& folder, bool entersHiddenSystemFolders) : tree(files, folder, entersHiddenSystemFolders) {
+  Shared(const std::string& folder, bool entersHiddenSystemFolders)
+      : tree(files, folder, entersHiddenSystemFolders, [this] { return isStopped.load(); }) {
     InitializeCriticalSection(&lock);
   }
   ~Shared() {
@@ -41,9 +46,9 @@ struct ReadAhead::Shared {
   HANDLE hasRoom = CreateEventA(nullptr, FALSE, FALSE, nullptr);
   CRITICAL_SECTION lock;
   std::deque<FolderContents> read;
-  std::size_t entries = 0;  // of `read`
+  std::size_t entries = 0;  // the weights of `read`
   bool isAtEnd = false;
-  bool isStopped = false;
+  std::atomic<bool> isStopped = false;
 };
 
 namespace {
@@ -85,7 +90,7 @@ bool ReadAhead::Shared::store(FolderContents&& contents) {
       const Locked locked(lock);
       if (isStopped) return false;
       if (read.empty() || entries < kMostEntries) {
-        entries += contents.entries.size();
+        entries += weightOf(contents);
         read.push_back(std::move(contents));
         break;
       }
@@ -98,6 +103,7 @@ bool ReadAhead::Shared::store(FolderContents&& contents) {
 
 ReadAhead::ReadAhead(const std::string& folder, bool entersHiddenSystemFolders)
     : shared_(std::make_shared<Shared>(folder, entersHiddenSystemFolders)) {
+  if (shared_->hasRead == nullptr || shared_->hasRoom == nullptr) return;
   auto argument = std::make_unique<std::shared_ptr<Shared>>(shared_);
   DWORD id = 0;
   thread_ = CreateThread(nullptr, 0, Shared::threadProcedure, argument.get(), 0, &id);
@@ -106,10 +112,7 @@ ReadAhead::ReadAhead(const std::string& folder, bool entersHiddenSystemFolders)
 
 ReadAhead::~ReadAhead() {
   if (thread_ == nullptr) return;
-  {
-    const Locked locked(shared_->lock);
-    shared_->isStopped = true;
-  }
+  shared_->isStopped = true;
   SetEvent(shared_->hasRoom);
   WaitForSingleObject(thread_, kLongestEnd);
   CloseHandle(thread_);
@@ -124,7 +127,7 @@ TreeReader::Step ReadAhead::next(FolderContents& contents) {
       if (!shared.read.empty()) {
         contents = std::move(shared.read.front());
         shared.read.pop_front();
-        shared.entries -= contents.entries.size();
+        shared.entries -= weightOf(contents);
         break;
       }
       if (shared.isAtEnd) return Step::kEnd;

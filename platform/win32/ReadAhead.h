@@ -24,7 +24,7 @@ class ReadAhead final : public TreeReader {
   struct Shared;
 
   std::shared_ptr<Shared> shared_;
-  void* thread_;  // null when the system has none to give: folders are then read when they are asked for
+  void* thread_ = nullptr;  // null when the system has none to give: folders are then read when they are asked for
 };
 
 }  // namespace platform::win32

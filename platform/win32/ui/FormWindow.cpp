@@ -193,12 +193,13 @@ void FormWindow::repaint() {
 
 void FormWindow::flush() {
   if (status_ != nullptr) status_->move();
-  if (!changed_) return;
+  // WM_DPICHANGED may arrive before the controls are there.
+  if (!changed_ || !keys_) return;
   form_.prepareToShow();
-  changed_ = false;
   if (rearrange_) rearrange();
   // The tooltip that it shows may be another one now.
   if (status_ != nullptr) status_->changed(controls::Change::kValue);
+  changed_ = false;
   keys_->beginChanges();
   for (const auto& [window, peer] : peers_) peer->flush();
   keys_->endChanges();

@@ -35,14 +35,16 @@ void StatusBarPeer::placed() {
 void StatusBarPeer::showValue() {
   const HDC target = GetDC(handle());
   const HGDIOBJ fontBefore = SelectObject(target, metrics().font());
+  if (bar_.moving() != showsMoving_) {
+    showsMoving_ = bar_.moving();
+    position_ = 0;
+    // The last part becomes one that the program draws, or one with a text again.
+    rightEdges_.clear();
+  }
   const bool isDivided = divide(paneWidths(target));
   shown_.resize(rightEdges_.size());
   setText(target, 0, bar_.text());
   for (std::size_t i = 0; i < bar_.panes().size(); ++i) setText(target, i + 1, bar_.panes()[i]);
-  if (bar_.moving() != showsMoving_) {
-    showsMoving_ = bar_.moving();
-    position_ = 0;
-  }
   if (showsMoving_ && isDivided) SendMessageA(handle(), SB_SETTEXTA, (rightEdges_.size() - 1) | SBT_OWNERDRAW, 0);
   SelectObject(target, fontBefore);
   ReleaseDC(handle(), target);
