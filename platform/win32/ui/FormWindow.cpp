@@ -206,9 +206,11 @@ void FormWindow::flush() {
   followFocus(false);
 }
 
-bool FormWindow::handleKey(const MSG& message) {
+bool FormWindow::handle(const MSG& message) {
   const bool ours = message.hwnd == handle_ || IsChild(handle_, message.hwnd);
-  if (!ours || !keys_->handle(message)) return false;
+  if (!ours) return false;
+  toolTips_.relay(message);
+  if (!keys_->handle(message)) return false;
   followFocus(true);
   return true;
 }

@@ -49,8 +49,8 @@ class FormWindow final : public controls::Peer {
   // Applies the changes of the form's controls to the native ones.
   void flush();
 
-  // Handles a navigation key; false when `message` is for another window or is no such key.
-  bool handleKey(const MSG& message);
+  // Handles a navigation key; false when `message` is for another window or is no such key, and is to be dispatched.
+  bool handle(const MSG& message);
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);

@@ -16,11 +16,16 @@ ToolTips::ToolTips(HWND owner)
 void ToolTips::add(HWND control) {
   TTTOOLINFOA tool = {};
   tool.cbSize = TTTOOLINFOA_V1_SIZE;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.uFlags = TTF_IDISHWND;
   tool.hwnd = owner_;
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = LPSTR_TEXTCALLBACKA;
   SendMessageA(handle_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::relay(MSG message) {
+  const bool isMouse = message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST;
+  if (isMouse) SendMessageA(handle_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
 }
 
 bool ToolTips::isTextRequest(const NMHDR& header, HWND& control) const {

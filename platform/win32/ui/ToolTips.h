@@ -14,6 +14,9 @@ class ToolTips {
 
   // Adds a tooltip for a child window of the owner. TTM_ADDTOOL.
   void add(HWND control);
+  // To be called with each message for such a child window before it is dispatched. A native tooltip that intercepted
+  // them itself (TTF_SUBCLASS) would slow down every message of every control. TTM_RELAYEVENT.
+  void relay(MSG message);
   // Whether `header` requests a text; `control` is then set to the window whose text it is.
   bool isTextRequest(const NMHDR& header, HWND& control) const;
   // Replies to such a request.

@@ -232,7 +232,7 @@ void Win32Ui::flush() {
 void Win32Ui::dispatch(tagMSG& message) {
   if (message.message == WM_QUIT) end();
   for (const std::unique_ptr<FormWindow>& window : windows_) {
-    if (window->handleKey(message)) return;
+    if (window->handle(message)) return;
   }
   TranslateMessage(&message);
   DispatchMessageA(&message);
