@@ -18,7 +18,6 @@ constexpr int kFocusInset = 2;  // pixels from the border or bevel to the focus 
 constexpr int kHotPercent = 20;
 constexpr int kPressedPercent = 40;
 
-constexpr int kHandPointer = 32649;  // IDC_HAND, from Windows 98 and 2000 on
 constexpr int kHelpPointer = 32651;  // IDC_HELP
 // The system's pointers (IDC_ARROW is 32512) by ButtonLook::MousePointer; 0 is that of the window.
 constexpr int kPointers[ButtonLook::kLastPointer + 1] = {0,     32512, 32515, 32513, 32512, 32646, 32643,        32645,

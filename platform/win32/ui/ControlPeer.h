@@ -12,6 +12,9 @@
 
 namespace platform::win32 {
 
+// IDC_HAND, from Windows 98 and 2000 on.
+inline constexpr int kHandPointer = 32649;
+
 // What a peer needs of the form's window.
 struct Host {
   HWND window;

@@ -5,7 +5,7 @@
 namespace platform::win32 {
 namespace {
 
-constexpr int kMargin = 4;  // dialog units right of the widest name
+constexpr int kRightMargin = 4;  // dialog units right of the widest name
 
 }  // namespace
 
@@ -45,7 +45,7 @@ void FileListPeer::showFiles() {
     SendMessageA(handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(file.c_str()));
     widest = std::max(widest, metrics().textWidth(file));
   }
-  SendMessageA(handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + metrics().pixelsX(kMargin)), 0);
+  SendMessageA(handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + metrics().pixelsX(kRightMargin)), 0);
   SendMessageA(handle(), WM_SETREDRAW, TRUE, 0);
   InvalidateRect(handle(), nullptr, TRUE);
 }

@@ -8,8 +8,7 @@ namespace {
 // The pictures are bitmap resources NAME.PERCENT: the control's name, and the size in percent of that for 96 dots per
 // inch.
 constexpr int kPercents[] = {200, 150, 100, 75};
-constexpr int kHandPointer = 32649;  // IDC_HAND, from Windows 98 and 2000 on
-constexpr int kFocusInset = 2;       // pixels
+constexpr int kPictureFocusInset = 2;  // pixels
 
 HBITMAP loadPicture(const std::string& name, int percent) {
   const std::string resource = name + "." + std::to_string(percent);
@@ -67,7 +66,7 @@ void PicturePeer::draw(const DRAWITEMSTRUCT& item) {
   FillRect(item.hDC, &room, GetSysColorBrush(COLOR_BTNFACE));
   if (bitmap_ != nullptr) drawBitmap(item.hDC, room);
   if ((item.itemState & ODS_FOCUS) == 0) return;
-  InflateRect(&room, -kFocusInset, -kFocusInset);
+  InflateRect(&room, -kPictureFocusInset, -kPictureFocusInset);
   DrawFocusRect(item.hDC, &room);
 }
 
