@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/TreeReader.h"
+
 namespace platform::memory {
 
 // --- Enumerations
@@ -58,6 +60,28 @@ bool MemoryFileSystem::readFolder(const std::string& folder, const std::function
     if (!visit(entry)) return false;
   }
   return true;
+}
+
+namespace {
+
+class HesitantReader final : public TreeReader {
+ public:
+  explicit HesitantReader(DirectTreeReader tree) : tree_(std::move(tree)) {}
+
+  Step next(FolderContents& contents) override {
+    hesitates_ = !hesitates_;
+    return hesitates_ ? Step::kNotYet : tree_.next(contents);
+  }
+
+ private:
+  DirectTreeReader tree_;
+  bool hesitates_ = true;
+};
+
+}  // namespace
+
+std::unique_ptr<TreeReader> MemoryFileSystem::readTree(const std::string& folder, bool entersHiddenSystemFolders) {
+  return std::make_unique<HesitantReader>(DirectTreeReader(*this, folder, entersHiddenSystemFolders));
 }
 
 // --- Attributes and lengths

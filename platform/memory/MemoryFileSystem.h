@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,8 @@ class MemoryFileSystem final : public FileSystem {
   bool findNextFile(Handle enumeration, FindRecord& record) override;
   bool findClose(Handle enumeration) override;
   bool readFolder(const std::string& folder, const std::function<bool(FolderEntry&)>& visit) override;
+  // Has every folder but the first ready only when it is asked for it the second time.
+  std::unique_ptr<TreeReader> readTree(const std::string& folder, bool entersHiddenSystemFolders) override;
   std::uint32_t getFileAttributes(const std::string& path) override;
   Result<std::uint64_t> fileSize(const std::string& path) override;
   bool anyFileMatches(const std::string& pattern, std::uint32_t mask) override;
